@@ -1,0 +1,49 @@
+#include "foundation/ini_files.h"
+
+#include "foundation/text.h"
+
+namespace ombrin {
+
+const IniDocument& IniFile::Document() {
+    const auto now = files.StampOf(path);
+    if (now == stamp && now) return document;
+    document = now ? IniDocument(files.Read(path)) : IniDocument();
+    stamp = now;
+    return document;
+}
+
+bool IniFile::SetValue(std::string_view section, std::string_view key, std::string_view value) {
+    bool held = false;
+    files.Update(path, readers, [&](const std::optional<std::string>& old) -> std::optional<std::string> {
+        IniDocument changed(old.value_or(""));
+        held = changed.SetValue(section, key, value);
+        return held ? std::optional(changed.Text()) : std::nullopt;
+    });
+    return held;
+}
+
+std::string IniFiles::PathOf(std::string_view name) const {
+    if (name.find_first_of("/\\") != std::string_view::npos) return std::string(name);
+    const std::string usual = Join(windowsDirectory, "/", name);
+    if (files.StampOf(usual)) return usual;
+    for (const std::string& other : files.NamesIn(windowsDirectory))
+        if (EqualIgnoringCase(other, name)) return Join(windowsDirectory, "/", other);
+    return usual;
+}
+
+IniFile& IniFiles::File(std::string_view name) {
+    const std::string path = PathOf(name);
+    return opened.try_emplace(path, files, path, Files::Readers::Everybody).first->second;
+}
+
+std::string IniFiles::Read(std::string_view file, std::string_view section, std::string_view key, std::size_t length) {
+    std::string value = File(file).Document().Value(section, key).value_or("");
+    if (value.size() > length) value.resize(length);
+    return value;
+}
+
+void IniFiles::Write(std::string_view file, std::string_view section, std::string_view key, std::string_view value) {
+    File(file).SetValue(section, key, value);
+}
+
+} // namespace ombrin

@@ -1,0 +1,196 @@
+#include "platform/posix/event_loop.h"
+
+#include "foundation/runtime_error.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <poll.h>
+#include <sys/epoll.h>
+#include <sys/eventfd.h>
+#include <sys/timerfd.h>
+#include <unistd.h>
+
+namespace ombrin {
+
+namespace {
+
+constexpr std::uint64_t kTimerId = 0, kWakerId = ~std::uint64_t{0};
+
+unsigned ToEpoll(EventLoop::Interest interest) {
+    const auto bits = static_cast<unsigned>(interest);
+    return ((bits & 1U) != 0 ? EPOLLIN | EPOLLRDHUP : 0U) | ((bits & 2U) != 0 ? EPOLLOUT : 0U);
+}
+
+void Add(int poller, int descriptor, unsigned events, std::uint64_t id) {
+    epoll_event event{};
+    event.events = events;
+    event.data.u64 = id;
+    if (epoll_ctl(poller, EPOLL_CTL_ADD, descriptor, &event) != 0)
+        throw RuntimeError(ErrorNumber::DeviceIo, "a descriptor cannot be watched");
+}
+
+int Checked(int descriptor) {
+    if (descriptor < 0) throw RuntimeError(ErrorNumber::DeviceIo, "no descriptor is left for the event loop");
+    return descriptor;
+}
+
+} // namespace
+
+EventLoop::Watch& EventLoop::Watch::operator=(Watch&& other) noexcept {
+    if (this != &other) {
+        Drop();
+        loop = other.loop;
+        id = other.id;
+        other.loop = nullptr;
+    }
+    return *this;
+}
+
+void EventLoop::Watch::Drop() {
+    if (loop == nullptr) return;
+    const auto found = loop->watches.find(id);
+    if (found != loop->watches.end()) {
+        epoll_ctl(loop->poller, EPOLL_CTL_DEL, found->second->descriptor, nullptr);
+        loop->watches.erase(found);
+    }
+    loop = nullptr;
+}
+
+void EventLoop::Watch::SetInterest(Interest interest) {
+    if (loop == nullptr) return;
+    Watched& watched = *loop->watches.at(id);
+    if (watched.interest == interest) return;
+    watched.interest = interest;
+    epoll_event event{};
+    event.events = ToEpoll(interest);
+    event.data.u64 = id;
+    epoll_ctl(loop->poller, EPOLL_CTL_MOD, watched.descriptor, &event);
+}
+
+EventLoop::EventLoop(const Clock& clock)
+    : clock(clock), poller(Checked(epoll_create1(EPOLL_CLOEXEC))),
+      timer(Checked(timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC))),
+      waker(Checked(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC))) {
+    Add(poller, timer, EPOLLIN, kTimerId);
+    Add(poller, waker, EPOLLIN, kWakerId);
+}
+
+EventLoop::~EventLoop() {
+    close(waker);
+    close(timer);
+    close(poller);
+}
+
+EventLoop::Watch EventLoop::OnReady(int descriptor, Interest interest, std::function<void()> callback) {
+    const std::uint64_t id = nextId++;
+    Add(poller, descriptor, ToEpoll(interest), id);
+    watches.emplace(id, std::make_shared<Watched>(Watched{descriptor, interest, std::move(callback)}));
+    return Watch(this, id);
+}
+
+void EventLoop::Post(std::function<void()> callback) {
+    posts.push_back(std::move(callback));
+    const std::uint64_t one = 1;
+    [[maybe_unused]] const auto written = write(waker, &one, sizeof one);
+}
+
+Alarms::Id EventLoop::At(TimePoint when, std::function<void()> callback) {
+    const Id id = nextId++;
+    alarms.emplace(std::pair(when, id), std::move(callback));
+    alarmTimes.emplace(id, when);
+    if (alarms.begin()->first.second == id) ArmTimer();
+    return id;
+}
+
+void EventLoop::Cancel(Id id) {
+    const auto found = alarmTimes.find(id);
+    if (found == alarmTimes.end()) return;
+    alarms.erase({found->second, id});
+    alarmTimes.erase(found);
+}
+
+TimePoint EventLoop::NextAlarm() const { return alarms.empty() ? TimePoint::max() : alarms.begin()->first.first; }
+
+/// Virtual time never arms it: there a due alarm follows from a step of the clock, which is a call.
+void EventLoop::ArmTimer() {
+    itimerspec spec{};
+    if (!alarms.empty() && !held) {
+        const auto left = std::max(Milliseconds(1), std::chrono::duration_cast<Milliseconds>(NextAlarm() - Now()));
+        spec.it_value.tv_sec = left.count() / 1000;
+        spec.it_value.tv_nsec = left.count() % 1000 * 1'000'000;
+    }
+    timerfd_settime(timer, 0, &spec, nullptr);
+}
+
+bool EventLoop::DispatchPost() {
+    if (posts.empty()) return false;
+    const auto callback = std::move(posts.front());
+    posts.pop_front();
+    callback();
+    return true;
+}
+
+bool EventLoop::DispatchAlarm() {
+    if (alarms.empty() || NextAlarm() > Now()) return false;
+    const auto due = alarms.begin();
+    alarmTimes.erase(due->first.second);
+    const auto callback = std::move(due->second);
+    alarms.erase(due);
+    ArmTimer();
+    callback();
+    return true;
+}
+
+bool EventLoop::DispatchReady() {
+    if (ready.empty()) {
+        std::array<epoll_event, 64> events{};
+        const int count = epoll_wait(poller, events.data(), static_cast<int>(events.size()), 0);
+        for (int i = 0; i < count; ++i) {
+            const std::uint64_t id = events[static_cast<std::size_t>(i)].data.u64;
+            std::uint64_t counter = 0;
+            if (id == kTimerId || id == kWakerId) {
+                [[maybe_unused]] const auto taken = read(id == kTimerId ? timer : waker, &counter, sizeof counter);
+                if (id == kTimerId) ArmTimer();
+            } else {
+                ready.push_back(id);
+            }
+        }
+    }
+    while (!ready.empty()) {
+        const std::uint64_t id = ready.front();
+        ready.pop_front();
+        const auto found = watches.find(id);
+        if (found == watches.end()) continue; // dropped since the look
+        const auto watched = found->second;   // lives through its own callback
+        watched->callback();
+        return true;
+    }
+    return false;
+}
+
+bool EventLoop::DispatchOne() {
+    if (DispatchPost()) return true;
+    if (held) return false;
+    return DispatchAlarm() || DispatchReady();
+}
+
+void EventLoop::Hold(bool hold) {
+    if (held == hold) return;
+    held = hold;
+    ArmTimer();
+}
+
+void EventLoop::Wait(int other, Milliseconds limit) {
+    if (!posts.empty()) return;
+    if (!held) {
+        if (!ready.empty()) return;
+        if (!alarms.empty())
+            limit = std::min(limit, std::max(Milliseconds(0), std::chrono::ceil<Milliseconds>(NextAlarm() - Now())));
+    }
+    std::array<pollfd, 2> looked{pollfd{held ? waker : poller, POLLIN, 0}, pollfd{other, POLLIN, 0}};
+    const int time = limit > Milliseconds(INT32_MAX) ? -1 : static_cast<int>(limit.count());
+    poll(looked.data(), looked.size(), time);
+}
+
+} // namespace ombrin

@@ -1,0 +1,112 @@
+#include "platform/posix/posix_desktop.h"
+
+#include "foundation/runtime_error.h"
+#include "platform/posix/descriptor.h"
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+
+extern char** environ;
+
+namespace ombrin {
+
+namespace {
+
+constexpr Milliseconds kLongestSound{5000}, kSlice{20};
+
+bool IsOnPath(const std::string& program) {
+    const char* path = std::getenv("PATH");
+    std::string folders = path != nullptr ? path : "/usr/bin:/bin";
+    for (std::size_t start = 0; start <= folders.size();) {
+        const std::size_t end = std::min(folders.find(':', start), folders.size());
+        if (access((folders.substr(start, end - start) + "/" + program).c_str(), X_OK) == 0) return true;
+        start = end + 1;
+    }
+    return false;
+}
+
+/// The first program of the list that this machine has.
+template <std::size_t N>
+std::string FirstPresent(const std::array<const char*, N>& programs) {
+    for (const char* program : programs)
+        if (IsOnPath(program)) return program;
+    return {};
+}
+
+/// Children that have ended leave nothing behind.
+void Reap(int process) {
+    if (process > 0) waitpid(process, nullptr, WNOHANG);
+}
+
+} // namespace
+
+int StartProgram(const std::vector<std::string>& arguments, std::string_view input, const std::string& directory) {
+    std::vector<char*> list;
+    for (const std::string& argument : arguments) list.push_back(const_cast<char*>(argument.c_str()));
+    list.push_back(nullptr);
+    std::array<int, 2> ends{};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0) return -1;
+    const Descriptor readEnd(ends[0]), writeEnd(ends[1]);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, readEnd.Number(), STDIN_FILENO);
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    if (!directory.empty()) posix_spawn_file_actions_addchdir_np(&actions, directory.c_str());
+    pid_t process = -1;
+    const int problem = posix_spawnp(&process, list[0], &actions, nullptr, list.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    if (problem != 0) return -1;
+    // Short inputs only: they fit the pipe, so the write never waits for the program.
+    fcntl(writeEnd.Number(), F_SETFL, O_NONBLOCK);
+    if (!input.empty() && write(writeEnd.Number(), input.data(), input.size()) < 0) return -1;
+    return process;
+}
+
+void PosixSound::Play(std::string_view name) {
+    if (name.empty()) return;
+    const std::string base = page.ToUtf8(name);
+    if (base.find('/') != std::string::npos || base.find('\\') != std::string::npos) return;
+    std::string file = folder + "/" + base;
+    struct stat info {};
+    if (stat(file.c_str(), &info) != 0) file += ".wav";
+    if (stat(file.c_str(), &info) != 0) return;
+    const std::string player = FirstPresent(std::array{"pw-play", "paplay", "aplay"});
+    if (player.empty()) return;
+    const int process = StartProgram({player, file}, {}, {});
+    Milliseconds waited{0};
+    while (process > 0 && waitpid(process, nullptr, WNOHANG) == 0) {
+        if (waited >= kLongestSound) {
+            kill(process, SIGTERM);
+            waitpid(process, nullptr, 0);
+            return;
+        }
+        waiter.Block(kSlice);
+        waited += kSlice;
+    }
+}
+
+void PosixClipboard::SetText(std::string_view text) {
+    const std::string program = FirstPresent(std::array{"wl-copy", "xclip"});
+    if (program.empty()) throw RuntimeError(ErrorNumber::InvalidProcedureCall, "there is no clipboard");
+    std::vector<std::string> arguments{program};
+    if (program == "xclip") arguments.insert(arguments.end(), {"-selection", "clipboard"});
+    Reap(StartProgram(arguments, page.ToUtf8(text), {}));
+}
+
+int PosixOpener::Open(std::string_view target, std::string_view workingDirectory) {
+    constexpr int kNotFound = 2, kOpened = 33;
+    if (target.empty() || target.front() == '-' || target.find('\0') != std::string_view::npos) return kNotFound;
+    const int process = StartProgram({"xdg-open", page.ToUtf8(target)}, {}, page.ToUtf8(workingDirectory));
+    if (process < 0) return kNotFound;
+    Reap(process);
+    return kOpened;
+}
+
+} // namespace ombrin

@@ -1,0 +1,50 @@
+// The desktop's services without a toolkit, by the small programs that every desktop has for them.
+#pragma once
+
+#include "foundation/code_page.h"
+#include "platform/desktop.h"
+#include "platform/waiter.h"
+
+#include <string>
+#include <vector>
+
+namespace ombrin {
+
+/// Starts a program found on the PATH with an argument list; no shell. `input` goes to its standard input. Answers the
+/// process id, or -1 when there is no such program.
+int StartProgram(const std::vector<std::string>& arguments, std::string_view input, const std::string& directory);
+
+/// Looks for the file in the sound folder, with and without ".wav"; plays by pw-play, paplay or aplay.
+class PosixSound : public Sound {
+public:
+    PosixSound(std::string soundFolder, const CodePage& page, Waiter& waiter)
+        : folder(std::move(soundFolder)), page(page), waiter(waiter) {}
+    void Play(std::string_view name) override;
+
+private:
+    std::string folder; ///< as the system takes it
+    const CodePage& page;
+    Waiter& waiter;
+};
+
+/// By wl-copy or xclip.
+class PosixClipboard : public Clipboard {
+public:
+    explicit PosixClipboard(const CodePage& page) : page(page) {}
+    void SetText(std::string_view text) override;
+
+private:
+    const CodePage& page;
+};
+
+/// By xdg-open.
+class PosixOpener : public TargetOpener {
+public:
+    explicit PosixOpener(const CodePage& page) : page(page) {}
+    int Open(std::string_view target, std::string_view workingDirectory) override;
+
+private:
+    const CodePage& page;
+};
+
+} // namespace ombrin

@@ -1,0 +1,17 @@
+// How a host waits. The core calls it; the host runs its loop meanwhile.
+#pragma once
+
+#include "foundation/clock.h"
+
+namespace ombrin {
+
+class Waiter {
+public:
+    virtual ~Waiter() = default;
+    /// Dispatches events and input, nested in the caller, and looks at `ended` after each.
+    virtual void RunUntil(const bool& ended) = 0;
+    /// A blocking wait: paints, but reads no socket, runs no timer and drops input. Virtual time: returns at once.
+    virtual void Block(Milliseconds length) = 0;
+};
+
+} // namespace ombrin
