@@ -60,7 +60,7 @@ IniDocument::IniDocument(std::string_view text) {
     while (!text.empty()) {
         const std::size_t end = text.find('\n');
         std::string_view line = text.substr(0, end);
-        if (line.ends_with('\r')) line.remove_suffix(1);
+        line = line.substr(0, line.find_last_not_of('\r') + 1); // one at a time would lose one at each writing
         lines.push_back({std::string(line)});
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
     }

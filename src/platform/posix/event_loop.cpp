@@ -15,14 +15,12 @@ namespace ombrin {
 
 namespace {
 
-constexpr std::uint64_t kTimerId = 0, kWakerId = ~std::uint64_t{0};
-
 unsigned ToEpoll(EventLoop::Interest interest) {
     const auto bits = static_cast<unsigned>(interest);
     return ((bits & 1U) != 0 ? EPOLLIN | EPOLLRDHUP : 0U) | ((bits & 2U) != 0 ? EPOLLOUT : 0U);
 }
 
-void Add(int poller, int descriptor, unsigned events, std::uint64_t id) {
+void Add(int poller, int descriptor, unsigned events, std::uint64_t id = 0) {
     epoll_event event{};
     event.events = events;
     event.data.u64 = id;
@@ -33,6 +31,12 @@ void Add(int poller, int descriptor, unsigned events, std::uint64_t id) {
 int Checked(int descriptor) {
     if (descriptor < 0) throw RuntimeError(ErrorNumber::DeviceIo, "no descriptor is left for the event loop");
     return descriptor;
+}
+
+/// Takes what makes a timer or a waker readable; false when it was not.
+bool Drain(int counter) {
+    std::uint64_t count = 0;
+    return read(counter, &count, sizeof count) > 0;
 }
 
 } // namespace
@@ -51,7 +55,7 @@ void EventLoop::Watch::Drop() {
     if (loop == nullptr) return;
     const auto found = loop->watches.find(id);
     if (found != loop->watches.end()) {
-        epoll_ctl(loop->poller, EPOLL_CTL_DEL, found->second->descriptor, nullptr);
+        epoll_ctl(loop->watchPoller, EPOLL_CTL_DEL, found->second->descriptor, nullptr);
         loop->watches.erase(found);
     }
     loop = nullptr;
@@ -65,28 +69,38 @@ void EventLoop::Watch::SetInterest(Interest interest) {
     epoll_event event{};
     event.events = ToEpoll(interest);
     event.data.u64 = id;
-    epoll_ctl(loop->poller, EPOLL_CTL_MOD, watched.descriptor, &event);
+    epoll_ctl(loop->watchPoller, EPOLL_CTL_MOD, watched.descriptor, &event);
 }
 
 EventLoop::EventLoop(const Clock& clock)
-    : clock(clock), poller(Checked(epoll_create1(EPOLL_CLOEXEC))),
+    : clock(clock), poller(Checked(epoll_create1(EPOLL_CLOEXEC))), watchPoller(Checked(epoll_create1(EPOLL_CLOEXEC))),
       timer(Checked(timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC))),
       waker(Checked(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC))) {
-    Add(poller, timer, EPOLLIN, kTimerId);
-    Add(poller, waker, EPOLLIN, kWakerId);
+    Add(poller, timer, EPOLLIN);
+    Add(poller, waker, EPOLLIN);
+    Add(poller, watchPoller, EPOLLIN);
 }
 
 EventLoop::~EventLoop() {
     close(waker);
     close(timer);
+    close(watchPoller);
     close(poller);
 }
 
-EventLoop::Watch EventLoop::OnReady(int descriptor, Interest interest, std::function<void()> callback) {
+EventLoop::Watch EventLoop::AddWatch(int toPoller, int descriptor, Interest interest, std::function<void()> callback) {
     const std::uint64_t id = nextId++;
-    Add(poller, descriptor, ToEpoll(interest), id);
-    watches.emplace(id, std::make_shared<Watched>(Watched{descriptor, interest, std::move(callback)}));
+    Add(toPoller, descriptor, ToEpoll(interest), id);
+    watches.emplace(id, std::make_shared<Watched>(Watched{toPoller, descriptor, interest, std::move(callback)}));
     return Watch(this, id);
+}
+
+EventLoop::Watch EventLoop::OnReady(int descriptor, Interest interest, std::function<void()> callback) {
+    return AddWatch(poller, descriptor, interest, std::move(callback));
+}
+
+EventLoop::Watch EventLoop::OnUrgent(int descriptor, std::function<void()> callback) {
+    return AddWatch(urgentPoller, descriptor, Interest::Read, std::move(callback));
 }
 
 void EventLoop::Post(std::function<void()> callback) {
@@ -127,6 +141,7 @@ bool EventLoop::DispatchPost() {
     if (posts.empty()) return false;
     const auto callback = std::move(posts.front());
     posts.pop_front();
+    if (posts.empty()) Drain(waker);
     callback();
     return true;
 }
@@ -142,21 +157,25 @@ bool EventLoop::DispatchAlarm() {
     return true;
 }
 
-bool EventLoop::DispatchReady() {
-    if (ready.empty()) {
-        std::array<epoll_event, 64> events{};
-        const int count = epoll_wait(poller, events.data(), static_cast<int>(events.size()), 0);
-        for (int i = 0; i < count; ++i) {
-            const std::uint64_t id = events[static_cast<std::size_t>(i)].data.u64;
-            std::uint64_t counter = 0;
-            if (id == kTimerId || id == kWakerId) {
-                [[maybe_unused]] const auto taken = read(id == kTimerId ? timer : waker, &counter, sizeof counter);
-                if (id == kTimerId) ArmTimer();
-            } else {
-                ready.push_back(id);
-            }
+void EventLoop::Look(int atPoller) {
+    std::array<epoll_event, 64> events{};
+    const int count = epoll_wait(atPoller, events.data(), static_cast<int>(events.size()), 0);
+    for (int i = 0; i < count; ++i) {
+        const std::uint64_t id = events[static_cast<std::size_t>(i)].data.u64;
+        std::uint64_t counter = 0;
+        if (id == kUrgentId) {
+            Look(urgentPoller);
+        } else if (id == kTimerId || id == kWakerId) {
+            [[maybe_unused]] const auto taken = read(id == kTimerId ? timer : waker, &counter, sizeof counter);
+            if (id == kTimerId) ArmTimer();
+        } else {
+            ready.push_back(id);
         }
     }
+}
+
+bool EventLoop::DispatchReady() {
+    if (ready.empty()) Look(held ? urgentPoller : poller);
     while (!ready.empty()) {
         const std::uint64_t id = ready.front();
         ready.pop_front();
@@ -171,13 +190,16 @@ bool EventLoop::DispatchReady() {
 
 bool EventLoop::DispatchOne() {
     if (DispatchPost()) return true;
-    if (held) return false;
-    return DispatchAlarm() || DispatchReady();
+    return (!held && DispatchAlarm()) || DispatchReady();
 }
 
 void EventLoop::Hold(bool hold) {
     if (held == hold) return;
     held = hold;
+    if (held)
+        epoll_ctl(poller, EPOLL_CTL_DEL, watchPoller, nullptr);
+    else
+        Add(poller, watchPoller, EPOLLIN);
     ArmTimer();
 }
 
@@ -188,7 +210,7 @@ void EventLoop::Wait(int other, Milliseconds limit) {
         if (!alarms.empty())
             limit = std::min(limit, std::max(Milliseconds(0), std::chrono::ceil<Milliseconds>(NextAlarm() - Now())));
     }
-    std::array<pollfd, 2> looked{pollfd{held ? waker : poller, POLLIN, 0}, pollfd{other, POLLIN, 0}};
+    std::array<pollfd, 2> looked{pollfd{poller, POLLIN, 0}, pollfd{other, POLLIN, 0}};
     const int time = limit > Milliseconds(INT32_MAX) ? -1 : static_cast<int>(limit.count());
     poll(looked.data(), looked.size(), time);
 }

@@ -44,6 +44,8 @@ public:
     EventLoop& operator=(const EventLoop&) = delete;
 
     Watch OnReady(int descriptor, Interest interest, std::function<void()> callback);
+    /// Read interest that runs also while the loop is held: the way of signals.
+    Watch OnUrgent(int descriptor, std::function<void()> callback);
     void Post(std::function<void()> callback);
 
     TimePoint Now() const override { return clock.Now(); }
@@ -52,19 +54,20 @@ public:
 
     /// Runs at most one callback: a post, a due alarm or a ready descriptor. False when there was none.
     bool DispatchOne();
-    /// While held, only posts run: no socket is read and no timer fires.
+    /// While held, only posts and what is urgent run: no socket is read and no timer fires.
     void Hold(bool held);
 
     /// Sleeps until something may be due: a descriptor (also `other`, -1 for none), the next alarm, or `limit`.
     void Wait(int other, Milliseconds limit);
     /// When the next alarm falls due, or TimePoint::max().
     TimePoint NextAlarm() const;
-    /// epoll descriptor, for a toolkit; alarms keep it readable through a timer descriptor.
+    /// epoll descriptor, for a toolkit; alarms keep it readable through a timer descriptor. While held it tells of
+    /// posts alone, so that a toolkit does not spin on a socket that may not be read.
     int Descriptor() const { return poller; }
 
 private:
     struct Watched {
-        int descriptor;
+        int poller, descriptor;
         Interest interest;
         std::function<void()> callback;
     };
@@ -72,10 +75,13 @@ private:
     bool DispatchPost();
     bool DispatchAlarm();
     bool DispatchReady();
+    Watch AddWatch(int toPoller, int descriptor, Interest interest, std::function<void()> callback);
+    void Look(int atPoller);
     void ArmTimer();
 
     const Clock& clock;
-    int poller;
+    int poller;      ///< timer, waker and, unless held, watchPoller
+    int watchPoller; ///< the watched descriptors
     int timer;
     int waker;
     bool held = false;

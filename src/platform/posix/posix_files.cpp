@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <dirent.h>
 #include <fcntl.h>
+#include <filesystem>
 #include <memory>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -20,11 +21,19 @@ namespace {
 
 constexpr mode_t kForEverybody = 0644, kForUserOnly = 0600;
 
+std::string FolderOf(const std::string& native) {
+    const std::size_t slash = native.rfind('/');
+    return slash == std::string::npos ? "." : slash == 0 ? "/" : native.substr(0, slash);
+}
+
+std::string NameOf(const std::string& native) { return native.substr(native.rfind('/') + 1); }
+
 [[noreturn]] void Raise(const std::string& path) {
     const int problem = errno;
     ErrorNumber number = ErrorNumber::DeviceIo;
     if (problem == ENOENT) number = ErrorNumber::FileNotFound;
-    if (problem == ENOTDIR) number = ErrorNumber::PathNotFound;
+    if (problem == ENOTDIR || (problem == ENOENT && access(FolderOf(path).c_str(), F_OK) != 0))
+        number = ErrorNumber::PathNotFound;
     if (problem == EACCES || problem == EPERM || problem == EROFS || problem == EISDIR)
         number = ErrorNumber::PathAccess;
     if (problem == ENOSPC || problem == EDQUOT) number = ErrorNumber::DiskFull;
@@ -58,17 +67,14 @@ std::string ReadAll(int descriptor, const std::string& path) {
     return bytes;
 }
 
-std::string FolderOf(const std::string& native) {
-    const std::size_t slash = native.rfind('/');
-    return slash == std::string::npos ? "." : slash == 0 ? "/" : native.substr(0, slash);
-}
-
-std::string NameOf(const std::string& native) { return native.substr(native.rfind('/') + 1); }
-
-/// Where a link leads, so that the swap replaces the file and not the link.
+/// Where a link leads, so that the swap replaces the file and not the link; its target need not be there yet.
 std::string Resolved(const std::string& native) {
-    const std::unique_ptr<char, decltype(&std::free)> target(realpath(native.c_str(), nullptr), &std::free);
-    return target ? std::string(target.get()) : native;
+    constexpr int kLinks = 40; // as many as the system follows
+    std::filesystem::path path = native;
+    std::error_code none;
+    for (int i = 0; i < kLinks && std::filesystem::is_symlink(path, none); ++i)
+        path = path.parent_path() / std::filesystem::read_symlink(path, none);
+    return path.string();
 }
 
 std::string LockPath(const std::string& native) { return FolderOf(native) + "/." + NameOf(native) + ".lock"; }
@@ -82,10 +88,12 @@ Descriptor Locked(const std::string& native, mode_t mode) {
     return lock;
 }
 
-/// The new content under another name in the same folder, on the disk, and then in place in one step.
+/// The new content under another name in the same folder, on the disk, and then in place in one step. The lock makes
+/// the other name ours: what lies there was left by a client that was killed.
 void Swap(const std::string& native, std::string_view bytes, mode_t mode) {
-    std::string aside = FolderOf(native) + "/." + NameOf(native) + ".XXXXXX";
-    Descriptor file(mkostemp(aside.data(), O_CLOEXEC));
+    const std::string aside = FolderOf(native) + "/." + NameOf(native) + ".new";
+    unlink(aside.c_str());
+    Descriptor file(open(aside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kForUserOnly));
     if (!file) Raise(native);
     try {
         if (fchmod(file.Number(), mode) != 0) Raise(native);
@@ -162,8 +170,10 @@ std::vector<std::string> PosixFiles::NamesIn(const std::string& folder) const {
     const auto closeIt = [](DIR* opened) { closedir(opened); };
     const std::unique_ptr<DIR, decltype(closeIt)> directory(opendir(Native(folder).c_str()), closeIt);
     if (!directory) return names;
-    while (const dirent* entry = readdir(directory.get()))
-        if (const auto name = page.FromUtf8(static_cast<const char*>(entry->d_name))) names.push_back(*name);
+    while (const dirent* entry = readdir(directory.get())) {
+        const auto name = page.FromUtf8(static_cast<const char*>(entry->d_name));
+        if (name && *name != "." && *name != "..") names.push_back(*name);
+    }
     return names;
 }
 

@@ -66,7 +66,12 @@ public:
     }
 
     void Connect() override {
+        constexpr int kLastPort = 65535;
+        const int wanted = LocalPort;
         Close();
+        if (RemotePort < 0 || RemotePort > kLastPort || wanted < 0 || wanted > kLastPort)
+            throw RuntimeError(ErrorNumber::InvalidProcedureCall, "there is no such port");
+        bindPort = wanted;
         failure = ConnectFailure::UnknownHost;
         candidates = LiteralAddresses(RemoteHost, RemotePort);
         if (!candidates.empty()) {
@@ -113,6 +118,20 @@ private:
         return address;
     }
 
+    bool Bind(int family) {
+        SocketAddress any;
+        any.storage.ss_family = static_cast<sa_family_t>(family);
+        const in_port_t port = htons(static_cast<in_port_t>(bindPort));
+        if (family == AF_INET6) {
+            reinterpret_cast<sockaddr_in6*>(&any.storage)->sin6_port = port;
+            any.length = sizeof(sockaddr_in6);
+        } else {
+            reinterpret_cast<sockaddr_in*>(&any.storage)->sin_port = port;
+            any.length = sizeof(sockaddr_in);
+        }
+        return bind(descriptor.Number(), reinterpret_cast<const sockaddr*>(&any.storage), any.length) == 0;
+    }
+
     /// Starts on the next candidate; the system's error number when it cannot be started at all.
     int ConnectNext() {
         const SocketAddress address = candidates.front();
@@ -123,6 +142,7 @@ private:
         const int on = 1;
         setsockopt(descriptor.Number(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
         setsockopt(descriptor.Number(), SOL_SOCKET, SO_KEEPALIVE, &on, sizeof on);
+        if (bindPort != 0 && !Bind(address.Family())) return errno;
         int problem = 0;
         if (connect(descriptor.Number(), reinterpret_cast<const sockaddr*>(&address.storage), address.length) != 0)
             problem = errno;
@@ -210,6 +230,7 @@ private:
     Alarms::Id early = Alarms::kNone; ///< tells of a refusal that was known at once
     SocketState state = SocketState::Closed;
     std::vector<SocketAddress> candidates; ///< not yet tried
+    int bindPort = 0;                      ///< the local port that was asked for, 0 for any
     ConnectFailure failure = ConnectFailure::None;
     std::string outgoing, received;
 };

@@ -9,6 +9,7 @@ public:
     TellingSocket(TellingNetwork& network, std::string name, Events given)
         : network(network), name(std::move(name)), events(std::move(given)) {
         inner = network.real.MakeSocket(this->name, {[this] {
+                                                         LocalPort = inner->LocalPort;
                                                          Told("connected");
                                                          events.connected();
                                                      },
@@ -41,7 +42,10 @@ public:
         LocalPort = inner->LocalPort;
     }
 
-    void Close() override { inner->Close(); }
+    void Close() override {
+        inner->Close();
+        LocalPort = 0;
+    }
 
     void SendData(std::string_view data) override {
         inner->SendData(data);

@@ -1,0 +1,51 @@
+#include "controls/list_models.h"
+
+namespace ombrin {
+
+void ListBox::Clear() {
+    rows.Clear();
+    selected = {};
+    Changed();
+}
+
+void ListBox::Select(RowId row, bool on) {
+    if (!form.several) {
+        if (rows.Has(selected) && !(selected == row)) rows.SetSelected(selected, false);
+        selected = on ? row : RowId{};
+    }
+    rows.SetSelected(row, on);
+}
+
+RowId ListView::Add(std::string_view text) {
+    const RowId row = rows.Append(text);
+    if (rows.Count() == 1) Select(row);
+    return row;
+}
+
+void ListView::Remove(RowId row) {
+    if (!(row == selected)) return rows.Remove(row);
+    const std::size_t position = rows.PositionOf(row);
+    rows.Remove(row);
+    selected = {};
+    if (rows.Count() > 0) Select(rows.At(std::min(position, rows.Count() - 1)));
+}
+
+void ListView::Clear() {
+    rows.Clear();
+    selected = {};
+    Changed();
+}
+
+void ListView::Select(RowId row) {
+    if (rows.Has(selected)) rows.SetSelected(selected, false);
+    selected = row;
+    rows.SetSelected(row, true);
+}
+
+void ListView::SetHeader(std::size_t column, std::string_view text) {
+    if (column < 1 || column > headers.size()) return;
+    headers[column - 1] = text;
+    Changed();
+}
+
+} // namespace ombrin

@@ -1,0 +1,82 @@
+#include "controls/modal_stack.h"
+
+#include "foundation/runtime_error.h"
+
+#include <algorithm>
+
+namespace ombrin {
+
+namespace {
+
+/// A box is no form of the client's own: what lies below it stays the active form.
+bool TakesTheActivation(const Form& form) { return form.KindOfForm() == FormKind::Form; }
+
+void Run(const std::function<void()>& handler) {
+    if (handler) handler();
+}
+
+} // namespace
+
+void Form::EnsureLoaded() {
+    if (loaded) return;
+    loaded = true;
+    Run(Load);
+}
+
+void Form::ShowModal() { stack.ShowModal(*this); }
+
+void Form::Hide() { stack.Hide(*this); }
+
+ModalStack::Frame::Frame(ModalStack& stack, Form& form) : stack(stack), form(form) { stack.frames.push_back(this); }
+
+ModalStack::Frame::~Frame() {
+    stack.frames.pop_back();
+    // Only an exception and the program's end leave the wait with the form still up.
+    if (form.visible && (!ended || stack.ending)) stack.TakeAway(form);
+    stack.UpdateHold();
+}
+
+void ModalStack::ShowModal(Form& form) {
+    if (ending) throw ProgramEnding{};
+    if (form.visible) throw RuntimeError(ErrorNumber::FormAlreadyShown);
+    form.EnsureLoaded();
+    if (ending) throw ProgramEnding{}; // loading may have waited
+    if (form.visible) throw RuntimeError(ErrorNumber::FormAlreadyShown);
+
+    Form* const below = Top();
+    const Frame frame(*this, form);
+    if (TakesTheActivation(form) && below != nullptr) Run(below->Deactivate);
+    form.visible = true;
+    visible.push_back(&form);
+    UpdateHold();
+    if (observer != nullptr) observer->FormShown(form);
+    if (form.Focus() == nullptr && form.Default != nullptr) form.Default->SetFocus();
+    Run(form.Activate);
+    waiter.RunUntil(frame.ended);
+    if (ending) throw ProgramEnding{};
+}
+
+void ModalStack::TakeAway(Form& form) {
+    form.visible = false;
+    visible.erase(std::find(visible.begin(), visible.end(), &form));
+    UpdateHold();
+    if (observer != nullptr) observer->FormHidden(form);
+}
+
+void ModalStack::Hide(Form& form) {
+    if (!form.visible) return;
+    const bool wasOnTop = Top() == &form;
+    TakeAway(form);
+    for (Frame* frame : frames)
+        if (&frame->form == &form) frame->ended = true;
+    if (ending || !TakesTheActivation(form)) return;
+    Run(form.Deactivate);
+    if (wasOnTop && Top() != nullptr && TakesTheActivation(*Top())) Run(Top()->Activate);
+}
+
+void ModalStack::RequestEnd() {
+    ending = true;
+    for (Frame* frame : frames) frame->ended = true;
+}
+
+} // namespace ombrin

@@ -1,0 +1,259 @@
+#include "controls/row_list.h"
+
+#include "foundation/runtime_error.h"
+#include "foundation/text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace ombrin {
+
+namespace {
+
+constexpr std::size_t kChunkSize = 512; ///< rows; a full piece is cut in two
+constexpr std::uint32_t kNoSlot = RowId::kNoSlot;
+
+std::uint32_t HashOf(std::string_view key) { return static_cast<std::uint32_t>(std::hash<std::string_view>{}(key)); }
+
+} // namespace
+
+RowList::RowList(KeyOf keyOf) : keyOf(keyOf) {}
+
+RowList::~RowList() = default;
+
+bool RowList::Has(RowId row) const {
+    return row.slot < rows.size() && rows[row.slot].alive && rows[row.slot].generation == row.generation;
+}
+
+const RowList::Row& RowList::Of(RowId row) const {
+    if (!Has(row)) throw RuntimeError(ErrorNumber::InvalidProcedureCall, "no such row");
+    return rows[row.slot];
+}
+
+RowList::Row& RowList::Of(RowId row) { return const_cast<Row&>(std::as_const(*this).Of(row)); }
+
+const RowList::More& RowList::Extra(RowId row) const {
+    static const More kNothing;
+    const Row& found = Of(row);
+    return found.more ? *found.more : kNothing;
+}
+
+RowList::More& RowList::ExtraOf(RowId row) {
+    Row& found = Of(row);
+    if (!found.more) found.more = std::make_unique<More>();
+    return *found.more;
+}
+
+RowId RowList::At(std::size_t position) const {
+    for (const auto& chunk : chunks) {
+        if (position < chunk->slots.size()) return IdOf(chunk->slots[position]);
+        position -= chunk->slots.size();
+    }
+    return {};
+}
+
+std::size_t RowList::PositionOf(RowId row) const {
+    const Chunk* own = Of(row).chunk;
+    std::size_t before = 0;
+    for (const auto& chunk : chunks) {
+        if (chunk.get() == own) break;
+        before += chunk->slots.size();
+    }
+    const auto at = std::find(own->slots.begin(), own->slots.end(), row.slot);
+    return before + static_cast<std::size_t>(at - own->slots.begin());
+}
+
+RowId RowList::Find(std::string_view key) const {
+    if (buckets.empty()) return {};
+    const std::uint32_t hash = HashOf(key);
+    for (std::uint32_t slot = buckets[hash & (buckets.size() - 1)].first; slot != kNoSlot; slot = rows[slot].next)
+        if (rows[slot].hash == hash && keyOf(rows[slot].text) == key) return IdOf(slot);
+    return {};
+}
+
+/// Into its bucket's chain, which is in the order of the sequence numbers.
+void RowList::Index(std::uint32_t slot) {
+    Row& row = rows[slot];
+    row.hash = HashOf(keyOf(row.text));
+    Bucket& bucket = buckets[row.hash & (buckets.size() - 1)];
+    std::uint32_t behind = bucket.last;
+    while (behind != kNoSlot && rows[behind].sequence > row.sequence) behind = rows[behind].previous;
+    row.previous = behind;
+    row.next = behind == kNoSlot ? bucket.first : rows[behind].next;
+    (behind == kNoSlot ? bucket.first : rows[behind].next) = slot;
+    (row.next == kNoSlot ? bucket.last : rows[row.next].previous) = slot;
+}
+
+void RowList::Unindex(std::uint32_t slot) {
+    const Row& row = rows[slot];
+    Bucket& bucket = buckets[row.hash & (buckets.size() - 1)];
+    (row.previous == kNoSlot ? bucket.first : rows[row.previous].next) = row.next;
+    (row.next == kNoSlot ? bucket.last : rows[row.next].previous) = row.previous;
+}
+
+void RowList::Rehash(std::size_t bucketCount) {
+    buckets.assign(bucketCount, {});
+    for (const auto& chunk : chunks)
+        for (const std::uint32_t slot : chunk->slots) Index(slot);
+}
+
+void RowList::Place(std::uint32_t slot, std::size_t position) {
+    if (chunks.empty()) chunks.push_back(std::make_unique<Chunk>());
+    std::size_t at = 0;
+    while (at + 1 < chunks.size() && position > chunks[at]->slots.size()) position -= chunks[at++]->slots.size();
+    if (chunks[at]->slots.size() == kChunkSize) {
+        const bool atEnd = at + 1 == chunks.size() && position == kChunkSize;
+        const std::size_t kept = atEnd ? kChunkSize : kChunkSize / 2; // a list that grows at its end fills its pieces
+        auto cut = std::make_unique<Chunk>();
+        auto& full = chunks[at]->slots;
+        cut->slots.assign(full.begin() + static_cast<std::ptrdiff_t>(kept), full.end());
+        full.resize(kept);
+        for (const std::uint32_t moved : cut->slots) rows[moved].chunk = cut.get();
+        chunks.insert(chunks.begin() + static_cast<std::ptrdiff_t>(at) + 1, std::move(cut));
+        if (position >= kept && (position > kept || atEnd)) {
+            position -= kept;
+            ++at;
+        }
+    }
+    auto& slots = chunks[at]->slots;
+    slots.insert(slots.begin() + static_cast<std::ptrdiff_t>(position), slot);
+    rows[slot].chunk = chunks[at].get();
+}
+
+RowId RowList::Insert(std::size_t position, std::string_view text) {
+    std::uint32_t slot = 0;
+    if (freeSlots.empty()) {
+        slot = static_cast<std::uint32_t>(rows.size());
+        rows.emplace_back();
+    } else {
+        slot = freeSlots.back();
+        freeSlots.pop_back();
+    }
+    Row& row = rows[slot];
+    row.text = text;
+    row.alive = true;
+    row.generation = nextGeneration++;
+    row.sequence = nextSequence++;
+    ++count;
+    Place(slot, position);
+    if (count > buckets.size())
+        Rehash(std::max<std::size_t>(16, buckets.size() * 2));
+    else
+        Index(slot);
+    Note(RowChange::What::Added, IdOf(slot), position);
+    return IdOf(slot);
+}
+
+RowId RowList::Append(std::string_view text) { return Insert(count, text); }
+
+RowId RowList::InsertSorted(std::string_view text) {
+    std::size_t first = 0, last = count;
+    while (first < last) {
+        const std::size_t middle = first + (last - first) / 2;
+        if (LessInSortedList(text, Text(At(middle))))
+            last = middle;
+        else
+            first = middle + 1;
+    }
+    return Insert(first, text);
+}
+
+void RowList::Remove(RowId id) {
+    Row& row = Of(id);
+    const std::size_t position = onChange ? PositionOf(id) : 0;
+    Unindex(id.slot);
+    auto& slots = row.chunk->slots;
+    slots.erase(std::find(slots.begin(), slots.end(), id.slot));
+    if (slots.empty())
+        chunks.erase(std::find_if(chunks.begin(), chunks.end(), [&](const auto& c) { return c.get() == row.chunk; }));
+    row = Row{};
+    freeSlots.push_back(id.slot);
+    --count;
+    Note(RowChange::What::Removed, id, position);
+}
+
+void RowList::Clear() {
+    if (count == 0) return;
+    rows.clear();
+    freeSlots.clear();
+    chunks.clear();
+    buckets.clear();
+    count = 0;
+    journal = {true, {}};
+    if (onChange) onChange();
+}
+
+void RowList::SetText(RowId id, std::string_view text) {
+    Row& row = Of(id);
+    if (row.text == text) return;
+    Unindex(id.slot);
+    row.text = text;
+    Index(id.slot);
+    Altered(id);
+}
+
+void RowList::SetImage(RowId row, int image) {
+    if (Of(row).image == image) return;
+    Of(row).image = static_cast<std::int16_t>(image);
+    Altered(row);
+}
+
+std::optional<Colour> RowList::RowColour(RowId row) const {
+    return Of(row).hasColour ? std::optional(Of(row).colour) : std::nullopt;
+}
+
+void RowList::SetRowColour(RowId row, Colour colour) {
+    if (RowColour(row) == colour) return;
+    Of(row).colour = colour;
+    Of(row).hasColour = true;
+    Altered(row);
+}
+
+void RowList::SetSelected(RowId row, bool on) {
+    if (Of(row).selected == on) return;
+    Of(row).selected = on;
+    Altered(row);
+}
+
+void RowList::SetTag(RowId row, std::string_view tag) { ExtraOf(row).tag = tag; }
+
+void RowList::SetTip(RowId row, std::string_view tip) {
+    ExtraOf(row).tip = tip;
+    Altered(row);
+}
+
+std::string RowList::SubItem(RowId row, std::size_t column) const {
+    const auto& items = Extra(row).subItems;
+    return column >= 1 && column <= items.size() ? items[column - 1] : std::string();
+}
+
+void RowList::SetSubItem(RowId row, std::size_t column, std::string_view text) {
+    auto& items = ExtraOf(row).subItems;
+    if (items.size() < column) items.resize(column);
+    items.at(column - 1) = text;
+    Altered(row);
+}
+
+void RowList::Journal(std::function<void()> changed) {
+    onChange = std::move(changed);
+    journal = {true, {}};
+}
+
+RowJournal RowList::TakeJournal() { return std::exchange(journal, {}); }
+
+void RowList::Altered(RowId row) {
+    if (onChange) Note(RowChange::What::Altered, row, PositionOf(row));
+}
+
+void RowList::Note(RowChange::What what, RowId row, std::size_t position) {
+    if (!onChange) return;
+    if (!journal.everything) {
+        if (journal.changes.size() == RowJournal::kBound)
+            journal = {true, {}};
+        else
+            journal.changes.push_back({what, row, position});
+    }
+    onChange();
+}
+
+} // namespace ombrin

@@ -1,0 +1,115 @@
+// The control models of one value: buttons, boxes to tick, labels, text boxes, bars.
+#pragma once
+
+#include "controls/control.h"
+
+namespace ombrin {
+
+class Captioned : public Control {
+public:
+    Captioned(Container& parent, ControlKind kind, std::string name, std::string caption)
+        : Control(parent, kind, std::move(name)), caption(std::move(caption)) {}
+    const std::string& Caption() const { return caption; }
+    void SetCaption(std::string_view text) { Set(caption, std::string(text)); }
+
+private:
+    std::string caption;
+};
+
+class Label : public Captioned {
+public:
+    Label(Container& parent, std::string name, std::string caption = "")
+        : Captioned(parent, ControlKind::Label, std::move(name), std::move(caption)) {}
+};
+
+class Button : public Captioned {
+public:
+    Button(Container& parent, std::string name, std::string caption = "")
+        : Captioned(parent, ControlKind::Button, std::move(name), std::move(caption)) {}
+    std::function<void()> Click;
+};
+
+class CheckBox : public Captioned {
+public:
+    CheckBox(Container& parent, std::string name, std::string caption)
+        : Captioned(parent, ControlKind::CheckBox, std::move(name), std::move(caption)) {}
+    bool On() const { return on; }
+    /// Runs Click when the value has changed, as for a person.
+    void SetOn(bool value) {
+        if (on == value) return;
+        Set(on, value);
+        if (Click) Click();
+    }
+    std::function<void()> Click;
+
+private:
+    bool on = false;
+};
+
+/// Of the option buttons of one container at most one is on.
+class OptionButton : public Captioned {
+public:
+    OptionButton(Container& parent, std::string name)
+        : Captioned(parent, ControlKind::OptionButton, std::move(name), "") {}
+    bool On() const { return on; }
+    void SetOn(bool value);
+    std::function<void()> Click;
+
+private:
+    bool on = false;
+};
+
+class Image : public Control {
+public:
+    Image(Container& parent, std::string name) : Control(parent, ControlKind::Image, std::move(name)) {}
+};
+
+class StatusBar : public Control {
+public:
+    StatusBar(Container& parent, std::string name) : Control(parent, ControlKind::StatusBar, std::move(name)) {}
+    const std::string& Text() const { return text; }
+    void SetText(std::string_view value) { Set(text, std::string(value)); }
+
+private:
+    std::string text;
+};
+
+class TextBox : public Control {
+public:
+    struct Form {
+        std::size_t maxLength = 0; ///< characters, 0 for no limit of its own
+        bool password = false;     ///< shown as "*"
+    };
+
+    TextBox(Container& parent, std::string name, Form form)
+        : Control(parent, ControlKind::TextBox, std::move(name)), form(form) {}
+
+    const std::string& Text() const { return text; }
+    /// By the client: nothing is cut, and the selection goes to the start.
+    void SetText(std::string_view value);
+    /// By a person: replaces the whole text; what is over the length is cut.
+    void Type(std::string_view value);
+    /// One character at the selection, which it replaces; 8 takes one away.
+    void TypeCharacter(char character);
+
+    std::size_t MaxLength() const { return form.maxLength; }
+    bool IsPassword() const { return form.password; }
+    std::size_t SelStart() const { return selStart; }
+    std::size_t SelLength() const { return selLength; }
+    void Select(std::size_t start, std::size_t length);
+    void SelectAll() { Select(0, text.size()); }
+
+    /// Setting the key to 0 keeps it from the box.
+    std::function<void(int& key)> KeyPress;
+
+private:
+    /// No text box needs more than the wire carries in one message.
+    static constexpr std::size_t kOwnLimit = 32'000;
+    std::size_t Limit() const { return form.maxLength != 0 ? form.maxLength : kOwnLimit; }
+
+    Form form;
+    std::string text;
+    std::size_t selStart = 0, selLength = 0;
+};
+
+} // namespace ombrin

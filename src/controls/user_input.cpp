@@ -1,0 +1,211 @@
+#include "controls/user_input.h"
+
+#include "foundation/text.h"
+
+namespace ombrin {
+
+namespace {
+
+Refusal Refused(std::string_view why) { return std::string(why); }
+
+const Refusal kTaken = std::nullopt;
+
+template <class Handler>
+Refusal Run(const Handler& handler) {
+    if (handler) handler();
+    return kTaken;
+}
+
+RowId RowAt(const RowList& rows, long row) { return row < 0 ? RowId{} : rows.At(static_cast<std::size_t>(row)); }
+
+} // namespace
+
+Refusal UserInput::Reach(const Control& control) const {
+    const Container& parent = control.Parent();
+    const Form* top = stack.Top();
+    if (&parent == &view) {
+        if (!viewShown) return Refused("the view is not shown");
+        if (top != nullptr) return Refused(Join("behind ", top->Name()));
+        if (!view.Enabled()) return Refused("the view is disabled");
+    } else if (&parent != top) {
+        return Refused(top == nullptr ? "its form is not shown" : Join("behind ", top->Name()));
+    }
+    if (!control.Visible()) return Refused("hidden");
+    if (!control.Enabled()) return Refused("disabled");
+    return kTaken;
+}
+
+Refusal UserInput::Focus(Control& control) {
+    if (const Refusal refusal = Reach(control)) return refusal;
+    control.SetFocus();
+    return kTaken;
+}
+
+Refusal UserInput::Click(Control& control) {
+    if (const Refusal refusal = Reach(control)) return refusal;
+    view.CloseMenu();
+    switch (control.Kind()) {
+    case ControlKind::Button: {
+        auto& button = static_cast<Button&>(control);
+        if (!button.Click) return Refused("does nothing yet");
+        button.SetFocus();
+        return Run(button.Click);
+    }
+    case ControlKind::OptionButton: {
+        auto& option = static_cast<OptionButton&>(control);
+        option.SetFocus();
+        option.SetOn(true);
+        return Run(option.Click);
+    }
+    case ControlKind::ListBox: {
+        auto& list = static_cast<ListBox&>(control);
+        if (!list.SelectedRow()) return Refused("no row is selected");
+        list.SetFocus();
+        return Run(list.Click);
+    }
+    case ControlKind::ListView: {
+        auto& list = static_cast<ListView&>(control);
+        if (!list.SelectedItem()) return Refused("no row is selected");
+        list.SetFocus();
+        return Run(list.ItemClick);
+    }
+    default:
+        return Refused("takes no click");
+    }
+}
+
+Refusal UserInput::ClickCell(FlexGrid& grid, int row, int column) {
+    if (const Refusal refusal = Reach(grid)) return refusal;
+    view.CloseMenu();
+    if (row < 0 || row >= grid.Rows() || column < 0 || column >= FlexGrid::kColumns) return Refused("no such cell");
+    grid.SetFocus();
+    if (row > 0) { // the header is fixed
+        grid.SetRow(row);
+        grid.SetCol(column);
+    }
+    return Run(grid.Click);
+}
+
+Refusal UserInput::SelectRow(Control& control, long row, bool on) {
+    if (const Refusal refusal = Reach(control)) return refusal;
+    view.CloseMenu();
+    if (control.Kind() == ControlKind::ListBox) {
+        auto& list = static_cast<ListBox&>(control);
+        const RowId id = RowAt(list.rows, row);
+        if (!id) return Refused("no such row");
+        if (!on && !list.IsForSeveral()) return Refused("a row of this list stays selected");
+        list.SetFocus();
+        list.Select(id, on);
+        return Run(list.Click);
+    }
+    if (control.Kind() == ControlKind::ListView) {
+        auto& list = static_cast<ListView&>(control);
+        const RowId id = RowAt(list.rows, row);
+        if (!id) return Refused("no such row");
+        if (!on) return Refused("a row of this list stays selected");
+        list.SetFocus();
+        list.Select(id);
+        return Run(list.ItemClick);
+    }
+    return Refused("has no rows");
+}
+
+Refusal UserInput::Select(Control& list, long row, bool on) { return SelectRow(list, row, on); }
+
+Refusal UserInput::DoubleClick(Control& control, long row) {
+    if (const Refusal refusal = SelectRow(control, row, true)) return refusal;
+    if (Reach(control)) return kTaken; // the click has changed the world under the second one
+    if (control.Kind() == ControlKind::ListBox) return Run(static_cast<ListBox&>(control).DblClick);
+    return Run(static_cast<ListView&>(control).DblClick);
+}
+
+Refusal UserInput::RightClick(Control& control, long row) {
+    if (const Refusal refusal = Reach(control)) return refusal;
+    const bool isListBox = control.Kind() == ControlKind::ListBox;
+    if (!isListBox && control.Kind() != ControlKind::ListView) return Refused("has no menu");
+    if (row == -1)
+        view.CloseMenu();
+    else if (const Refusal refusal = SelectRow(control, row, true))
+        return refusal;
+    if (Reach(control)) return kTaken;
+    const auto& handler = isListBox ? static_cast<ListBox&>(control).MouseUp : static_cast<ListView&>(control).MouseUp;
+    if (handler) handler(kRight);
+    if (view.OpenMenu() != nullptr && stack.Observer() != nullptr) stack.Observer()->MenuOpened(*view.OpenMenu());
+    return kTaken;
+}
+
+Refusal UserInput::Choose(MenuEntry& entry) {
+    const Menu* menu = view.OpenMenu();
+    if (menu == nullptr) return Refused("no menu is open");
+    if (const Refusal refusal = Reach(entry)) return refusal;
+    bool found = false;
+    for (const MenuEntry* other : menu->Entries()) found = found || other == &entry;
+    if (!found) return Refused("the open menu has no such entry");
+    if (!entry.Click) return Refused("does nothing yet");
+    view.CloseMenu();
+    return Run(entry.Click);
+}
+
+Refusal UserInput::Type(TextBox& box, std::string_view text) {
+    if (const Refusal refusal = Reach(box)) return refusal;
+    view.CloseMenu();
+    if (text.find_first_of(std::string_view("\r\n\0", 3)) != std::string_view::npos) return Refused("one line only");
+    box.SetFocus();
+    box.Type(text);
+    return kTaken;
+}
+
+Refusal UserInput::Key(Control& control, int& key, int shift) {
+    if (const Refusal refusal = Reach(control)) return refusal;
+    view.CloseMenu();
+    if (control.Kind() == ControlKind::FlexGrid) {
+        auto& grid = static_cast<FlexGrid&>(control);
+        grid.SetFocus();
+        if (grid.KeyDown) grid.KeyDown(key, shift);
+        return kTaken;
+    }
+    if (control.Kind() != ControlKind::TextBox) return Refused("takes no keys");
+    auto& box = static_cast<TextBox&>(control);
+    box.SetFocus();
+    if ((shift & kControl) != 0) return kTaken; // a shortcut, and no text
+    if (box.KeyPress) box.KeyPress(key);
+    constexpr int kBackspace = 8;
+    if (key == kBackspace || (key >= 32 && key < 256)) box.TypeCharacter(static_cast<char>(key));
+    return kTaken;
+}
+
+Refusal UserInput::Check(CheckBox& box, bool on) {
+    if (const Refusal refusal = Reach(box)) return refusal;
+    view.CloseMenu();
+    box.SetFocus();
+    box.SetOn(on);
+    return kTaken;
+}
+
+Refusal UserInput::PressButton(BoxResult button) {
+    Form* top = stack.Top();
+    if (auto* box = dynamic_cast<MessageBoxForm*>(top))
+        return box->Press(button) ? kTaken : Refused("the box has no such button");
+    if (auto* box = dynamic_cast<InputBoxForm*>(top)) {
+        if (button != BoxResult::Cancel && button != BoxResult::Ok) return Refused("the box has no such button");
+        button == BoxResult::Ok ? box->Accept() : box->Cancel();
+        return kTaken;
+    }
+    return Refused("no box is on top");
+}
+
+Refusal UserInput::AnswerText(std::string_view text) {
+    auto* box = dynamic_cast<InputBoxForm*>(stack.Top());
+    if (box == nullptr) return Refused("no input box is on top");
+    if (const Refusal refusal = Type(box->Answer, text)) return refusal;
+    box->Accept();
+    return kTaken;
+}
+
+Refusal UserInput::Close(Form& form) {
+    if (&form != stack.Top()) return Refused(form.Visible() ? "behind another form" : "not shown");
+    if (!form.CloseBox) return Refused("has no close box");
+    return Run(form.CloseBox);
+}
+
+} // namespace ombrin

@@ -1,0 +1,321 @@
+#include "hosts/console/commands.h"
+
+#include "foundation/runtime_error.h"
+#include "foundation/text.h"
+#include "hosts/console/members.h"
+#include "hosts/console/reading.h"
+
+#include <array>
+#include <nlohmann/json.hpp>
+
+namespace ombrin::console {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// Why a command cannot be done.
+struct Refused {
+    std::string why;
+};
+
+void Check(const Refusal& refusal) {
+    if (refusal) throw Refused{*refusal};
+}
+
+} // namespace
+
+/// Reads the command's fields; what is missing or of another kind refuses the command.
+struct Commands::Arguments {
+    const Json& json;
+    const CodePage& page;
+
+    bool Has(const char* field) const { return json.contains(field); }
+
+    std::string Held(const Json& value, const char* field) const {
+        if (!value.is_string()) throw Refused{Join("needs a text in \"", field, "\"")};
+        const auto text = page.FromUtf8(value.get_ref<const std::string&>());
+        if (!text) throw Refused{Join("\"", field, "\" has a character that the code page cannot hold")};
+        return *text;
+    }
+    const Json& Field(const char* field) const {
+        if (!Has(field)) throw Refused{Join("needs \"", field, "\"")};
+        return json.at(field);
+    }
+    std::string Text(const char* field) const { return Held(Field(field), field); }
+    long Number(const char* field) const {
+        const Json& value = Field(field);
+        if (!value.is_number_integer()) throw Refused{Join("needs a whole number in \"", field, "\"")};
+        return value.get<long>();
+    }
+    long Number(const char* field, long missing) const { return Has(field) ? Number(field) : missing; }
+    bool Truth(const char* field) const {
+        const Json& value = Field(field);
+        if (!value.is_boolean()) throw Refused{Join("needs true or false in \"", field, "\"")};
+        return value.get<bool>();
+    }
+    Milliseconds Length(const char* field) const {
+        constexpr long kLongest = 1000L * 3600 * 24 * 366;
+        const long length = Number(field);
+        if (length < 0 || length > kLongest) throw Refused{"no such time"};
+        return Milliseconds(length);
+    }
+};
+
+struct Commands::Table {
+    using A = const Arguments&;
+
+    struct Row {
+        std::string_view name;
+        Json (*run)(Commands&, A);
+    };
+
+    static Form* FormNamed(Commands& c, std::string_view name) {
+        const auto& visible = c.client.Stack().Visible();
+        for (auto form = visible.rbegin(); form != visible.rend(); ++form)
+            if ((*form)->Name() == name) return *form;
+        for (Form* form : c.client.Forms().All())
+            if (form->Name() == name) return form;
+        return nullptr;
+    }
+
+    static Control* ControlNamed(Commands& c, const std::string& name) {
+        const std::size_t point = name.find('.');
+        if (point == std::string::npos) return c.client.MainView().Find(name);
+        const Form* form = FormNamed(c, name.substr(0, point));
+        return form == nullptr ? nullptr : form->Find(name.substr(point + 1));
+    }
+
+    static Control& At(Commands& c, A a) {
+        Control* control = ControlNamed(c, a.Text("at"));
+        if (control == nullptr) throw Refused{"no such control"};
+        return *control;
+    }
+
+    template <class Kind>
+    static Kind& AtKind(Commands& c, A a, const char* what) {
+        auto* control = dynamic_cast<Kind*>(&At(c, a));
+        if (control == nullptr) throw Refused{Join("is no ", what)};
+        return *control;
+    }
+
+    static Json Show(Commands& c, A a) {
+        if (a.Has("control")) throw Refused{"no such control"};
+        std::optional<std::string> userData;
+        if (a.Has("userData")) userData = a.Text("userData");
+        if (c.shown) throw Refused{"shown already"};
+        c.shown = true;
+        c.client.UserControl_Show(userData);
+        return {};
+    }
+
+    static Json Click(Commands& c, A a) {
+        Control& control = At(c, a);
+        if (!a.Has("row")) return Check(c.client.Input().Click(control)), Json{};
+        auto& grid = AtKind<FlexGrid>(c, a, "grid");
+        const long row = a.Number("row"), column = a.Number("column", 0);
+        if (row < 0 || row >= grid.Rows() || column < 0 || column >= FlexGrid::kColumns) throw Refused{"no such cell"};
+        Check(c.client.Input().ClickCell(grid, static_cast<int>(row), static_cast<int>(column)));
+        return {};
+    }
+
+    static Json Select(Commands& c, A a) {
+        Check(c.client.Input().Select(At(c, a), a.Number("row"), !a.Has("on") || a.Truth("on")));
+        return {};
+    }
+
+    static Json DoubleClick(Commands& c, A a) {
+        Check(c.client.Input().DoubleClick(At(c, a), a.Number("row")));
+        return {};
+    }
+
+    static Json RightClick(Commands& c, A a) {
+        Check(c.client.Input().RightClick(At(c, a), a.Number("row")));
+        return {};
+    }
+
+    static Json Choose(Commands& c, A a) {
+        auto* entry = dynamic_cast<MenuEntry*>(c.client.MainView().Find(a.Text("entry")));
+        if (entry == nullptr) throw Refused{"no such entry"};
+        Check(c.client.Input().Choose(*entry));
+        return {};
+    }
+
+    static Json Type(Commands& c, A a) {
+        Check(c.client.Input().Type(AtKind<TextBox>(c, a, "text box"), a.Text("text")));
+        return {};
+    }
+
+    static Json Key(Commands& c, A a) {
+        Control& control = At(c, a);
+        const long key = a.Number("key"), shift = a.Number("shift", 0);
+        if (key < 1 || key > 255 || shift < 0 || shift > 7) throw Refused{"no such key"};
+        // A handler that waits has set the key by then, and the reply says what it was set to.
+        int pressed = static_cast<int>(key);
+        c.key = &pressed;
+        Check(c.client.Input().Key(control, pressed, static_cast<int>(shift)));
+        return {{"swallowed", pressed == 0}};
+    }
+
+    static Json Tick(Commands& c, A a) {
+        Check(c.client.Input().Check(AtKind<CheckBox>(c, a, "check box"), a.Truth("on")));
+        return {};
+    }
+
+    static Json Answer(Commands& c, A a) {
+        if (a.Has("text"))
+            Check(c.client.Input().AnswerText(a.Text("text")));
+        else
+            Check(c.client.Input().PressButton(static_cast<BoxResult>(a.Number("button"))));
+        return {};
+    }
+
+    static Json Close(Commands& c, A a) {
+        Form* form = FormNamed(c, a.Text("form"));
+        if (form == nullptr) throw Refused{"no such form"};
+        Check(c.client.Input().Close(*form));
+        return {};
+    }
+
+    static Json Get(Commands& c, A a) {
+        const std::string at = a.Text("at");
+        if (const Control* control = ControlNamed(c, at)) return Json::parse(Describe(*control, c.page));
+        const Form* form = FormNamed(c, at);
+        if (form == nullptr) throw Refused{"no such control or form"};
+        return Json::parse(Describe(*form, c.page));
+    }
+
+    static Json Fields(Commands& c, A) { return Json::parse(DescribeMarks(c.client, c.page)); }
+
+    static Json Forms(Commands& c, A) {
+        Json names = Json::array();
+        for (const Form* form : c.client.Stack().Visible()) names.push_back(form->Name());
+        return {{"forms", std::move(names)}};
+    }
+
+    static Json Setting(Commands& c, A a) {
+        const std::string section = a.Text("section"), key = a.Text("key");
+        if (!a.Has("value")) return {{"value", c.page.ToUtf8(c.client.Store().GetSetting(section, key))}};
+        c.client.Store().SaveSetting(section, key, a.Text("value"));
+        return {};
+    }
+
+    static Json Ini(Commands& c, A a) {
+        const std::string file = a.Text("file"), section = a.Text("section"), key = a.Text("key");
+        if (file.find_first_of("/\\") != std::string::npos) throw Refused{"the file needs a bare name"};
+        if (!a.Has("value")) return {{"value", c.page.ToUtf8(c.client.Inis().Read(file, section, key))}};
+        const std::string value = a.Text("value");
+        if (!IniDocument::CanHold(section, key, value)) throw Refused{"the file cannot hold it"};
+        c.client.Inis().Write(file, section, key, value);
+        return {};
+    }
+
+    static Json Call(Commands& c, A a) {
+        if (a.Has("on")) throw Refused{"no such class"};
+        if (!c.shown) throw Refused{"nothing is shown"};
+        std::vector<Value> arguments;
+        if (a.Has("args")) {
+            if (!a.Field("args").is_array()) throw Refused{"\"args\" is no list"};
+            for (const Json& given : a.Field("args")) {
+                Value value;
+                if (given.is_string())
+                    value = {Value::Kind::Text, a.Held(given, "args"), 0, false};
+                else if (given.is_boolean())
+                    value = {Value::Kind::Truth, "", 0, given.get<bool>()};
+                else if (given.is_number_integer())
+                    value = {Value::Kind::Number, "", given.get<long>(), false};
+                else
+                    throw Refused{"an argument is no text, number or truth"};
+                arguments.push_back(std::move(value));
+            }
+        }
+        std::string why;
+        const auto result = CallMember(c.client, a.Text("member"), arguments, why);
+        if (!result) throw Refused{why};
+        if (result->kind == Value::Kind::Text) return {{"value", c.page.ToUtf8(result->text)}};
+        if (result->kind == Value::Kind::Number) return {{"value", result->number}};
+        if (result->kind == Value::Kind::Truth) return {{"value", result->truth}};
+        return {};
+    }
+
+    static Json Advance(Commands& c, A a) {
+        if (!c.loop.Advance(a.Length("ms"))) throw Refused{"time is real here"};
+        return {};
+    }
+
+    static Json Settle(Commands& c, A a) {
+        c.loop.Settle(a.Length("ms"));
+        return {};
+    }
+
+    static Json ChangeWorld(Commands& c, A a) {
+        std::deque<int> errors;
+        std::optional<int> open;
+        for (const auto& [field, value] : a.json.items()) {
+            if (field == "do") continue;
+            if (field == "open" && value.is_number_integer()) {
+                open = value.get<int>();
+            } else if (field == "connect" && value.is_array()) {
+                for (const Json& error : value) {
+                    if (!error.is_number_integer()) throw Refused{"an error number is no whole number"};
+                    errors.push_back(error.get<int>());
+                }
+            } else {
+                throw Refused{Join("the world has no such \"", field, "\"")};
+            }
+        }
+        if (open) c.world.opener.result = *open;
+        if (a.Has("connect")) c.world.network.connectErrors = errors;
+        return {};
+    }
+
+    static Json Quit(Commands& c, A) {
+        c.client.Stack().RequestEnd();
+        return {};
+    }
+
+    static const Row kRows[];
+};
+
+const Commands::Table::Row Commands::Table::kRows[] = {
+    {"show", Show},     {"click", Click}, {"select", Select},   {"dblclick", DoubleClick}, {"rightclick", RightClick},
+    {"choose", Choose}, {"type", Type},   {"key", Key},         {"check", Tick},           {"answer", Answer},
+    {"close", Close},   {"get", Get},     {"fields", Fields},   {"forms", Forms},          {"setting", Setting},
+    {"ini", Ini},       {"call", Call},   {"advance", Advance}, {"settle", Settle},        {"world", ChangeWorld},
+    {"quit", Quit},
+};
+
+std::string Commands::Run(const std::string& line) {
+    current.clear();
+    key = nullptr;
+    const Json command = Json::parse(line, nullptr, false);
+    Json reply{{"reply", nullptr}, {"ok", true}};
+    try {
+        if (!command.is_object()) throw Refused{"is no JSON object"};
+        const Json& name = command.contains("do") ? command["do"] : Json();
+        if (!name.is_string()) throw Refused{"needs a text in \"do\""};
+        current = name.get<std::string>();
+        reply["reply"] = current;
+        const Table::Row* found = nullptr;
+        for (const Table::Row& row : Table::kRows)
+            if (row.name == current) found = &row;
+        if (found == nullptr) throw Refused{"no such command"};
+        const Json more = found->run(*this, Arguments{command, page});
+        if (more.is_object()) reply.update(more);
+    } catch (const Refused& refused) {
+        reply["ok"] = false;
+        reply["error"] = page.ToUtf8(refused.why);
+    } catch (const RuntimeError& error) {
+        reply["ok"] = false;
+        reply["error"] = page.ToUtf8(error.what());
+    }
+    return reply.dump();
+}
+
+std::string Commands::ReplyWhileWaiting() {
+    Json reply{{"reply", current}, {"ok", true}};
+    if (key != nullptr) reply["swallowed"] = *key == 0;
+    return reply.dump();
+}
+
+} // namespace ombrin::console

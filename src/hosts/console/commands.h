@@ -1,0 +1,43 @@
+// The commands of the console, one JSON object a line, each with one reply.
+#pragma once
+
+#include "foundation/code_page.h"
+#include "hosts/console/console_loop.h"
+#include "platform/recording/recording_desktop.h"
+#include "platform/recording/recording_network.h"
+#include "session/game_lobby.h"
+
+#include <string>
+
+namespace ombrin::console {
+
+/// What the recorded world answers can be changed by a command.
+struct World {
+    recording::TellingNetwork& network;
+    recording::RecordingOpener& opener;
+};
+
+class Commands : public CommandRunner {
+public:
+    Commands(GameLobby& client, ConsoleLoop& loop, World world, const CodePage& page)
+        : client(client), loop(loop), world(world), page(page) {}
+
+    std::string Run(const std::string& line) override;
+    std::string ReplyWhileWaiting() override;
+
+    struct Arguments; ///< the command's fields
+    struct Table;     ///< the commands by name
+
+private:
+    friend struct Table;
+
+    GameLobby& client;
+    ConsoleLoop& loop;
+    World world;
+    const CodePage& page;
+    std::string current;      ///< name of the command that runs
+    const int* key = nullptr; ///< where it is a key press: the key, 0 once it was swallowed
+    bool shown = false;
+};
+
+} // namespace ombrin::console

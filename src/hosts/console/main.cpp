@@ -1,0 +1,141 @@
+// ombrin-console: the client without a window, as JSON lines.
+#include "hosts/console/commands.h"
+#include "hosts/console/reading.h"
+#include "platform/posix/descriptor.h"
+#include "platform/posix/home.h"
+#include "platform/posix/posix_desktop.h"
+#include "platform/posix/posix_network.h"
+
+#include <CLI/CLI.hpp>
+#include <clocale>
+#include <csignal>
+#include <iostream>
+#include <sys/signalfd.h>
+
+namespace ombrin::console {
+
+namespace {
+
+struct Options {
+    std::optional<std::string> home;
+    bool virtualTime = false, wire = false;
+    std::vector<std::string> real; ///< services that reach out
+    double waitScale = 1;
+
+    bool IsReal(std::string_view service) const { return std::find(real.begin(), real.end(), service) != real.end(); }
+};
+
+const std::vector<std::string> kServices{"process", "ping",     "sound", "browser", "clipboard",
+                                         "open",    "register", "keys",  "wait"};
+
+std::optional<int> Parse(int argc, char** argv, Options& options) {
+    CLI::App app{"The Ombrin client without a window: commands and events as JSON lines.", "ombrin-console"};
+    app.set_version_flag("--version", OMBRIN_VERSION);
+    app.add_option("--home", options.home, "the root of the client's places; made when missing")->type_name("DIR");
+    app.add_flag("--virtual-time", options.virtualTime, "timers run only on \"advance\"; a wait takes no time");
+    const auto* real = app.add_option("--real", options.real, "reach out for real: in everything, or in what is named")
+                           ->expected(0, -1)
+                           ->delimiter(',')
+                           ->check(CLI::IsMember(kServices))
+                           ->type_name("SERVICE,...");
+    app.add_option("--wait-scale", options.waitScale, "real blocking waits last F times as long")
+        ->check(CLI::Range(0.0, 1000.0))
+        ->type_name("F");
+    app.add_flag("--wire", options.wire, "also report each message sent and each arrival");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& problem) {
+        return app.exit(problem) == 0 ? 0 : 2;
+    }
+    if (real->count() > 0 && options.real.empty()) options.real = kServices;
+    return std::nullopt;
+}
+
+/// Tells the host what appears and disappears.
+class Teller : public FormObserver {
+public:
+    Teller(ConsoleLoop& loop, const CodePage& page) : loop(loop), page(page) {}
+    void FormShown(Form& form) override { loop.Write(DescribeShown(form, page)); }
+    void FormHidden(Form& form) override { loop.Write(DescribeHidden(form, page)); }
+    void MenuOpened(Menu& menu) override { loop.Write(DescribeMenu(menu, page)); }
+
+private:
+    ConsoleLoop& loop;
+    const CodePage& page;
+};
+
+/// SIGINT and SIGTERM as a descriptor, so that they end the program like any other event.
+Descriptor EndSignals() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGINT);
+    sigaddset(&signals, SIGTERM);
+    sigprocmask(SIG_BLOCK, &signals, nullptr);
+    std::signal(SIGPIPE, SIG_IGN);
+    return Descriptor(signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC));
+}
+
+int Run(const Options& options) {
+    const std::string root = HomeRoot(options.home);
+    const CodePage& page = CodePageOfStore(root);
+    PosixFiles files(page);
+    const Places places = PreparePlaces(root, page, files);
+
+    const SystemClock realClock;
+    VirtualClock virtualClock;
+    const Clock& clock = options.virtualTime ? static_cast<const Clock&>(virtualClock) : realClock;
+    EventLoop events(clock);
+    ConsoleLoop loop(events, options.virtualTime ? &virtualClock : nullptr, options.waitScale);
+    const recording::Journal journal = [&](const recording::Event& event) { loop.Write(DescribeEvent(event, page)); };
+
+    PosixNetwork sockets(events);
+    recording::TellingNetwork network(sockets, journal, options.wire);
+    recording::RecordingSound recordedSound(journal);
+    recording::RecordingClipboard recordedClipboard(journal);
+    recording::RecordingOpener recordedOpener(journal);
+    PosixSound sound(root + "/app/sounds", page, loop);
+    PosixClipboard clipboard(page);
+    PosixOpener opener(page);
+    const recording::FixedMeasure measure;
+
+    GameLobby client({network, events, clock, files,
+                      options.IsReal("sound") ? static_cast<Sound&>(sound) : recordedSound,
+                      options.IsReal("clipboard") ? static_cast<Clipboard&>(clipboard) : recordedClipboard,
+                      options.IsReal("open") ? static_cast<TargetOpener&>(opener) : recordedOpener, measure, loop,
+                      [&](bool held) { events.Hold(held); }, places});
+    client.CloseClient = [&] { journal({"CloseClient", {}}); };
+    Teller teller(loop, page);
+    client.Stack().SetObserver(&teller);
+    Commands commands(client, loop, {network, recordedOpener}, page);
+    loop.Attach(commands, client.Stack());
+
+    const Descriptor signals = EndSignals();
+    const auto watch = events.OnUrgent(signals.Number(), [&] {
+        signalfd_siginfo info{};
+        [[maybe_unused]] const auto taken = read(signals.Number(), &info, sizeof info);
+        client.Stack().RequestEnd();
+    });
+    loop.RunToTheEnd();
+    try {
+        client.UserControl_Terminate();
+    } catch (const ProgramEnding&) { // a box that nobody can answer any more
+    }
+    return 0;
+}
+
+} // namespace
+
+} // namespace ombrin::console
+
+int main(int argc, char** argv) {
+    using namespace ombrin::console;
+    std::setlocale(LC_TIME, "");
+    Options options;
+    if (const auto status = Parse(argc, argv, options)) return *status;
+    try {
+        return Run(options);
+    } catch (const std::exception& error) {
+        std::cerr << "ombrin-console: " << error.what() << "\n";
+        return 1;
+    }
+}

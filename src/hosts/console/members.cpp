@@ -1,0 +1,58 @@
+#include "hosts/console/members.h"
+
+#include <array>
+
+namespace ombrin::console {
+
+namespace {
+
+using Arguments = std::vector<Value>;
+using Kind = Value::Kind;
+
+struct Member {
+    std::string_view name;
+    std::string_view takes; ///< a letter an argument: t text, b truth
+    Value (*call)(GameLobby& client, const Arguments& arguments);
+};
+
+Value Nothing() { return {}; }
+Value TextValue(std::string text) { return {Kind::Text, std::move(text), 0, false}; }
+
+constexpr std::array kMembers{
+    Member{"Refresh", "", [](GameLobby& c, const Arguments&) { return c.Refresh(), Nothing(); }},
+    Member{"SetAXParams", "t", [](GameLobby& c, const Arguments& a) { return TextValue(c.SetAXParams(a[0].text)); }},
+    Member{"UserName", "", [](GameLobby& c, const Arguments&) { return TextValue(c.UserName()); }},
+    Member{"UserName", "t", [](GameLobby& c, const Arguments& a) { return c.SetUserName(a[0].text), Nothing(); }},
+    Member{"SetGameLobby", "t", [](GameLobby& c, const Arguments& a) { return c.SetGameLobby(a[0].text), Nothing(); }},
+    Member{"DisplayMainLobby", "t",
+           [](GameLobby& c, const Arguments& a) { return c.DisplayMainLobby(a[0].text), Nothing(); }},
+    Member{"AccountCreated", "t",
+           [](GameLobby& c, const Arguments& a) { return c.AccountCreated(a[0].text), Nothing(); }},
+    Member{"DisplayLogonBanner", "", [](GameLobby& c, const Arguments&) { return c.DisplayLogonBanner(), Nothing(); }},
+    Member{"DisplayCreateAccount", "b",
+           [](GameLobby& c, const Arguments& a) { return c.DisplayCreateAccount(a[0].truth), Nothing(); }},
+    Member{"ProcessLogonBanner", "", [](GameLobby& c, const Arguments&) { return c.ProcessLogonBanner(), Nothing(); }},
+    Member{"SendData", "t", [](GameLobby& c, const Arguments& a) { return c.SendData(a[0].text), Nothing(); }},
+};
+
+bool Fits(const Member& member, const Arguments& arguments) {
+    if (member.takes.size() != arguments.size()) return false;
+    for (std::size_t i = 0; i < arguments.size(); ++i)
+        if (arguments[i].kind != (member.takes[i] == 't' ? Kind::Text : Kind::Truth)) return false;
+    return true;
+}
+
+} // namespace
+
+std::optional<Value> CallMember(GameLobby& client, std::string_view member, const std::vector<Value>& arguments,
+                                std::string& why) {
+    why = "no such member";
+    for (const Member& row : kMembers) {
+        if (row.name != member) continue;
+        if (Fits(row, arguments)) return row.call(client, arguments);
+        why = "these are not its arguments";
+    }
+    return std::nullopt;
+}
+
+} // namespace ombrin::console

@@ -1,0 +1,184 @@
+#include "session/game_lobby.h"
+
+#include "controls/grid_routines.h"
+#include "foundation/text.h"
+#include "session/server_codes.h"
+#include "session/wire/client_message.h"
+#include "session/wire/codec.h"
+
+namespace ombrin {
+
+namespace {
+
+constexpr std::string_view kConnectTrace = "attempting to connect to the server.  Local port: ";
+
+} // namespace
+
+Dialogs::Dialogs(ModalStack& stack, Settings& settings, IniFiles& files, Localisation& language, Boxes& boxes,
+                 ConfigurableButtons& targets, Trap& trap)
+    : ChooseLanguage(stack, language, trap), Connection(stack, language, trap), LobbyFilter(stack, files, trap),
+      ExeMainLobby(stack, settings, language, trap), UsrNmPwIP(stack, settings, language, boxes, targets, trap),
+      CreateAccount(stack, language, trap) {}
+
+GameLobby::GameLobby(Platform given)
+    : platform(std::move(given)), stack(platform.waiter, platform.holdEvents), boxes(stack),
+      log(platform.files, platform.clock, platform.places.SystemDirectory(), boxes), trap(log),
+      iniFiles(platform.files, platform.places.WindowsDirectory()),
+      settings(platform.files, platform.places.SettingsFile()), language(iniFiles, trap), messages(boxes, language),
+      targets(iniFiles, platform.opener, boxes, trap, platform.places.AppPath()), view(platform.alarms),
+      input(view, stack), dialogs(stack, settings, iniFiles, language, boxes, targets, trap),
+      viewLanguage(view, language, dialogs.ChooseLanguage, trap),
+      textColours(settings, trap,
+                  {&view.lbLobbies, &view.msflxMainChatLines, &view.MainText, &view.RoomText, &view.UserList,
+                   &view.lbAllUsers, &view.RoomList, &view.msflexRoomLines, &view.RoomUserList, &view.BuddyLV}),
+      link(platform.network, session, messages, log,
+           {[this] { Winsock_Connect(); }, [this](std::size_t) { Winsock_DataArrival(); }, [this] { Winsock_Close(); },
+            [this](ConnectFailure why) { Winsock_Failed(why); }}) {
+    const LogonDialogs logonDialogs{dialogs.UsrNmPwIP, dialogs.CreateAccount, dialogs.Connection, dialogs.ExeMainLobby};
+    areas = std::make_unique<Areas>(Desk{view, session, link, messages, language, settings, iniFiles, trap},
+                                    AreaNeeds{platform.sound, platform.clipboard, platform.measure, platform.alarms,
+                                              logonDialogs, dialogs.LobbyFilter, [this] {
+                                                  if (CloseClient) CloseClient();
+                                              }});
+}
+
+GameLobby::~GameLobby() = default;
+
+void GameLobby::UserControl_Show(std::optional<std::string> userData) {
+    input.ShowView(true);
+    std::optional<Failure> failure;
+    try {
+        Start(std::move(userData));
+    } catch (const ProgramEnding&) {
+        throw;
+    } catch (...) {
+        failure = CurrentFailure();
+    }
+    if (failure) areas->connector.ReportFailure(*failure);
+}
+
+void GameLobby::Start(std::optional<std::string> userData) {
+    session.m_UserListSeen = false;
+    InitializeMSFlexGrid(view.msflxMainChatLines, false);
+    InitializeMSFlexGrid(view.msflexRoomLines, false);
+    session.TracingOn = settings.GetSetting("Settings", "TracingOn") == "1";
+    view.SetEnabled(false);
+    dialogs.UsrNmPwIP.Closed = false;
+    dialogs.UsrNmPwIP.ConnectPressed = false;
+    dialogs.ExeMainLobby.LobbySelected = false;
+    session.m_IsRoomCreator = false;
+    session.m_CurrentRoom.clear();
+    session.m_SelectedRoom.clear();
+    session.m_ServerConnected = false;
+    session.m_bBannersEnabled = false;
+    areas->ignored.StartAnew();
+    session.ChatSoundsOn = settings.GetSetting("Settings", "EnableChatLineSounds") == "1";
+    areas->keepAlive.ReadHeartBeat();
+    viewLanguage.SetForeignLanguage();
+    textColours.SetTextColor();
+    session.m_StandAlone = !userData.has_value();
+    if (session.m_StandAlone) {
+        ReadPresets();
+        areas->logon.DisplayLogonBanner();
+        if (areas->logon.LogonDialogClosed()) return;
+    } else {
+        session.m_UserData = *userData;
+        view.Configure.SetVisible(true);
+        view.Configure.SetEnabled(true);
+    }
+    areas->logon.TakeRecordApart(session.m_UserData);
+    areas->connector.Start(kConnectTrace);
+    if (session.m_StandAlone) areas->logon.RunCancelLoop(kConnectTrace);
+}
+
+/// The store first, then the file, each when not empty.
+void GameLobby::ReadPresets() {
+    const struct {
+        std::string& preset;
+        std::string_view key;
+    } kPresets[] = {{session.m_DefaultHost, "DefaultIP"}, {session.m_DefaultPort, "DefaultHTTPPort"}};
+    for (const auto& row : kPresets) {
+        row.preset = settings.GetSetting("Settings", row.key);
+        if (row.preset.empty())
+            row.preset = iniFiles.Read("av.ini", "AutoConnect", row.key, IniFiles::kShortValueLength);
+    }
+}
+
+void GameLobby::UserControl_Terminate() {
+    areas->connector.GiveUp();
+    areas->ignored.Release();
+}
+
+std::string GameLobby::SetAXParams(std::string_view pUserName) {
+    session.UserName = pUserName;
+    return {};
+}
+
+void GameLobby::SendData(std::string_view Data) {
+    trap(__func__, [&] { link.SendData(Data); });
+}
+
+void GameLobby::Winsock_Connect() {
+    trap(__func__, [&] {
+        log.TraceMessage("connection to the server made successfully");
+        dialogs.Connection.Hide();
+        session.m_ServerConnected = true;
+        std::string_view record = session.m_UserData;
+        session.m_UserName = GetCommand(record, kFieldEnd);
+        session.m_CurrentLobby = GetCommand(record, kFieldEnd);
+        session.UserName = session.m_UserName;
+        session.m_UserData = Join(session.m_UserName, ";", session.m_CurrentLobby, ";", link.Winsock().LocalIP());
+        if (session.m_CurrentLobby != "temp") language.SetLobbyCaption(view.ChatFrame, session.m_CurrentLobby);
+        if (!session.m_StandAlone) {
+            link.SendData(client_message::EnterLobby(session.m_UserData));
+            log.TraceMessage("game lobby connect request to host");
+        } else if (session.m_CreatingAccount) {
+            const CreateAccount& account = dialogs.CreateAccount;
+            link.SendData(client_message::CreateAccount(account.LogonName.Text(), account.Password.Text(),
+                                                        account.ConfirmPassword.Text()));
+            log.TraceMessage("create account request to host");
+        } else {
+            link.SendData(client_message::Logon(session.m_UserData, dialogs.UsrNmPwIP.Password.Text()));
+            log.TraceMessage("sending logon request to host");
+        }
+    });
+}
+
+void GameLobby::Winsock_DataArrival() {
+    trap(__func__, [&] {
+        // The run owns the text of its messages: whatever arrives while one of them waits is handled nested, from a
+        // text of its own.
+        const std::optional<std::string> arrival = link.TakeWholeMessages();
+        if (!arrival) {
+            log.TraceMessage("no data arrived to the socket");
+            return;
+        }
+        const auto epoch = link.Epoch();
+        std::string_view rest = *arrival;
+        while (!rest.empty() && link.Epoch() == epoch) {
+            std::string_view message = GetCommand(rest, kMessageEnd);
+            const std::string_view code = GetCommand(message, kCodeEnd);
+            if (session.TracingOn && !code.empty())
+                log.TraceMessage(
+                    Join("received code ", code, ", ", std::to_string(message.size()), " characters of payload"));
+            if (!RunServerCode(*areas, code, message) && !code.empty())
+                log.LogError(
+                    Join("Error: occured in module Winsock_DataArrival(), unrecognized command: ", code, " received."),
+                    false);
+        }
+    });
+}
+
+void GameLobby::Winsock_Close() {
+    trap(__func__, [&] { log.TraceMessage("Winsock closed"); });
+}
+
+/// Nothing of the client reacts to it; a host can show the reason beside the dialog that waits.
+void GameLobby::Winsock_Failed(ConnectFailure why) {
+    trap(__func__, [&] {
+        link.SetWhyNot(why);
+        log.TraceMessage(Join("the connection to ", session.m_RemoteHost, " does not come: ", ToText(why)));
+    });
+}
+
+} // namespace ombrin

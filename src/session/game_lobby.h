@@ -1,0 +1,122 @@
+// The main control of the client: the connection, the main view with its dialogs, and one user's presence on the
+// server. A host creates it, shows it, and ends when CloseClient arrives.
+#pragma once
+
+#include "controls/user_input.h"
+#include "foundation/places.h"
+#include "lobby/text_colour.h"
+#include "platform/alarms.h"
+#include "platform/desktop.h"
+#include "platform/network.h"
+#include "platform/waiter.h"
+#include "session/areas.h"
+#include "ui/text/view_language.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace ombrin {
+
+/// What a client needs of the machine. Everything outlives the control.
+struct Platform {
+    Network& network;
+    Alarms& alarms;
+    const Clock& clock;
+    Files& files;
+    Sound& sound;
+    Clipboard& clipboard;
+    TargetOpener& opener;
+    const TextMeasure& measure;
+    Waiter& waiter;
+    std::function<void(bool)> holdEvents; ///< no socket event and no timer while true
+    Places places;
+};
+
+/// All the dialogs, which exist from the start.
+struct Dialogs {
+    Dialogs(ModalStack& stack, Settings& settings, IniFiles& files, Localisation& language, Boxes& boxes,
+            ConfigurableButtons& targets, Trap& trap);
+
+    ombrin::ChooseLanguage ChooseLanguage;
+    ombrin::Connection Connection;
+    ombrin::LobbyFilter LobbyFilter;
+    ombrin::ExeMainLobby ExeMainLobby;
+    ombrin::UsrNmPwIP UsrNmPwIP;
+    ombrin::CreateAccount CreateAccount;
+
+    std::vector<Form*> All() {
+        return {&ChooseLanguage, &Connection, &LobbyFilter, &ExeMainLobby, &UsrNmPwIP, &CreateAccount};
+    }
+};
+
+class GameLobby {
+public:
+    explicit GameLobby(Platform platform);
+    ~GameLobby();
+    GameLobby(const GameLobby&) = delete;
+    GameLobby& operator=(const GameLobby&) = delete;
+
+    /// The host must end. Raised from inside a routine that still finishes its steps; the handler only notes it.
+    std::function<void()> CloseClient;
+
+    /// Starts the session and waits in it as long as dialogs are open: with a record `<user>;<lobby>;<host>;<port>`
+    /// from an embedding container, else in stand-alone mode. Raises ProgramEnding when the program ends meanwhile.
+    void UserControl_Show(std::optional<std::string> userData);
+    /// The end of the control; no event reaches it afterwards.
+    void UserControl_Terminate();
+
+    // The public surface
+    std::string SetAXParams(std::string_view pUserName);
+    const std::string& UserName() const { return session.UserName; }
+    void SetUserName(std::string_view name) { session.UserName = name; }
+    void Refresh() {}
+    void SetGameLobby(std::string_view Buf) { areas->lobbies.SetGameLobby(Buf); }
+    void DisplayMainLobby(std::string_view Buf) { areas->lobbies.DisplayMainLobby(Buf); }
+    void AccountCreated(std::string_view Buf) { areas->logon.AccountCreated(Buf); }
+    void DisplayLogonBanner() { areas->logon.DisplayLogonBanner(); }
+    void DisplayCreateAccount(bool ShowLogon) { areas->logon.DisplayCreateAccount(ShowLogon); }
+    void ProcessLogonBanner() { areas->logon.ProcessLogonBanner(); }
+    void SendData(std::string_view Data);
+
+    // For hosts that paint and drive it
+    View& MainView() { return view; }
+    Dialogs& Forms() { return dialogs; }
+    ModalStack& Stack() { return stack; }
+    UserInput& Input() { return input; }
+    const Session& Marks() const { return session; }
+    const Link& Connection() const { return link; }
+    Settings& Store() { return settings; }
+    IniFiles& Inis() { return iniFiles; }
+
+private:
+    void Winsock_Connect();
+    void Winsock_DataArrival();
+    void Winsock_Close();
+    void Winsock_Failed(ConnectFailure why);
+    void Start(std::optional<std::string> userData);
+    void ReadPresets();
+
+    Platform platform;
+    ModalStack stack;
+    Boxes boxes;
+    Log log;
+    Trap trap;
+    IniFiles iniFiles;
+    Settings settings;
+    Localisation language;
+    Messages messages;
+    ConfigurableButtons targets;
+    View view;
+    UserInput input;
+    Session session;
+    Dialogs dialogs;
+    ViewLanguage viewLanguage;
+    TextColours textColours;
+    Link link;
+    std::unique_ptr<Areas> areas;
+};
+
+} // namespace ombrin

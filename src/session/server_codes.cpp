@@ -1,0 +1,96 @@
+#include "session/server_codes.h"
+
+#include "session/wire/codes.h"
+
+#include <algorithm>
+#include <array>
+
+namespace ombrin {
+
+namespace {
+
+using Payload = std::string_view;
+
+struct ServerCode {
+    std::string_view code;
+    void (*run)(Areas& a, Payload p);
+};
+
+/// A row of a code that nothing shows yet; it leaves a trace.
+constexpr void (*kUnserved)(Areas&, Payload) = nullptr;
+
+void LobbyList(Areas& a, Payload p) {
+    if (!a.session.m_UserListSeen) a.sound.Play("EnterLobby2");
+    a.lobbies.SwitchLobbies(p);
+}
+
+constexpr std::array kServerCodes{
+    ServerCode{"0", [](Areas& a, Payload p) { a.users.AddGameLobbyUsers(p); }},
+    ServerCode{"1", [](Areas& a, Payload p) { a.chat.AddGameLobbyChatLines(p); }},
+    ServerCode{"2", kUnserved},
+    ServerCode{"3", kUnserved},
+    ServerCode{"4", kUnserved},
+    ServerCode{"5", kUnserved},
+    ServerCode{"7", kUnserved},
+    ServerCode{"8", kUnserved},
+    ServerCode{"9", kUnserved},
+    ServerCode{"10", kUnserved},
+    ServerCode{"11", kUnserved},
+    ServerCode{"12", kUnserved},
+    ServerCode{"13", [](Areas& a, Payload p) { a.users.SetUserStatus(p); }},
+    ServerCode{"14", kUnserved},
+    ServerCode{"15", [](Areas& a, Payload p) { a.users.RemoveGameLobbyUser(p); }},
+    ServerCode{"17", kUnserved},
+    ServerCode{"18", kUnserved},
+    ServerCode{"19", kUnserved},
+    ServerCode{"20", [](Areas& a, Payload) { a.general.NotLoggedOn(); }},
+    ServerCode{"21", [](Areas& a, Payload p) { a.lobbies.SetGameLobby(p); }},
+    ServerCode{"22", LobbyList},
+    ServerCode{"23", [](Areas& a, Payload) { a.logon.LogonRefused(text::kError6); }},
+    ServerCode{"24", [](Areas& a, Payload) { a.logon.LogonRefused(text::kError7); }},
+    ServerCode{"25", [](Areas& a, Payload) { a.logon.LogonRefused(text::kError8); }},
+    ServerCode{"27", [](Areas& a, Payload p) { a.logon.AccountCreated(p); }},
+    ServerCode{"28", [](Areas& a, Payload) { a.logon.AccountRefused(text::kError9); }},
+    ServerCode{"29", [](Areas& a, Payload) { a.logon.AccountRefused(text::kError10); }},
+    ServerCode{"30", [](Areas& a, Payload) { a.logon.AccountRefused(text::kError11); }},
+    ServerCode{"31", [](Areas& a, Payload) { a.logon.AccountRefused(text::kError12); }},
+    ServerCode{"32", [](Areas& a, Payload) { a.logon.AccountRefused(text::kError13); }},
+    ServerCode{"33", kUnserved},
+    ServerCode{"34", kUnserved},
+    ServerCode{"35", kUnserved},
+    ServerCode{"36", [](Areas& a, Payload p) { a.general.DisplayGeneralErrorMessage(p); }},
+    ServerCode{"37", kUnserved},
+    ServerCode{"38", [](Areas& a, Payload) { a.general.TakeLogoffButton(); }},
+    ServerCode{"39", kUnserved},
+    ServerCode{"40", kUnserved},
+    ServerCode{"41", kUnserved},
+    ServerCode{"42", kUnserved},
+    ServerCode{"43", kUnserved},
+    ServerCode{"44", [](Areas&, Payload) {}}, // accepted and ignored
+    ServerCode{"45", [](Areas& a, Payload p) { a.general.TakeAddress(p); }},
+    ServerCode{"46", [](Areas& a, Payload p) { a.lobbies.PasswordRefused(p); }},
+    ServerCode{"47", [](Areas& a, Payload p) { a.users.AddAllUsersToListBox(p); }},
+    ServerCode{"48", [](Areas& a, Payload p) { a.users.AddUserToAllUsersListBox(p); }},
+    ServerCode{"49", [](Areas& a, Payload p) { a.users.RemoveUserFromAllUsersListBox(p); }},
+    ServerCode{"50", kUnserved},
+};
+
+static_assert(std::equal(kServerCodes.begin(), kServerCodes.end(), kServerCodeNames.begin(), kServerCodeNames.end(),
+                         [](const ServerCode& row, const CodeName& name) { return row.code == name.code; }),
+              "every code of the wire has its row here, in the same order");
+
+} // namespace
+
+bool RunServerCode(Areas& areas, std::string_view code, std::string_view payload) {
+    for (std::size_t i = 0; i < kServerCodes.size(); ++i) {
+        if (kServerCodes[i].code != code) continue;
+        if (kServerCodes[i].run == kUnserved)
+            areas.general.Unserved(code, kServerCodeNames[i].name);
+        else
+            kServerCodes[i].run(areas, payload);
+        return true;
+    }
+    return false;
+}
+
+} // namespace ombrin

@@ -1,0 +1,110 @@
+#include "session/wire/server_message.h"
+
+#include "foundation/text.h"
+#include "session/wire/codec.h"
+
+#include <algorithm>
+
+namespace ombrin::server_message {
+
+namespace {
+
+template <class... Fields>
+void Append(std::string& message, const Fields&... fields) {
+    ((message += fields, message += kFieldEnd), ...);
+}
+
+/// `<code>:<field>;<field>;…~`
+template <class... Fields>
+std::string Message(Text code, const Fields&... fields) {
+    std::string message = Join(code, ":");
+    Append(message, fields...);
+    message += kMessageEnd;
+    return message;
+}
+
+std::string Lobbies(Text code, std::span<const LobbyCount> lobbies) {
+    std::string message = Join(code, ":");
+    for (const LobbyCount& entry : lobbies) Append(message, Join(entry.lobby, ",", std::to_string(entry.users)));
+    message += kMessageEnd;
+    return message;
+}
+
+/// `<sender>:<text>:`
+std::string Line(Text sender, Text encodedText) { return Join(sender, ":", encodedText, ":"); }
+
+} // namespace
+
+std::string LobbyNames(std::span<const Text> lobbies) {
+    std::string names;
+    for (const Text lobby : lobbies) Append(names, lobby);
+    return names;
+}
+
+std::string Bare(Text code) { return Message(code); }
+
+std::string UsersOfLobby(std::span<const UserStatus> users) {
+    std::string message = "0:";
+    for (const UserStatus& entry : users) Append(message, entry.user, entry.status);
+    message += kMessageEnd;
+    return message;
+}
+
+std::string LobbyLine(Text user, Text encodedLine) { return Message("1", Line(user, encodedLine)); }
+std::string UserLeftLobby(Text user) { return Message("15", user); }
+std::string LobbySet(Text lobby) { return Message("21", lobby); }
+std::string LobbyList(std::span<const LobbyCount> lobbies) { return Lobbies("22", lobbies); }
+std::string AccountCreated(Text name, Text password) { return Message("27", name, password); }
+std::string PrivateMessage(Text sender, Text encodedText) { return Message("35", sender, Line(sender, encodedText)); }
+
+std::string GeneralMessage(Text text) {
+    std::string shown(text);
+    std::replace_if(
+        shown.begin(), shown.end(), [](char c) { return c == kFieldEnd || c == kMessageEnd; }, ',');
+    return Message("36", shown);
+}
+
+std::string Banners(std::span<const Banner> banners) {
+    std::string message = Join("37:", std::to_string(banners.empty() ? 0 : banners.size() + 1), ":");
+    const auto append = [&](const Banner& banner) {
+        const std::string address = EncodeData(banner.address);
+        Append(message, std::to_string(banner.seconds), std::to_string(address.size()), address);
+    };
+    for (const Banner& banner : banners) append(banner);
+    if (!banners.empty()) append(banners.back());
+    message += kMessageEnd;
+    return message;
+}
+
+std::string DirectPlayGames(std::span<const DirectPlayGame> games) {
+    std::string message = "39:";
+    for (const DirectPlayGame& entry : games) Append(message, entry.game, entry.application);
+    message += kMessageEnd;
+    return message;
+}
+
+std::string DirectIPGame(Text game, Text executable) { return Message("40", game, executable); }
+
+std::string Buddies(std::span<const Buddy> buddies) {
+    std::string message = "41:";
+    for (const Buddy& entry : buddies) Append(message, entry.user, entry.lobby);
+    message += kMessageEnd;
+    return message;
+}
+
+std::string AddressSeen(Text address) { return Message("45", address); }
+std::string LobbyPasswordRefused(std::span<const LobbyCount> lobbies) { return Lobbies("46", lobbies); }
+
+std::string UsersOfService(std::span<const Text> users) {
+    std::string message = "47:";
+    for (const Text user : users) Append(message, user);
+    message += kMessageEnd;
+    return message;
+}
+
+std::string UserCame(Text user, Text lobby) { return Message("48", user, lobby); }
+std::string UserWent(Text user, Text lobby, bool fromService) {
+    return Message("49", user, lobby, fromService ? Text("1") : Text("0"));
+}
+
+} // namespace ombrin::server_message

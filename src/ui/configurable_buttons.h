@@ -1,0 +1,27 @@
+// Buttons that open what the settings file names for them.
+#pragma once
+
+#include "controls/boxes.h"
+#include "foundation/ini_files.h"
+#include "foundation/trap.h"
+#include "platform/desktop.h"
+
+namespace ombrin {
+
+class ConfigurableButtons {
+public:
+    ConfigurableButtons(IniFiles& files, TargetOpener& opener, Boxes& boxes, Trap& trap, std::string appPath)
+        : files(files), opener(opener), boxes(boxes), trap(trap), appPath(std::move(appPath)) {}
+
+    /// Hands the target under section and key of AV.ini to the desktop; tells the user when that fails.
+    void ConfigurableMenuOrButtonClicked(std::string_view section, std::string_view key);
+
+private:
+    IniFiles& files;
+    TargetOpener& opener;
+    Boxes& boxes;
+    Trap& trap;
+    std::string appPath;
+};
+
+} // namespace ombrin

@@ -1,0 +1,95 @@
+#include "ui/text/localisation.h"
+
+#include "foundation/text.h"
+
+namespace ombrin {
+
+namespace {
+
+constexpr std::string_view kCurrentSection = "CurrentLanguage", kCurrentKey = "Language";
+
+bool IsBuiltIn(std::string_view language) { return language.empty() || language == Localisation::kEnglish; }
+
+} // namespace
+
+std::string Localisation::CurrentLanguage() {
+    std::string language;
+    trap("ReadIniValue", [&] { language = files.Read(kFile, kCurrentSection, kCurrentKey); });
+    return language;
+}
+
+void Localisation::StoreCurrentLanguage(std::string_view language) {
+    trap("SetIniValue", [&] { files.Write(kFile, kCurrentSection, kCurrentKey, language); });
+}
+
+std::string Localisation::Translation(std::string_view language, std::string_view key) {
+    std::string translation;
+    trap("ReadIniValue", [&] { translation = files.Read(kFile, language, key); });
+    return translation;
+}
+
+std::string Localisation::LanguageOnOffer(int number) {
+    return Translation("Languages", Join("Language", std::to_string(number)));
+}
+
+std::string Localisation::TranslateWord(std::string_view key, std::string_view missing) {
+    const std::string language = CurrentLanguage();
+    std::string translation;
+    if (!language.empty()) translation = Translation(language, key);
+    return translation.empty() ? std::string(missing) : translation;
+}
+
+void Localisation::SetCaption(Captioned& control, std::string_view key) {
+    const std::string translation = Translation(foreignLanguage, key);
+    if (!translation.empty()) control.SetCaption(translation);
+}
+
+void Localisation::SetFLForm(Form& form, std::string_view key) {
+    const std::string translation = Translation(foreignLanguage, key);
+    if (!translation.empty()) form.SetCaption(translation);
+}
+
+void Localisation::SetFLStatusbar(StatusBar& bar, std::string_view key, std::string_view missing) {
+    const std::string translation = Translation(foreignLanguage, key);
+    bar.SetText(translation.empty() ? missing : std::string_view(translation));
+}
+
+void Localisation::SetFLListViewColumnHeader(ListView& list, std::string_view key, std::size_t column) {
+    const std::string translation = Translation(foreignLanguage, key);
+    if (!translation.empty()) list.SetHeader(column, translation);
+}
+
+void Localisation::SetFLOnMenu(Menu& menu) {
+    for (const CaptionKey& row : kCaptionKeys)
+        if (row.place == menu.Name())
+            for (MenuEntry* entry : menu.Entries())
+                if (entry->Name() == row.control) SetFLMenu(*entry, row.key);
+}
+
+void Localisation::TranslateForm(Form& form) {
+    const std::string language = CurrentLanguage();
+    if (IsBuiltIn(language)) return;
+    TranslateView(form, language);
+    for (const CaptionKey& row : kCaptionKeys) {
+        if (row.place != form.Name() || !row.control.empty()) continue;
+        const std::string translation = Translation(language, row.key);
+        if (!translation.empty()) form.SetCaption(translation);
+    }
+}
+
+void Localisation::TranslateView(Container& view, std::string_view language) {
+    for (const CaptionKey& row : kCaptionKeys) {
+        if (row.place != view.Name() || row.control.empty()) continue;
+        const std::string translation = Translation(language, row.key);
+        if (translation.empty()) continue;
+        if (auto* control = dynamic_cast<Captioned*>(view.Find(row.control))) control->SetCaption(translation);
+    }
+}
+
+void Localisation::SetLobbyCaption(Label& label, std::string_view lobby) {
+    const std::string language = CurrentLanguage();
+    const std::string word = IsBuiltIn(language) ? "Lobby" : Translation(language, "Lobby");
+    if (!word.empty()) label.SetCaption(Join(word, " - ", lobby));
+}
+
+} // namespace ombrin

@@ -1,0 +1,65 @@
+// Texts in the user's language, from the language file. Whatever its section does not hold stays English.
+#pragma once
+
+#include "controls/form.h"
+#include "controls/list_models.h"
+#include "controls/menu.h"
+#include "controls/simple_models.h"
+#include "foundation/ini_files.h"
+#include "foundation/trap.h"
+#include "ui/text/language_keys.h"
+
+#include <string>
+#include <string_view>
+
+namespace ombrin {
+
+/// The file is read anew at each look-up; an empty value counts as absent.
+class Localisation {
+public:
+    static constexpr std::string_view kFile = "AVfLang.ini";
+    static constexpr std::string_view kEnglish = "English"; ///< selects the texts built into the program
+
+    Localisation(IniFiles& files, Trap& trap) : files(files), trap(trap) {}
+
+    /// Language in force by the file, empty while none has been chosen.
+    std::string CurrentLanguage();
+    void StoreCurrentLanguage(std::string_view language);
+    /// Empty where the section has no such key.
+    std::string Translation(std::string_view language, std::string_view key);
+    std::string LanguageOnOffer(int number);
+
+    /// The translation into the current language, or the default.
+    std::string TranslateWord(std::string_view key, std::string_view missing);
+
+    /// The language of the routines below, set once at start-up.
+    void SetFLLanguage(std::string_view language) { foreignLanguage = language; }
+    void SetFLButton(Button& control, std::string_view key) { SetCaption(control, key); }
+    void SetFLLabel(Label& control, std::string_view key) { SetCaption(control, key); }
+    void SetFLCheckBox(CheckBox& control, std::string_view key) { SetCaption(control, key); }
+    void SetFLMenu(MenuEntry& control, std::string_view key) { SetCaption(control, key); }
+    void SetFLForm(Form& form, std::string_view key);
+    /// The bar always gets a text: the translation, or the default.
+    void SetFLStatusbar(StatusBar& bar, std::string_view key, std::string_view missing);
+    void SetFLListViewColumnHeader(ListView& list, std::string_view key, std::size_t column);
+    /// The entries of a pop-up menu.
+    void SetFLOnMenu(Menu& menu);
+
+    /// The captions of a dialog as it is loaded, by the table of caption keys; nothing in English.
+    void TranslateForm(Form& form);
+    /// The captions of the main view, by the same table.
+    void TranslateView(Container& view, std::string_view language);
+
+    /// A lobby's name behind the word for "Lobby", on the title of the chat. Nothing when the language lacks the word:
+    /// the caption then stays as it was.
+    void SetLobbyCaption(Label& label, std::string_view lobby);
+
+private:
+    void SetCaption(Captioned& control, std::string_view key);
+
+    IniFiles& files;
+    Trap& trap;
+    std::string foreignLanguage;
+};
+
+} // namespace ombrin
