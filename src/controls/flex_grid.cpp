@@ -74,6 +74,11 @@ void FlexGrid::SetRowHeight(int atRow, int twips) {
     Changed();
 }
 
+int FlexGrid::ColWidth(int atColumn) const {
+    Check(atColumn, kColumns);
+    return widths[static_cast<std::size_t>(atColumn)];
+}
+
 void FlexGrid::SetColWidth(int atColumn, int twips) {
     Check(atColumn, kColumns);
     widths[static_cast<std::size_t>(atColumn)] = twips;
@@ -82,6 +87,7 @@ void FlexGrid::SetColWidth(int atColumn, int twips) {
 
 void FlexGrid::RemoveItem(int atRow) {
     Check(atRow, Rows());
+    if (atRow == 0) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
     lines.erase(lines.begin() + atRow);
     KeepInside();
 }

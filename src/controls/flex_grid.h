@@ -38,9 +38,10 @@ public:
     Alignment AlignmentAt(int atRow, int atColumn) const;
     int RowHeight(int atRow) const { return At(atRow).height; }
     void SetRowHeight(int atRow, int twips);
-    int ColWidth(int atColumn) const { return widths.at(static_cast<std::size_t>(atColumn)); }
+    int ColWidth(int atColumn) const;
     void SetColWidth(int atColumn, int twips);
 
+    /// The header cannot be removed (5).
     void RemoveItem(int atRow);
     /// Empties the cells, also those of the header; rows and heights stay.
     void Clear();

@@ -25,8 +25,12 @@ public:
     /// Shows the form over everything else and returns when it was hidden, with sockets and timers running meanwhile.
     /// Raises 400 when it is visible already, and ProgramEnding when the program ends.
     void ShowModal();
+    /// Shows the form beside the main view and returns at once. Raises 401 while a modal form is shown; a form that is
+    /// visible already stays as it is.
+    void Show();
     /// Ends the wait on it; a hidden form stays as it is.
     void Hide();
+    bool IsModal() const { return modal; } ///< as it was shown last
 
     std::function<void()> Load;
     std::function<void()> Activate, Deactivate; ///< it comes to the top, or another form or nothing takes its place
@@ -38,7 +42,7 @@ private:
     ModalStack& stack;
     FormKind kind;
     std::string caption;
-    bool visible = false, loaded = false;
+    bool visible = false, modal = true, loaded = false;
 };
 
 } // namespace ombrin

@@ -9,11 +9,11 @@ void ListBox::Clear() {
 }
 
 void ListBox::Select(RowId row, bool on) {
-    if (!form.several) {
-        if (rows.Has(selected) && !(selected == row)) rows.SetSelected(selected, false);
-        selected = on ? row : RowId{};
-    }
+    const RowId before = SelectedRow();
     rows.SetSelected(row, on);
+    if (form.several) return;
+    if (on && before && !(before == row)) rows.SetSelected(before, false);
+    if (on || before == row) selected = on ? row : RowId{};
 }
 
 RowId ListView::Add(std::string_view text) {
@@ -37,9 +37,9 @@ void ListView::Clear() {
 }
 
 void ListView::Select(RowId row) {
-    if (rows.Has(selected)) rows.SetSelected(selected, false);
-    selected = row;
     rows.SetSelected(row, true);
+    if (rows.Has(selected) && !(selected == row)) rows.SetSelected(selected, false);
+    selected = row;
 }
 
 void ListView::SetHeader(std::size_t column, std::string_view text) {

@@ -25,6 +25,8 @@ void Form::EnsureLoaded() {
 
 void Form::ShowModal() { stack.ShowModal(*this); }
 
+void Form::Show() { stack.ShowModeless(*this); }
+
 void Form::Hide() { stack.Hide(*this); }
 
 ModalStack::Frame::Frame(ModalStack& stack, Form& form) : stack(stack), form(form) { stack.frames.push_back(this); }
@@ -43,17 +45,35 @@ void ModalStack::ShowModal(Form& form) {
     if (ending) throw ProgramEnding{}; // loading may have waited
     if (form.visible) throw RuntimeError(ErrorNumber::FormAlreadyShown);
 
-    Form* const below = Top();
     const Frame frame(*this, form);
+    Appear(form, true);
+    waiter.RunUntil(frame.ended);
+    if (ending) throw ProgramEnding{};
+}
+
+void ModalStack::ShowModeless(Form& form) {
+    if (ending) throw ProgramEnding{};
+    if (form.visible) return;
+    if (TopModal() != nullptr) throw RuntimeError(ErrorNumber::ModelessUnderModal);
+    form.EnsureLoaded();
+    if (!form.visible) Appear(form, false);
+}
+
+Form* ModalStack::TopModal() const {
+    const auto found = std::find_if(visible.rbegin(), visible.rend(), [](const Form* form) { return form->modal; });
+    return found == visible.rend() ? nullptr : *found;
+}
+
+void ModalStack::Appear(Form& form, bool modal) {
+    Form* const below = Top();
     if (TakesTheActivation(form) && below != nullptr) Run(below->Deactivate);
     form.visible = true;
+    form.modal = modal;
     visible.push_back(&form);
     UpdateHold();
     if (observer != nullptr) observer->FormShown(form);
     if (form.Focus() == nullptr && form.Default != nullptr) form.Default->SetFocus();
     Run(form.Activate);
-    waiter.RunUntil(frame.ended);
-    if (ending) throw ProgramEnding{};
 }
 
 void ModalStack::TakeAway(Form& form) {

@@ -36,10 +36,13 @@ public:
     FormObserver* Observer() const { return observer; }
 
     void ShowModal(Form& form);
+    void ShowModeless(Form& form);
     void Hide(Form& form);
 
     /// nullptr when only the main view is there.
     Form* Top() const { return visible.empty() ? nullptr : visible.back(); }
+    /// The form that keeps input from everything else; nullptr for none.
+    Form* TopModal() const;
     const std::vector<Form*>& Visible() const { return visible; }
     std::size_t Depth() const { return frames.size(); }
 
@@ -60,6 +63,7 @@ private:
         bool ended = false;
     };
 
+    void Appear(Form& form, bool modal);
     void TakeAway(Form& form);
     void UpdateHold() { holdEvents(visible.size() >= kOpenLimit || frames.size() >= kWaitLimit); }
 

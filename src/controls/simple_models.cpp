@@ -15,8 +15,8 @@ void OptionButton::SetOn(bool value) {
 }
 
 void TextBox::SetText(std::string_view value) {
-    selStart = selLength = 0;
-    Set(text, std::string(value));
+    text = value;
+    Select(0, 0);
 }
 
 void TextBox::Type(std::string_view value) {

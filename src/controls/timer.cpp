@@ -1,7 +1,5 @@
 #include "controls/timer.h"
 
-#include <algorithm>
-
 namespace ombrin {
 
 Timer::Timer(Container& parent, Alarms& alarms, std::string name, Milliseconds interval, bool on)
@@ -12,17 +10,19 @@ Timer::Timer(Container& parent, Alarms& alarms, std::string name, Milliseconds i
 void Timer::SetOn(bool value) {
     if (on == value) return;
     on = value;
-    alarms.Cancel(alarm);
-    alarm = Alarms::kNone;
-    if (on) Arm(alarms.Now() + interval);
+    Restart();
 }
 
 void Timer::SetInterval(Milliseconds value) {
     if (interval == value) return;
     interval = value;
-    if (!on) return;
-    SetOn(false);
-    SetOn(true);
+    Restart();
+}
+
+void Timer::Restart() {
+    alarms.Cancel(alarm);
+    alarm = Alarms::kNone;
+    if (on && interval > Milliseconds(0)) Arm(alarms.Now() + interval);
 }
 
 void Timer::Arm(TimePoint when) {
@@ -31,8 +31,9 @@ void Timer::Arm(TimePoint when) {
 }
 
 void Timer::Due() {
-    // Ticks that a busy machine has missed are not made up for.
-    Arm(std::max(due + interval, alarms.Now()));
+    // Ticks that a busy machine has missed are not made up for, and the beat stays.
+    const auto missed = (alarms.Now() - due) / interval;
+    Arm(due + (missed + 1) * interval);
     if (running || !Tick) return;
     struct Running {
         bool& flag;

@@ -22,13 +22,14 @@ RowId RowAt(const RowList& rows, long row) { return row < 0 ? RowId{} : rows.At(
 
 Refusal UserInput::Reach(const Control& control) const {
     const Container& parent = control.Parent();
-    const Form* top = stack.Top();
+    const Form* top = stack.TopModal();
     if (&parent == &view) {
         if (!viewShown) return Refused("the view is not shown");
         if (top != nullptr) return Refused(Join("behind ", top->Name()));
         if (!view.Enabled()) return Refused("the view is disabled");
     } else if (&parent != top) {
-        return Refused(top == nullptr ? "its form is not shown" : Join("behind ", top->Name()));
+        if (top != nullptr) return Refused(Join("behind ", top->Name()));
+        if (!static_cast<const Form&>(parent).Visible()) return Refused("its form is not shown");
     }
     if (!control.Visible()) return Refused("hidden");
     if (!control.Enabled()) return Refused("disabled");
@@ -41,32 +42,36 @@ Refusal UserInput::Focus(Control& control) {
     return kTaken;
 }
 
+void UserInput::Take(Control& control) {
+    view.CloseMenu();
+    control.SetFocus();
+}
+
 Refusal UserInput::Click(Control& control) {
     if (const Refusal refusal = Reach(control)) return refusal;
-    view.CloseMenu();
     switch (control.Kind()) {
     case ControlKind::Button: {
         auto& button = static_cast<Button&>(control);
         if (!button.Click) return Refused("does nothing yet");
-        button.SetFocus();
+        Take(button);
         return Run(button.Click);
     }
     case ControlKind::OptionButton: {
         auto& option = static_cast<OptionButton&>(control);
-        option.SetFocus();
+        Take(option);
         option.SetOn(true);
         return Run(option.Click);
     }
     case ControlKind::ListBox: {
         auto& list = static_cast<ListBox&>(control);
         if (!list.SelectedRow()) return Refused("no row is selected");
-        list.SetFocus();
+        Take(list);
         return Run(list.Click);
     }
     case ControlKind::ListView: {
         auto& list = static_cast<ListView&>(control);
         if (!list.SelectedItem()) return Refused("no row is selected");
-        list.SetFocus();
+        Take(list);
         return Run(list.ItemClick);
     }
     default:
@@ -76,9 +81,8 @@ Refusal UserInput::Click(Control& control) {
 
 Refusal UserInput::ClickCell(FlexGrid& grid, int row, int column) {
     if (const Refusal refusal = Reach(grid)) return refusal;
-    view.CloseMenu();
     if (row < 0 || row >= grid.Rows() || column < 0 || column >= FlexGrid::kColumns) return Refused("no such cell");
-    grid.SetFocus();
+    Take(grid);
     if (row > 0) { // the header is fixed
         grid.SetRow(row);
         grid.SetCol(column);
@@ -88,13 +92,12 @@ Refusal UserInput::ClickCell(FlexGrid& grid, int row, int column) {
 
 Refusal UserInput::SelectRow(Control& control, long row, bool on) {
     if (const Refusal refusal = Reach(control)) return refusal;
-    view.CloseMenu();
     if (control.Kind() == ControlKind::ListBox) {
         auto& list = static_cast<ListBox&>(control);
         const RowId id = RowAt(list.rows, row);
         if (!id) return Refused("no such row");
         if (!on && !list.IsForSeveral()) return Refused("a row of this list stays selected");
-        list.SetFocus();
+        Take(list);
         list.Select(id, on);
         return Run(list.Click);
     }
@@ -103,7 +106,7 @@ Refusal UserInput::SelectRow(Control& control, long row, bool on) {
         const RowId id = RowAt(list.rows, row);
         if (!id) return Refused("no such row");
         if (!on) return Refused("a row of this list stays selected");
-        list.SetFocus();
+        Take(list);
         list.Select(id);
         return Run(list.ItemClick);
     }
@@ -148,25 +151,23 @@ Refusal UserInput::Choose(MenuEntry& entry) {
 
 Refusal UserInput::Type(TextBox& box, std::string_view text) {
     if (const Refusal refusal = Reach(box)) return refusal;
-    view.CloseMenu();
     if (text.find_first_of(std::string_view("\r\n\0", 3)) != std::string_view::npos) return Refused("one line only");
-    box.SetFocus();
+    Take(box);
     box.Type(text);
     return kTaken;
 }
 
 Refusal UserInput::Key(Control& control, int& key, int shift) {
     if (const Refusal refusal = Reach(control)) return refusal;
-    view.CloseMenu();
     if (control.Kind() == ControlKind::FlexGrid) {
         auto& grid = static_cast<FlexGrid&>(control);
-        grid.SetFocus();
+        Take(grid);
         if (grid.KeyDown) grid.KeyDown(key, shift);
         return kTaken;
     }
     if (control.Kind() != ControlKind::TextBox) return Refused("takes no keys");
     auto& box = static_cast<TextBox&>(control);
-    box.SetFocus();
+    Take(box);
     if ((shift & kControl) != 0) return kTaken; // a shortcut, and no text
     if (box.KeyPress) box.KeyPress(key);
     constexpr int kBackspace = 8;
@@ -176,18 +177,21 @@ Refusal UserInput::Key(Control& control, int& key, int shift) {
 
 Refusal UserInput::Check(CheckBox& box, bool on) {
     if (const Refusal refusal = Reach(box)) return refusal;
-    view.CloseMenu();
-    box.SetFocus();
+    Take(box);
     box.SetOn(on);
     return kTaken;
 }
 
 Refusal UserInput::PressButton(BoxResult button) {
-    Form* top = stack.Top();
-    if (auto* box = dynamic_cast<MessageBoxForm*>(top))
-        return box->Press(button) ? kTaken : Refused("the box has no such button");
+    Form* top = stack.TopModal();
+    if (auto* box = dynamic_cast<MessageBoxForm*>(top)) {
+        if (!box->Press(button)) return Refused("the box has no such button");
+        view.CloseMenu();
+        return kTaken;
+    }
     if (auto* box = dynamic_cast<InputBoxForm*>(top)) {
         if (button != BoxResult::Cancel && button != BoxResult::Ok) return Refused("the box has no such button");
+        view.CloseMenu();
         button == BoxResult::Ok ? box->Accept() : box->Cancel();
         return kTaken;
     }
@@ -195,7 +199,7 @@ Refusal UserInput::PressButton(BoxResult button) {
 }
 
 Refusal UserInput::AnswerText(std::string_view text) {
-    auto* box = dynamic_cast<InputBoxForm*>(stack.Top());
+    auto* box = dynamic_cast<InputBoxForm*>(stack.TopModal());
     if (box == nullptr) return Refused("no input box is on top");
     if (const Refusal refusal = Type(box->Answer, text)) return refusal;
     box->Accept();
@@ -203,8 +207,10 @@ Refusal UserInput::AnswerText(std::string_view text) {
 }
 
 Refusal UserInput::Close(Form& form) {
-    if (&form != stack.Top()) return Refused(form.Visible() ? "behind another form" : "not shown");
+    if (!form.Visible()) return Refused("not shown");
+    if (stack.TopModal() != nullptr && &form != stack.TopModal()) return Refused("behind another form");
     if (!form.CloseBox) return Refused("has no close box");
+    view.CloseMenu();
     return Run(form.CloseBox);
 }
 

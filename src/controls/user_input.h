@@ -50,6 +50,8 @@ public:
     Refusal Close(Form& form);
 
 private:
+    /// What every input that is taken does first.
+    void Take(Control& control);
     Refusal SelectRow(Control& list, long row, bool on);
 
     View& view;

@@ -124,7 +124,7 @@ std::string Describe(const Form& form, const CodePage& page) {
              {"enabled", true},
              {"focus", false},
              {"caption", page.ToUtf8(form.Caption())},
-             {"modal", true}};
+             {"modal", form.IsModal()}};
     if (const auto* box = dynamic_cast<const MessageBoxForm*>(&form)) out["text"] = page.ToUtf8(box->Text());
     if (const auto* box = dynamic_cast<const InputBoxForm*>(&form)) out["text"] = page.ToUtf8(box->Prompt());
     return out.dump();
@@ -163,7 +163,7 @@ std::string DescribeEvent(const recording::Event& event, const CodePage& page) {
 }
 
 std::string DescribeShown(const Form& form, const CodePage& page) {
-    Json out{{"event", "show"}, {"form", form.Name()}, {"modal", true}};
+    Json out{{"event", "show"}, {"form", form.Name()}, {"modal", form.IsModal()}};
     if (const auto* box = dynamic_cast<const MessageBoxForm*>(&form)) {
         out["text"] = page.ToUtf8(box->Text());
         out["title"] = page.ToUtf8(box->Caption());

@@ -1,0 +1,98 @@
+// A logged-on client under arrivals that are cut anywhere. In the input, the byte 255 ends an arrival; what is left of
+// the input arrives nested while forms are open, and a user who presses the first button closes them at the end.
+#include "fuzz_target.h"
+
+#include "foundation/runtime_error.h"
+#include "support/recorded_world.h"
+
+#include <string>
+
+namespace ombrin::fuzz {
+
+namespace {
+
+class FuzzedClient : private Waiter {
+public:
+    explicit FuzzedClient(std::string_view input) : input(input) {}
+
+    void Run() {
+        client.Inis().Write("AVfLang.ini", "CurrentLanguage", "Language", "English");
+        bool over = false;
+        world.loop.Post([this] { client.UserControl_Show(std::nullopt); });
+        world.loop.Post([&] { over = true; });
+        RunUntil(over);
+        while (!client.Stack().Ending() && Step()) {
+        }
+        client.Stack().RequestEnd();
+        Require(client.Stack().Visible().empty() && client.Stack().Depth() == 0, "nothing is open at the end");
+        try {
+            client.UserControl_Terminate();
+        } catch (const ProgramEnding&) {
+        }
+    }
+
+private:
+    static constexpr int kPresses = 200; ///< a user's patience
+
+    void RunUntil(const bool& ended) override {
+        while (!ended && !client.Stack().Ending())
+            if (!Step()) client.Stack().RequestEnd();
+    }
+    void Block(Milliseconds) override {}
+
+    /// An event, else the next arrival, else a press of the user; false when all are used up.
+    bool Step() {
+        try {
+            if (world.loop.DispatchOne() || Arrive()) return true;
+            if (presses == kPresses || client.Stack().Top() == nullptr) return false;
+            ++presses;
+            Press(*client.Stack().Top());
+        } catch (const ProgramEnding&) {
+        }
+        return true;
+    }
+
+    bool Arrive() {
+        auto& server = *world.network.last;
+        if (server.State() == SocketState::Connecting) return server.Accept(), true;
+        // As the loop is held at this depth, nothing is read.
+        const bool held = client.Stack().Visible().size() >= ModalStack::kOpenLimit;
+        if (input.empty() || held || !server.IsConnected()) return false;
+        const std::size_t end = input.find('\xFF');
+        const std::string_view arrival = input.substr(0, end);
+        input.remove_prefix(end == std::string_view::npos ? input.size() : end + 1);
+        if (!arrival.empty()) server.Sends(arrival);
+        return true;
+    }
+
+    void Press(Form& top) {
+        UserInput& input = client.Input();
+        Dialogs& forms = client.Forms();
+        if (&top == &forms.UsrNmPwIP) {
+            input.Type(forms.UsrNmPwIP.LogonName, "ann");
+            input.Type(forms.UsrNmPwIP.HostMachine, "lobby.example");
+            input.Click(forms.UsrNmPwIP.Connect);
+        } else if (&top == &forms.LobbyFilter) {
+            input.Click(forms.LobbyFilter.SelectAll);
+            if (!input.Click(forms.LobbyFilter.OK) && top.Visible()) client.Stack().RequestEnd(); // no lobby to choose
+        } else if (&top == &forms.ExeMainLobby) {
+            input.Click(forms.ExeMainLobby.ExeGameSelect);
+        } else if (input.Close(top) && input.PressButton(BoxResult::No)) {
+            Require(false, "every form can be closed");
+        }
+    }
+
+    test::RecordedWorld world;
+    GameLobby client{world.ForClient(*this)};
+    std::string_view input;
+    int presses = 0;
+};
+
+} // namespace
+
+} // namespace ombrin::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    ombrin::fuzz::FuzzedClient(ombrin::fuzz::AsText(data, size)).Run();
+    return 0;
+}

@@ -1,0 +1,299 @@
+// The lobby world: the list of lobbies and the moves between them, its users, its chat, ignored users.
+#include "support/played_client.h"
+
+#include "lobby/text_colour.h"
+#include "session/wire/codec.h"
+
+namespace ombrin::test {
+
+namespace {
+
+using Rows = std::vector<std::string>;
+
+struct InLobby : PlayedClient, testing::Test {
+    InLobby() { LogsOn(); }
+
+    int Image(const std::string& user) { return view.UserList.rows.Image(view.UserList.rows.Find(user)); }
+    std::optional<Colour> ColourOf(const std::string& user) {
+        return view.UserList.rows.RowColour(view.UserList.rows.Find(user));
+    }
+};
+
+struct BeforeLobby : PlayedClient, testing::Test {
+    void LogsOnBefore(const std::string& displayed) {
+        HasChosen(displayed);
+        Shows();
+        Connects();
+        Accepts();
+        Heard();
+    }
+};
+
+} // namespace
+
+TEST_F(BeforeLobby, TheFirstRunChoosesTheLobbiesAndThereIsNoWayOutWithoutAChoice) {
+    LogsOnBefore("");
+    Sends("45:10.0.0.5;~22:Chess,3;Go,12;~0:ann;1;~");
+    LobbyFilter& filter = forms.LobbyFilter;
+    EXPECT_EQ(Top(), "LobbyFilter");
+    Presses(filter.OK);
+    EXPECT_EQ(filter.StatusBar1.Text(), "At leat one game must be selected.");
+    Closes(filter);
+    EXPECT_EQ(filter.StatusBar1.Text(), "At least one game must be selected and you must press OK.");
+    Presses(filter.SelectAll);
+    Selects(filter.GameList, 0, false);
+    Presses(filter.OK);
+    EXPECT_EQ(Heard(), "Ombrin:2:ann;Go;10.0.0.5;;:~");
+    EXPECT_EQ(Texts(view.lbLobbies.rows), Rows{"Go : 12"});
+    EXPECT_EQ(client.Inis().Read("AV.ini", "GameFilter", "DisplayedGames"), "Go;");
+    EXPECT_TRUE(view.Enabled()) << "the rest of the arrival was handled behind the dialog";
+    EXPECT_EQ(world.Told("sound"), Rows{"EnterLobby2"});
+}
+
+TEST_F(BeforeLobby, AFilterShowsExactNamesInTheServersOrderAndAnUnclosedItemIsNotSeen) {
+    const struct {
+        const char* displayed;
+        Rows rows;
+    } kCases[] = {
+        {"Go;", {"Go : 1"}},
+        {"go;", {"go : 3"}},
+        {"Half Life;Go;", {"Go : 1", "Half Life : 4"}},
+        {"Half Life;Go", {"Half Life : 4"}},
+    };
+    for (const auto& row : kCases) {
+        PlayedClient other;
+        other.HasChosen(row.displayed);
+        other.Shows();
+        other.Connects();
+        other.Accepts();
+        other.Sends("22:Go,1;Goban,2;go,3;Half Life,4;~");
+        EXPECT_EQ(Texts(other.view.lbLobbies.rows), row.rows) << row.displayed;
+    }
+}
+
+TEST_F(BeforeLobby, WithoutADisplayedLobbyTheChoiceFailsAndNothingIsSent) {
+    LogsOnBefore("Nosuch;");
+    Sends("22:Go,1;~");
+    EXPECT_TRUE(BoxText().starts_with("Error: occured in module SwitchLobbies().  Error number: 5,")) << BoxText();
+    Answers(BoxResult::Ok);
+    EXPECT_EQ(Heard(), "");
+    EXPECT_EQ(Marks().m_UserData, "ann;temp;192.0.2.10");
+}
+
+TEST_F(BeforeLobby, ARefusedPasswordAsksForLobbyAndPasswordUntilTheServerIsContent) {
+    LogsOnBefore("Go;");
+    Sends("45:10.0.0.5;~22:Go,1;~");
+    Heard();
+    Sends("46:Go,1;Half Life,2;~");
+    ExeMainLobby& dialog = forms.ExeMainLobby;
+    EXPECT_EQ(Top(), "ExeMainLobby");
+    EXPECT_EQ(dialog.StatusBar.Text(), "Invalid lobby password");
+    EXPECT_TRUE(dialog.Password.HasFocus());
+    Selects(dialog.ExeGameList, 1);
+    EXPECT_EQ(dialog.StatusBar.Text(), "Ready");
+    for (const char* bad : {"a:b", "a;b", "a~b"}) {
+        Types(dialog.Password, bad);
+        Presses(dialog.ExeGameSelect);
+        EXPECT_EQ(dialog.StatusBar.Text(), "Invalid lobby password");
+    }
+    Types(dialog.Password, "wrong");
+    DoubleClicks(dialog.ExeGameList, 1);
+    EXPECT_EQ(Heard(), "Ombrin:2:ann;Half Life;10.0.0.5;;:~") << "the click of a double click empties the box";
+    EXPECT_EQ(Top(), "Connection");
+    Sends("46:Half Life,3;~");
+    EXPECT_EQ(Top(), "ExeMainLobby");
+    EXPECT_EQ(Texts(dialog.ExeGameList.rows), Rows{"Half Life : 3"});
+    Ticks(dialog.RememberPasswords, true);
+    Types(dialog.Password, "sesame");
+    EXPECT_EQ(Key(dialog.Password, UserInput::kEnter), 0);
+    EXPECT_EQ(Heard(), "Ombrin:2:ann;Half Life;10.0.0.5;sesame;:~");
+    EXPECT_EQ(client.Store().GetSetting("Lobby Passwords", "Half Life"), "sesame");
+    Sends("46:~");
+    EXPECT_EQ(Texts(dialog.ExeGameList.rows), Rows{"Half Life : 3"}) << "an empty list leaves the rows";
+    EXPECT_EQ(dialog.Password.Text(), "sesame") << "remembered";
+    Presses(dialog.ExeGameSelect);
+    Sends("0:ann;1;~");
+    EXPECT_EQ(Top(), "");
+    EXPECT_TRUE(view.Enabled());
+    EXPECT_EQ(Texts(view.lbLobbies.rows), Rows{"Go : 1"}) << "a refusal clears nothing";
+}
+
+TEST_F(InLobby, CountsFollowWhoComesAndGoes) {
+    const struct {
+        const char* message;
+        Rows rows;
+    } kCases[] = {
+        {"48:dan;Go;~", {"Go : 2", "Chess : 2"}},        {"49:dan;Go;0;~", {"Go : 1", "Chess : 2"}},
+        {"49:dan;Go;1;~", {"Go : 0", "Chess : 2"}},      {"49:eve;Go;1;~", {"Go : -1", "Chess : 2"}},
+        {"48:dan; Chess ;~", {"Go : -1", "Chess : 3"}},  {"48:dan;go;~48:dan;G;~", {"Go : -1", "Chess : 3"}},
+        {"48:;Go;~", {"Go : -1", "Chess : 3"}},
+    };
+    Selects(view.lbLobbies, 1);
+    for (const auto& row : kCases) {
+        Sends(row.message);
+        EXPECT_EQ(Texts(view.lbLobbies.rows), row.rows) << row.message;
+    }
+    EXPECT_EQ(view.lbLobbies.SelectedText(), "Chess : 3") << "the selection stays";
+    EXPECT_EQ(Top(), "");
+}
+
+TEST_F(InLobby, ACountAtTheEndOfItsRangeIsReportedAndStays) {
+    view.lbLobbies.rows.SetText(view.lbLobbies.rows.At(0), "Go : 32767");
+    Sends("48:dan;Go;~");
+    EXPECT_TRUE(BoxText().starts_with("Error: occured in module UpdateLobbyUserCount().  Error number: 6,"));
+    EXPECT_EQ(view.lbLobbies.SelectedText(), "Go : 32767");
+    Answers(BoxResult::Ok);
+}
+
+TEST_F(InLobby, AMoveEmptiesTheViewsAndEntersTheSelectedLobby) {
+    Sends("1:bob:hello:;~");
+    for (const bool byMenu : {false, true}) {
+        const long row = byMenu ? 0 : 1;
+        if (byMenu)
+            Chooses(view.lbLobbies, row, view.EnterLobby);
+        else
+            DoubleClicks(view.lbLobbies, row);
+        EXPECT_EQ(Heard(), byMenu ? "Ombrin:12:ann;Chess;10.0.0.5;:~" : "Ombrin:12:ann;Go;10.0.0.5;:~");
+        EXPECT_FALSE(view.Enabled() || view.CleanUpTimer.On());
+        EXPECT_EQ(view.UserList.rows.Count(), 0u);
+        EXPECT_TRUE(Chat().empty());
+        EXPECT_EQ(view.lbAllUsers.rows.Count(), 3u) << "the service's users stay";
+        Sends("22:Go,9;Chess,9;~");
+        EXPECT_EQ(Heard(), byMenu ? "Ombrin:2:ann;Go;10.0.0.5;;:~" : "Ombrin:2:ann;Chess;10.0.0.5;;:~");
+        Sends("0:ann;1;~");
+        Heard();
+        EXPECT_EQ(Texts(view.lbLobbies.rows), (Rows{"Go : 1", "Chess : 2"})) << "the list is filled once";
+    }
+    DoubleClicks(view.lbLobbies, 0);
+    EXPECT_EQ(Heard(), "");
+    EXPECT_NE(world.LogText().find("trying to enter lobby Go currently in this lobby, ignored."), std::string::npos);
+}
+
+TEST_F(InLobby, ALobbySetByTheServerChangesRecordAndCaptionAlone) {
+    Sends("21:Chess;~");
+    EXPECT_EQ(Marks().m_UserData, "ann;Chess;10.0.0.5");
+    EXPECT_EQ(view.ChatFrame.Caption(), "Lobby - Chess");
+    EXPECT_EQ(view.lbLobbies.SelectedText(), "Go : 1");
+    EXPECT_EQ(Heard(), "");
+}
+
+TEST_F(InLobby, UsersComeWithTheirStatusAndASoundForOthers) {
+    Sends("0:dan;3;eve;5;~0:ann;1;~");
+    EXPECT_EQ(world.Told("sound"), Rows{"EnterLobby.wav"});
+    EXPECT_EQ(Heard(), "Ombrin:19:ann:~");
+    EXPECT_EQ(Heard(), "Ombrin:19:ann:~");
+    EXPECT_EQ(Image("dan"), 3);
+    EXPECT_EQ(Image("eve"), 0);
+    const struct {
+        const char* status;
+        int image;
+    } kChanges[] = {{"1", 1}, {"2", 2}, {"3", 3}, {"5", 2}, {"9", 2}, {"", 2}, {"1", 1}};
+    for (const auto& row : kChanges) {
+        Sends(std::string("13:") + row.status + ":bob;Arena;;3:nobody;;;~");
+        EXPECT_EQ(Image("bob"), row.image) << "status " << row.status;
+    }
+    Sends("15:ann;~15:nobody;~15:;~");
+    EXPECT_EQ(Texts(view.UserList.rows), (Rows{"bob", "cid", "dan", "eve", "ann"})) << "the first of two rows goes";
+}
+
+TEST_F(InLobby, EverybodyOnTheServiceIsKeptInOrder) {
+    Sends("48:Bea;Chess;~48:bob;Go;~49:cid;Go;0;~");
+    EXPECT_EQ(Texts(view.lbAllUsers.rows), (Rows{"ann", "Bea", "bob", "cid"}));
+    Sends("49:ann;Go;1;~47:x;~");
+    EXPECT_EQ(Texts(view.lbAllUsers.rows), Rows{"x"});
+}
+
+TEST_F(InLobby, ChatGoesOutEncodedAndIsShownAsTyped) {
+    for (const char* text : {"hi", "a:b;c~d", ":;~", "no end:"}) {
+        Types(view.MainText, text);
+        if (text[0] == 'h')
+            Presses(view.SendMain);
+        else
+            EXPECT_EQ(Key(view.MainText, UserInput::kEnter), 0);
+        EXPECT_EQ(Heard(), "Ombrin:3:ann;Go;10.0.0.5;" + EncodeData(text) + ";:~");
+        EXPECT_EQ(Chat().back(), std::string("ann: ") + text);
+        Sends("1:bob:" + EncodeData(text) + ":;ann:echo:;~");
+        EXPECT_EQ(Chat().back(), std::string("bob: ") + text) << "the echo of the own line is dropped";
+        EXPECT_EQ(view.MainText.Text(), "");
+    }
+    EXPECT_EQ(Key(view.MainText, UserInput::kEnter), UserInput::kEnter) << "an empty box lets the key through";
+    EXPECT_EQ(Heard(), "");
+}
+
+TEST_F(InLobby, AChatViewKeepsNinetyNineLinesWithTheirHeights) {
+    FlexGrid& grid = view.msflxMainChatLines;
+    Sends("1:bob:0:;~");
+    EXPECT_EQ(grid.Rows(), 2);
+    EXPECT_EQ(grid.RowHeight(1), 248) << "one line of 16 pixels, and 8 twips";
+    // 3600 twips are 240 pixels, thirty characters.
+    Sends("1:bob:" + std::string(30, 'a') + " " + std::string(30, 'b') + " c:;~");
+    EXPECT_EQ(grid.RowHeight(2), 3 * 16 * 15 + 8);
+    for (int i = 2; i <= 100; ++i) Sends("1:bob:" + std::to_string(i) + ":;~");
+    EXPECT_EQ(grid.Rows(), Chat::kRowLimit);
+    EXPECT_EQ(Chat().front(), "bob: 2");
+    EXPECT_EQ(Chat().back(), "bob: 100");
+    EXPECT_EQ(grid.TopRow(), grid.Rows() - 1);
+    EXPECT_EQ(Key(grid, 67, UserInput::kControl), 0);
+    EXPECT_EQ(world.Told("clipboard"), Rows{"100"}) << "the text, never the sender";
+    Tries([&](UserInput& input) { return input.ClickCell(grid, 5, 0); });
+    Key(grid, 67, UserInput::kControl);
+    EXPECT_EQ(world.Told("clipboard").back(), "6");
+    Sends("1:bob:more:;~");
+    EXPECT_EQ(Chat().back(), "bob: more") << "a click on an old line does not move where new ones go";
+}
+
+TEST(ChatSounds, SoundOnlyWhenTheSettingIsOneAtTheStart) {
+    for (const auto& [setting, sounds] : {std::pair("1", 3u), std::pair("0", 0u), std::pair("", 0u), std::pair("true", 0u)}) {
+        PlayedClient client;
+        client.client.Store().SaveSetting("Settings", "EnableChatLineSounds", setting);
+        client.LogsOn();
+        client.Sends("1:bob:one:;cid:two:;ann:own:;~");
+        client.Types(client.view.MainText, "three");
+        client.Presses(client.view.SendMain);
+        EXPECT_EQ(client.world.Told("sound").size(), sounds) << setting;
+    }
+}
+
+TEST_F(InLobby, AnIgnoredUserIsPaintedAndHisLinesDoNotShow) {
+    Chooses(view.UserList, 1, view.IgnoreUser);
+    EXPECT_EQ(ColourOf("bob"), kIgnoredColour);
+    Sends("1:bob:hidden:;cid:seen:;~");
+    EXPECT_EQ(Chat(), Rows{"cid: seen"});
+    Chooses(view.UserList, 0, view.IgnoreUser);
+    EXPECT_EQ(ColourOf("ann"), std::nullopt) << "nobody ignores himself";
+    Chooses(view.UserList, 1, view.IgnoreUser);
+    EXPECT_EQ(Top(), "") << "a second time is passed over";
+
+    DoubleClicks(view.lbLobbies, 1);
+    Sends("22:Go,1;~0:ann;1;bob;1;~");
+    EXPECT_EQ(ColourOf("bob"), kIgnoredColour) << "also after a change of lobby";
+    client.Store().SaveSetting("Settings", "TextColor", "255");
+    Chooses(view.UserList, 1, view.UnignoreUser);
+    EXPECT_EQ(ColourOf("bob"), 255);
+    Sends("1:bob:back:;~");
+    EXPECT_EQ(Chat(), Rows{"bob: back"});
+}
+
+TEST_F(InLobby, TheMenuOnAnEmptyListReportsInsteadOfGoingWrong) {
+    Sends("15:ann;~15:bob;~15:cid;~");
+    Chooses(view.UserList, -1, view.IgnoreUser);
+    EXPECT_TRUE(BoxText().starts_with("Error: occured in module IgnoreUser_Click().")) << BoxText();
+    Answers(BoxResult::Ok);
+}
+
+TEST(TextColours, PaintListsAndChatsAndABadSettingIsReported) {
+    PlayedClient client;
+    client.client.Store().SaveSetting("Settings", "TextColor", "255");
+    client.LogsOn();
+    EXPECT_EQ(client.view.UserList.ForeColour(), 255);
+    EXPECT_EQ(client.view.MainText.ForeColour(), 255);
+    PlayedClient other;
+    other.HasChosen();
+    other.client.Store().SaveSetting("Settings", "TextColor", "green");
+    other.Shows();
+    EXPECT_TRUE(other.BoxText().starts_with("Error: occured in module SetTextColor().  Error number: 13,"));
+    other.Answers(BoxResult::Ok);
+    EXPECT_EQ(other.Top(), "UsrNmPwIP") << "the start goes on";
+}
+
+} // namespace ombrin::test

@@ -1,0 +1,393 @@
+// Start-up in both modes, the connection and the ways out of waiting for it, logon and accounts.
+#include "support/played_client.h"
+
+namespace ombrin::test {
+
+namespace {
+
+struct Session : PlayedClient, testing::Test {};
+
+constexpr const char* kNotConnected = "ERROR:  No longer connected to the server, data cannot be sent.";
+
+std::string Record(PlayedClient& client) { return client.Marks().m_UserData; }
+
+} // namespace
+
+TEST_F(Session, AnEmbeddedClientGoesStraightToItsLobby) {
+    HasChosen();
+    Shows("bob;Quake;10.0.0.1;80");
+    EXPECT_EQ(Top(), "");
+    EXPECT_EQ(Record(*this), "bob;Quake;10.0.0.1");
+    EXPECT_EQ(Server().RemoteHost, "10.0.0.1");
+    EXPECT_EQ(Server().RemotePort, 80);
+    Accepts();
+    EXPECT_EQ(Heard(), "Ombrin:2:bob;Quake;192.0.2.10;:~");
+    EXPECT_EQ(view.ChatFrame.Caption(), "Lobby - Quake");
+    EXPECT_TRUE(view.Configure.Visible());
+    EXPECT_FALSE(view.Enabled());
+}
+
+TEST_F(Session, TheFirstStartAsksForTheLanguageAndThenForTheLobbies) {
+    client.Inis().Write("AVfLang.ini", "Languages", "Language2", "Deutsch");
+    client.Inis().Write("AVfLang.ini", "Deutsch", "Cancel", "Abbrechen");
+    Shows();
+    EXPECT_EQ(Top(), "ChooseLanguage");
+    EXPECT_FALSE(forms.ChooseLanguage.Radio[0].Visible());
+    Presses(forms.ChooseLanguage.Radio[1]);
+    Presses(forms.ChooseLanguage.OKButton);
+    EXPECT_EQ(client.Inis().Read("AVfLang.ini", "CurrentLanguage", "Language"), "Deutsch");
+    Connects();
+    EXPECT_EQ(forms.Connection.CancelButton.Caption(), "Abbrechen");
+    Accepts();
+    Sends("22:Go,1;Chess,2;~");
+    EXPECT_EQ(Top(), "LobbyFilter");
+}
+
+TEST_F(Session, TheLogonDialogIsFilledFromTheStoreAndItsInputIsTested) {
+    HasChosen();
+    client.Store().SaveSetting("Settings", "UserName", "old");
+    client.Store().SaveSetting("Settings", "IP", "host7");
+    client.Store().SaveSetting("Settings", "HTTPPort", "");
+    Shows();
+    UsrNmPwIP& dialog = forms.UsrNmPwIP;
+    EXPECT_EQ(dialog.LogonName.Text(), "old");
+    EXPECT_EQ(dialog.HostMachine.Text(), "host7");
+    EXPECT_EQ(dialog.HTTPPort.Text(), "80");
+    EXPECT_TRUE(dialog.LogonName.HasFocus());
+    EXPECT_EQ(dialog.LogonName.SelLength(), 3u);
+
+    Types(dialog.LogonName, "");
+    Presses(dialog.Connect);
+    EXPECT_EQ(Top(), "UsrNmPwIP") << "an empty name is passed over without a message";
+    const struct {
+        TextBox& box;
+        std::string text, complaint;
+    } kBad[] = {
+        {dialog.LogonName, "a\"b", "ERROR:  usernames cannot contain"},
+        {dialog.LogonName, "a:b", "ERROR:  usernames cannot contain"},
+        {dialog.Password, "a;b", "ERROR:  passwords cannot contain"},
+    };
+    for (const auto& row : kBad) {
+        Types(dialog.LogonName, "good name");
+        Types(row.box, row.text);
+        Presses(dialog.Connect);
+        EXPECT_TRUE(BoxText().starts_with(row.complaint)) << row.text << ": " << BoxText();
+        Answers(BoxResult::Ok);
+        EXPECT_EQ(Top(), "UsrNmPwIP");
+    }
+    Types(dialog.LogonName, "a b");
+    Types(dialog.Password, "");
+    Types(dialog.HostMachine, "");
+    Presses(dialog.Connect);
+    EXPECT_EQ(BoxText(), "Host machine and HTTP port must be entered.");
+    Answers(BoxResult::Ok);
+    Types(dialog.HostMachine, "http://lobby7");
+    EXPECT_EQ(Key(dialog.HTTPPort, UserInput::kEnter), 0);
+    EXPECT_EQ(Top(), "Connection");
+    EXPECT_EQ(client.Store().GetSetting("Settings", "IP"), "lobby7");
+    EXPECT_EQ(Record(*this), "a b;temp;lobby7");
+    Accepts();
+    EXPECT_EQ(Heard(), "Ombrin:15:a b;temp;192.0.2.10;;:~") << "an empty password is a field of its own";
+}
+
+TEST_F(Session, OnlyTheTwoSpellingsOfASchemeAreCutOffTheHost) {
+    HasChosen();
+    Shows();
+    Connects();
+    for (const auto& [typed, kept] : {std::pair("HTTP://a", "a"), std::pair("Http://a", "Http://a")}) {
+        Presses(forms.Connection.CancelButton);
+        Types(forms.UsrNmPwIP.HostMachine, typed);
+        Presses(forms.UsrNmPwIP.Connect);
+        EXPECT_EQ(Marks().m_RemoteHost, kept);
+    }
+}
+
+TEST_F(Session, PresetsHideTheirFieldsAndTheStoreGoesBeforeTheFile) {
+    HasChosen();
+    client.Store().SaveSetting("Settings", "IP", "typed.before");
+    client.Store().SaveSetting("Settings", "DefaultIP", "preset.example");
+    client.Inis().Write("av.ini", "AutoConnect", "DefaultIP", "other.example");
+    client.Inis().Write("av.ini", "AutoConnect", "DefaultHTTPPort", "8080");
+    Shows();
+    EXPECT_EQ(forms.UsrNmPwIP.HostMachine.Text(), "preset.example");
+    EXPECT_EQ(forms.UsrNmPwIP.HTTPPort.Text(), "8080");
+    for (const Control* hidden : std::initializer_list<Control*>{&forms.UsrNmPwIP.HostMachine, &forms.UsrNmPwIP.Label3,
+                                                                 &forms.UsrNmPwIP.HTTPPort, &forms.UsrNmPwIP.Label4})
+        EXPECT_FALSE(hidden->Visible()) << hidden->Name();
+}
+
+TEST_F(Session, CancelLeadsBackToTheLogonDialogAndCloseEndsTheClient) {
+    HasChosen();
+    Shows();
+    for (int turn = 0; turn < 3; ++turn) {
+        Connects();
+        EXPECT_EQ(Top(), "Connection");
+        turn == 1 ? Closes(forms.Connection) : Presses(forms.Connection.CancelButton);
+        EXPECT_EQ(Top(), "UsrNmPwIP");
+        EXPECT_EQ(Server().State(), SocketState::Closed);
+        EXPECT_EQ(forms.UsrNmPwIP.HostMachine.Text(), "lobby.example");
+    }
+    Presses(forms.UsrNmPwIP.CloseButton);
+    EXPECT_TRUE(closeClientRaised);
+    EXPECT_EQ(Top(), "");
+    EXPECT_EQ(Server().connects, 3);
+}
+
+TEST_F(Session, WhyAConnectionDoesNotComeIsKeptAndTracedAndTheDialogStays) {
+    HasChosen();
+    Shows();
+    Connects();
+    for (const auto why : {ConnectFailure::Refused, ConnectFailure::UnknownHost, ConnectFailure::TimedOut}) {
+        Do([&] { Server().Fail(why); });
+        EXPECT_EQ(Top(), "Connection");
+        EXPECT_EQ(client.Connection().WhyNot(), why);
+        EXPECT_NE(world.LogText().find(std::string("does not come: ") + std::string(ToText(why))), std::string::npos);
+        Presses(forms.Connection.CancelButton);
+        Presses(forms.UsrNmPwIP.Connect);
+        EXPECT_EQ(client.Connection().WhyNot(), ConnectFailure::None) << "a new try starts without a reason";
+    }
+}
+
+TEST_F(Session, ATakenPortIsTriedAgainAfterAPauseWhileTheUserCanCancel) {
+    HasChosen();
+    Shows();
+    Do([&] { Server().connectErrors = {10048, 10048, 0}; });
+    Connects();
+    EXPECT_EQ(Top(), "Connection");
+    EXPECT_EQ(Server().connects, 1);
+    Passes(Connector::kRetryPause - Milliseconds(1));
+    EXPECT_EQ(Server().connects, 1) << "not before the pause is over";
+    Passes(Milliseconds(1));
+    EXPECT_EQ(Server().connects, 2);
+    Passes(Connector::kRetryPause);
+    EXPECT_EQ(Server().connects, 3);
+    Accepts();
+    EXPECT_EQ(Heard(), "Ombrin:15:ann;temp;192.0.2.10;pw;:~");
+}
+
+TEST_F(Session, AnUnreachableHostIsToldAtEachTryUntilTheUserCancels) {
+    HasChosen();
+    Shows();
+    Do([&] { Server().connectErrors = {10065, 10065, 10065}; });
+    Connects();
+    EXPECT_EQ(BoxText(), "Error: host in unreachable.  Error number: 10065");
+    Answers(BoxResult::Ok);
+    EXPECT_EQ(Top(), "Connection");
+    EXPECT_EQ(client.Connection().WhyNot(), ConnectFailure::Unreachable);
+    Passes(Connector::kRetryPause);
+    EXPECT_EQ(Top(), "MessageBox");
+    Answers(BoxResult::Ok);
+    Presses(forms.Connection.CancelButton);
+    Passes(Milliseconds(60000));
+    EXPECT_EQ(Top(), "UsrNmPwIP");
+    EXPECT_EQ(Server().connects, 2) << "no further try once the user has given up";
+}
+
+TEST_F(Session, AStartThatFailsForAnotherReasonIsToldInItsOwnWords) {
+    const struct {
+        const char *name, *heartBeat, *userData;
+        int number;
+    } kCases[] = {
+        {"heartbeat is no number", "often", "bob;Go;10.0.0.1;80", 13},
+        {"heartbeat is too large", "40000", "bob;Go;10.0.0.1;80", 6},
+        {"port is no number", "", "bob;Go;10.0.0.1;http", 13},
+        {"no port", "", "bob;Go;10.0.0.1", 13},
+    };
+    for (const auto& row : kCases) {
+        SCOPED_TRACE(row.name);
+        PlayedClient other;
+        other.HasChosen();
+        other.client.Store().SaveSetting("Settings", "HeartBeat", row.heartBeat);
+        other.Shows(row.userData);
+        const std::string expected =
+            "Unknown Error: in module UserControl_Show().  Error number: " + std::to_string(row.number) + ",";
+        EXPECT_TRUE(other.BoxText().starts_with(expected)) << other.BoxText();
+        other.Answers(BoxResult::Ok);
+        EXPECT_EQ(other.Top(), "");
+        EXPECT_EQ(other.Server().connects, 0);
+        EXPECT_NE(other.world.LogText().find(expected), std::string::npos);
+    }
+}
+
+TEST_F(Session, ARefusedLogonIsRepeatedOverTheSameSocket) {
+    HasChosen();
+    Shows();
+    Connects();
+    Accepts();
+    Heard();
+    const std::pair<const char*, const char*> kRefusals[] = {
+        {"23:~", "Logon Error: Max users exceeded.  Try again later."},
+        {"24:~", "Logon Error: Invalid logon attempt."},
+        {"25:~", "Logon Error: User already logged on."},
+    };
+    for (const auto& [code, text] : kRefusals) {
+        Sends(code);
+        EXPECT_EQ(BoxText(), text);
+        Answers(BoxResult::Ok);
+        EXPECT_EQ(Top(), "UsrNmPwIP");
+        Types(forms.UsrNmPwIP.Password, "better");
+        Presses(forms.UsrNmPwIP.Connect);
+        EXPECT_EQ(Heard(), "Ombrin:15:ann;temp;lobby.example;better;:~");
+        EXPECT_EQ(Top(), "Connection");
+    }
+    Sends("45:10.0.0.5;~22:Go,1;Chess,2;~");
+    EXPECT_EQ(Heard(), "Ombrin:2:ann;Go;10.0.0.5;;:~");
+    EXPECT_EQ(Top(), "");
+    EXPECT_EQ(Server().connects, 1);
+    Sends("0:ann;1;~");
+    EXPECT_TRUE(view.Enabled());
+}
+
+TEST_F(Session, CancellingARepeatedLogonLeavesTheSocketOpenAndNoDialog) {
+    HasChosen();
+    Shows();
+    Connects();
+    Accepts();
+    Sends("24:~");
+    Answers(BoxResult::Ok);
+    Presses(forms.UsrNmPwIP.Connect);
+    Presses(forms.Connection.CancelButton);
+    EXPECT_EQ(Top(), "");
+    EXPECT_TRUE(Server().IsConnected());
+    Sends("22:Go,1;Chess,2;~0:ann;1;~");
+    EXPECT_TRUE(view.Enabled()) << "the server's late answer still leads into the lobby";
+}
+
+TEST_F(Session, AnAccountIsMadeRefusedAndMade) {
+    HasChosen();
+    Shows();
+    Connects();
+    Accepts();
+    Heard();
+    Do([&] { client.DisplayCreateAccount(false); });
+    CreateAccount& dialog = forms.CreateAccount;
+    const struct {
+        const char *name, *password, *confirmation, *status;
+    } kBad[] = {
+        {"", "pw", "pw", "All fields must be filled in."},
+        {"eve", "", "pw", "All fields must be filled in."},
+        {"e~e", "pw", "pw", "Invalid characters: `~!@#$%^&*()-=+\\|[{]};:',<.>/?\""},
+        {"eve", "pw1", "pw2", "Passwords do not match."},
+    };
+    for (const auto& row : kBad) {
+        Types(dialog.LogonName, row.name);
+        Types(dialog.Password, row.password);
+        Types(dialog.ConfirmPassword, row.confirmation);
+        Presses(dialog.Create);
+        EXPECT_EQ(dialog.sbStatusBar.Text(), row.status);
+        EXPECT_EQ(Top(), "CreateAccount");
+    }
+    Types(dialog.LogonName, " twelve chars and more");
+    EXPECT_EQ(dialog.LogonName.Text(), " twelve char");
+    Types(dialog.Password, "pw");
+    Types(dialog.ConfirmPassword, "pw");
+    EXPECT_EQ(Key(dialog.ConfirmPassword, UserInput::kEnter), 0);
+    EXPECT_EQ(Heard(), "Ombrin:17:twelve char;pw;pw;:~");
+    const std::pair<const char*, const char*> kRefusals[] = {
+        {"28:~", "ERROR:  names or passwords cannot exceed 12 characters"},
+        {"29:~", "ERROR:  names or passwords cannot exceed 12 characters"},
+        {"30:~", "Error: passwords don't match."},
+        {"31:~", "Error: user already exists."},
+        {"32:~", "Error: create account failed."},
+    };
+    for (const auto& [code, text] : kRefusals) {
+        Sends(code);
+        EXPECT_TRUE(BoxText().starts_with(text)) << BoxText();
+        Answers(BoxResult::Ok);
+        EXPECT_EQ(Top(), "CreateAccount");
+        Presses(dialog.Create);
+        EXPECT_EQ(Heard(), "Ombrin:17:twelve char;pw;pw;:~");
+    }
+    Sends("27:eve;secret;~");
+    EXPECT_EQ(BoxText(), "Account created successfully.");
+    Answers(BoxResult::Ok);
+    EXPECT_EQ(Top(), "UsrNmPwIP");
+    EXPECT_EQ(forms.UsrNmPwIP.LogonName.Text(), "eve");
+    EXPECT_EQ(client.Store().GetSetting("Settings", "UserPassword"), "secret");
+    Presses(forms.UsrNmPwIP.Connect);
+    EXPECT_EQ(Heard(), "Ombrin:15:eve;temp;lobby.example;secret;:~");
+}
+
+TEST_F(Session, ARefusedAccountThatIsCancelledComesBackToTheLogonDialog) {
+    HasChosen();
+    Shows();
+    Connects();
+    Accepts();
+    Sends("31:~");
+    Answers(BoxResult::Ok);
+    Closes(forms.CreateAccount);
+    EXPECT_EQ(Top(), "UsrNmPwIP");
+}
+
+TEST_F(Session, TheAccountButtonOpensTheAddressOfTheSettingsFile) {
+    HasChosen();
+    Shows();
+    Presses(forms.UsrNmPwIP.NewAccount);
+    EXPECT_EQ(BoxText(), "Error jumping to:");
+    Answers(BoxResult::Ok);
+    client.Inis().Write("AV.ini", "CreateAccount", "CreateAccountURL", "https://ardvelle.example/new");
+    Presses(forms.UsrNmPwIP.NewAccount);
+    EXPECT_EQ(world.Told("open").back(), "https://ardvelle.example/new");
+    EXPECT_EQ(Top(), "UsrNmPwIP");
+}
+
+TEST_F(Session, OtherAnswersOfTheServer) {
+    LogsOn();
+    Sends("45:192.0.2.4;~");
+    EXPECT_EQ(Record(*this), "ann;Go;192.0.2.4");
+    EXPECT_EQ(Marks().m_LocalIP, "192.0.2.4");
+    Sends("36:At: 10:30;more;~1:bob:behind:;~");
+    EXPECT_EQ(BoxText(), "At: 10:30");
+    EXPECT_TRUE(Chat().empty()) << "what stands behind it waits for the box";
+    Answers(BoxResult::Ok);
+    EXPECT_EQ(Chat(), std::vector<std::string>{"bob: behind"});
+    Sends("38:~");
+    EXPECT_FALSE(view.Logoff.Visible() || view.Logoff.Enabled());
+    Sends("20:~");
+    EXPECT_EQ(BoxText(), "Error: Connection to Ardvelle failed.  User not logged on.");
+    Answers(BoxResult::Ok);
+    EXPECT_FALSE(view.Enabled());
+}
+
+TEST_F(Session, ALostConnectionIsNoticedByTheNextSendAlone) {
+    LogsOn();
+    HangsUp();
+    EXPECT_EQ(Top(), "");
+    EXPECT_TRUE(view.Enabled());
+    Types(view.MainText, "hi");
+    Presses(view.SendMain);
+    EXPECT_EQ(BoxText(), kNotConnected);
+    Answers(BoxResult::Ok);
+    EXPECT_EQ(Chat(), std::vector<std::string>{"ann: hi"});
+    EXPECT_EQ(Heard(), "");
+}
+
+TEST_F(Session, HeartbeatsGoOutByTheSetting) {
+    const struct {
+        const char* setting;
+        std::vector<int> minutes; ///< in which a heartbeat goes out, of the first eight
+    } kCases[] = {
+        {"", {4, 8}}, {"1", {1, 2, 3, 4, 5, 6, 7, 8}}, {"2", {2, 4, 6, 8}}, {"0", {1, 5}},
+    };
+    for (const auto& row : kCases) {
+        PlayedClient other;
+        other.client.Store().SaveSetting("Settings", "HeartBeat", row.setting);
+        other.LogsOn();
+        std::vector<int> minutes;
+        for (int minute = 1; minute <= 8; ++minute) {
+            other.Passes(Milliseconds(60000));
+            if (other.Heard() == "Ombrin:28::~") minutes.push_back(minute);
+        }
+        EXPECT_EQ(minutes, row.minutes) << "setting " << row.setting;
+    }
+}
+
+TEST_F(Session, LowLevelTracingNamesTheCodesAndNoPassword) {
+    client.Store().SaveSetting("Settings", "TracingOn", "1");
+    LogsOn();
+    EXPECT_NE(world.LogText().find("sent code 15, "), std::string::npos);
+    EXPECT_NE(world.LogText().find("received code 22, "), std::string::npos);
+    EXPECT_EQ(world.LogText().find("pw"), std::string::npos);
+}
+
+} // namespace ombrin::test

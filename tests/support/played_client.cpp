@@ -1,0 +1,208 @@
+#include "support/played_client.h"
+
+#include "foundation/runtime_error.h"
+
+namespace ombrin::test {
+
+PlayedClient::PlayedClient() {
+    client.CloseClient = [this] {
+        closeClientRaised = true;
+        if (endsOnCloseClient) world.loop.Post([this] { client.Stack().RequestEnd(); });
+    };
+    thread = std::thread([this] {
+        const bool never = false;
+        RunUntil(never);
+        try {
+            client.UserControl_Terminate();
+        } catch (const ProgramEnding&) {
+        }
+        const std::lock_guard lock(mutex);
+        atRest = over = true;
+        changed.notify_all();
+    });
+    std::unique_lock lock(mutex);
+    changed.wait(lock, [this] { return atRest; });
+}
+
+PlayedClient::~PlayedClient() {
+    Do([this] { client.Stack().RequestEnd(); });
+    thread.join();
+}
+
+bool PlayedClient::DispatchOne() {
+    try {
+        return world.loop.DispatchOne();
+    } catch (const ProgramEnding&) {
+        return true;
+    }
+}
+
+void PlayedClient::RunUntil(const bool& ended) {
+    while (!ended && !client.Stack().Ending()) {
+        if (DispatchOne()) continue;
+        if (advanceTo) {
+            PassTime();
+            continue;
+        }
+        std::unique_lock lock(mutex);
+        atRest = true;
+        changed.notify_all();
+        changed.wait(lock, [this] { return work != nullptr; });
+        const auto now = std::exchange(work, nullptr);
+        lock.unlock();
+        try {
+            now();
+        } catch (const ProgramEnding&) {
+        }
+    }
+}
+
+void PlayedClient::PassTime() {
+    const TimePoint next = world.loop.NextAlarm();
+    if (next <= *advanceTo && next > world.clock.Now()) return world.clock.MoveTo(next);
+    world.clock.MoveTo(*advanceTo);
+    advanceTo.reset();
+}
+
+void PlayedClient::Do(std::function<void()> given) {
+    std::unique_lock lock(mutex);
+    if (over) return;
+    atRest = false;
+    work = std::move(given);
+    changed.notify_all();
+    changed.wait(lock, [this] { return atRest; });
+}
+
+Refusal PlayedClient::Tries(std::function<Refusal(UserInput&)> input) {
+    // A handler that waits lets the test go on before it returns: its input was taken then.
+    const auto refusal = std::make_shared<Refusal>();
+    Do([this, refusal, input = std::move(input)] { *refusal = input(client.Input()); });
+    return *refusal;
+}
+
+namespace {
+
+void Taken(const Refusal& refusal, const std::string& what) {
+    EXPECT_FALSE(refusal) << what << ": " << refusal.value_or("");
+}
+
+} // namespace
+
+void PlayedClient::Shows(std::optional<std::string> userData) {
+    Do([this, userData] { client.UserControl_Show(userData); });
+}
+
+void PlayedClient::Presses(Control& control) {
+    Taken(Tries([&](UserInput& input) { return input.Click(control); }), "press " + control.Name());
+}
+
+void PlayedClient::Types(TextBox& box, const std::string& text) {
+    Taken(Tries([&](UserInput& input) { return input.Type(box, text); }), "type into " + box.Name());
+}
+
+void PlayedClient::Selects(Control& list, long row, bool on) {
+    Taken(Tries([&](UserInput& input) { return input.Select(list, row, on); }), "select in " + list.Name());
+}
+
+void PlayedClient::DoubleClicks(Control& list, long row) {
+    Taken(Tries([&](UserInput& input) { return input.DoubleClick(list, row); }), "double click in " + list.Name());
+}
+
+void PlayedClient::Chooses(Control& list, long row, MenuEntry& entry) {
+    Taken(Tries([&](UserInput& input) { return input.RightClick(list, row); }), "right click in " + list.Name());
+    Taken(Tries([&](UserInput& input) { return input.Choose(entry); }), "choose " + entry.Name());
+}
+
+int PlayedClient::Key(Control& control, int key, int shift) {
+    const auto pressed = std::make_shared<int>(key);
+    Taken(Tries([&control, pressed, shift](UserInput& input) { return input.Key(control, *pressed, shift); }),
+          "key in " + control.Name());
+    return *pressed;
+}
+
+void PlayedClient::Ticks(CheckBox& box, bool on) {
+    Taken(Tries([&](UserInput& input) { return input.Check(box, on); }), "tick " + box.Name());
+}
+
+void PlayedClient::Answers(BoxResult button) {
+    Taken(Tries([&](UserInput& input) { return input.PressButton(button); }), "answer a box");
+}
+
+void PlayedClient::Closes(Form& form) {
+    Taken(Tries([&](UserInput& input) { return input.Close(form); }), "close " + form.Name());
+}
+
+void PlayedClient::Passes(Milliseconds time) {
+    Do([this, time] { advanceTo = world.clock.Now() + time; });
+}
+
+void PlayedClient::Accepts() {
+    Do([this] { Server().Accept(); });
+}
+
+void PlayedClient::Sends(const std::string& data) {
+    Do([this, data] { Server().Sends(data); });
+}
+
+std::string PlayedClient::Heard() {
+    const auto& sent = Server().sent;
+    return heard < sent.size() ? sent[heard++] : std::string();
+}
+
+void PlayedClient::HangsUp() {
+    Do([this] { Server().CloseByPeer(); });
+}
+
+std::string PlayedClient::Top() const {
+    const Form* top = const_cast<GameLobby&>(client).Stack().Top();
+    return top == nullptr ? std::string() : top->Name();
+}
+
+std::string PlayedClient::BoxText() const {
+    const auto* box = dynamic_cast<const MessageBoxForm*>(const_cast<GameLobby&>(client).Stack().Top());
+    return box == nullptr ? std::string() : box->Text();
+}
+
+std::vector<std::string> PlayedClient::Texts(const RowList& rows) {
+    std::vector<std::string> texts;
+    for (std::size_t i = 0; i < rows.Count(); ++i) texts.push_back(rows.Text(rows.At(i)));
+    return texts;
+}
+
+std::vector<std::string> PlayedClient::Chat() const {
+    std::vector<std::string> lines;
+    const FlexGrid& grid = view.msflxMainChatLines;
+    for (int row = 1; row < grid.Rows(); ++row)
+        if (!grid.TextAt(row, 0).empty() || !grid.TextAt(row, 1).empty())
+            lines.push_back(grid.TextAt(row, 0) + ": " + grid.TextAt(row, 1));
+    return lines;
+}
+
+void PlayedClient::HasChosen(const std::string& displayedGames) {
+    client.Inis().Write("AVfLang.ini", "CurrentLanguage", "Language", "English");
+    client.Inis().Write("AV.ini", "GameFilter", "DisplayedGames", displayedGames);
+}
+
+void PlayedClient::Connects(const std::string& name, const std::string& password) {
+    Types(forms.UsrNmPwIP.LogonName, name);
+    Types(forms.UsrNmPwIP.Password, password);
+    Types(forms.UsrNmPwIP.HostMachine, "lobby.example");
+    Types(forms.UsrNmPwIP.HTTPPort, "7777");
+    Presses(forms.UsrNmPwIP.Connect);
+}
+
+void PlayedClient::LogsOn() {
+    HasChosen();
+    Shows();
+    Connects();
+    Accepts();
+    EXPECT_EQ(Heard(), "Ombrin:15:ann;temp;192.0.2.10;pw;:~");
+    Sends("45:10.0.0.5;~22:Go,1;Chess,2;~");
+    EXPECT_EQ(Heard(), "Ombrin:2:ann;Go;10.0.0.5;;:~");
+    Sends("0:ann;1;bob;1;cid;1;~47:ann;bob;cid;~");
+    EXPECT_EQ(Heard(), "Ombrin:19:ann:~");
+    EXPECT_TRUE(view.Enabled());
+    world.events.clear();
+}
+
+} // namespace ombrin::test

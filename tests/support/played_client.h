@@ -1,0 +1,83 @@
+// A whole client whose user and server are played by a test. The client runs on a thread of its own and hands a baton
+// over: a test goes on when the client has come to rest, or waits in a form, so that both never run at once.
+#pragma once
+
+#include "support/recorded_world.h"
+
+#include <condition_variable>
+#include <functional>
+#include <gtest/gtest.h>
+#include <mutex>
+#include <optional>
+#include <thread>
+
+namespace ombrin::test {
+
+class PlayedClient : private Waiter {
+public:
+    PlayedClient();
+    ~PlayedClient() override;
+
+    RecordedWorld world;
+    GameLobby client{world.ForClient(*this)};
+    View& view = client.MainView();
+    Dialogs& forms = client.Forms();
+    bool closeClientRaised = false;
+    bool endsOnCloseClient = false; ///< as the stand-alone host does
+
+    /// Runs it on the client's thread, and waits until the client is at rest.
+    void Do(std::function<void()> work);
+
+    // The user
+    void Shows(std::optional<std::string> userData = std::nullopt);
+    void Presses(Control& control);
+    void Types(TextBox& box, const std::string& text);
+    void Selects(Control& list, long row, bool on = true);
+    void DoubleClicks(Control& list, long row);
+    void Chooses(Control& list, long row, MenuEntry& entry); ///< by the right button
+    int Key(Control& control, int key, int shift = 0);       ///< what the key was set to
+    void Ticks(CheckBox& box, bool on);
+    void Answers(BoxResult button);
+    void Closes(Form& form);
+    Refusal Tries(std::function<Refusal(UserInput&)> input);
+    void Passes(Milliseconds time);
+
+    // The server
+    recording::PlayedSocket& Server() { return *world.network.last; }
+    void Accepts();
+    void Sends(const std::string& data);
+    /// The oldest message that was not looked at yet, empty when there is none.
+    std::string Heard();
+    void HangsUp();
+
+    // What is seen
+    std::string Top() const; ///< name of the top form, empty for the main view
+    std::string BoxText() const;
+    const Session& Marks() const { return client.Marks(); }
+    static std::vector<std::string> Texts(const RowList& rows);
+    std::vector<std::string> Chat() const; ///< "sender: text" of each line
+
+    // Ways that many tests go
+    /// Stored choices keep the dialogs of a first start away.
+    void HasChosen(const std::string& displayedGames = "Go;Chess;");
+    /// Fills the logon dialog and presses Connect.
+    void Connects(const std::string& name = "ann", const std::string& password = "pw");
+    /// From the start to the lobby Go, with ann, bob and cid.
+    void LogsOn();
+
+private:
+    void RunUntil(const bool& ended) override;
+    void Block(Milliseconds) override {}
+    void PassTime();
+    bool DispatchOne();
+
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::function<void()> work;
+    bool atRest = false, over = false;
+    std::optional<TimePoint> advanceTo;
+    std::size_t heard = 0;
+    std::thread thread; ///< last, as it uses all the others
+};
+
+} // namespace ombrin::test

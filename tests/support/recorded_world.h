@@ -1,0 +1,45 @@
+// A machine for one client, in memory: files, a network whose peer is played, a clock that is moved by hand.
+#pragma once
+
+#include "platform/posix/clock.h"
+#include "platform/posix/event_loop.h"
+#include "platform/recording/memory_files.h"
+#include "platform/recording/recording_desktop.h"
+#include "platform/recording/recording_network.h"
+#include "session/game_lobby.h"
+
+#include <string>
+#include <vector>
+
+namespace ombrin::test {
+
+struct RecordedWorld {
+    std::vector<recording::Event> events;
+    recording::Journal journal = [this](const recording::Event& event) { events.push_back(event); };
+    VirtualClock clock;
+    EventLoop loop{clock};
+    recording::MemoryFiles files;
+    recording::PlayedNetwork network;
+    recording::RecordingSound sound{journal};
+    recording::RecordingClipboard clipboard{journal};
+    recording::RecordingOpener opener{journal};
+    recording::FixedMeasure measure;
+    Places places{"/home"};
+
+    Platform ForClient(Waiter& waiter) {
+        return {network, loop,   clock,   files,  sound, clipboard, opener, measure, waiter,
+                [this](bool held) { loop.Hold(held); }, places};
+    }
+
+    /// Texts of the first field of each event of that name.
+    std::vector<std::string> Told(const std::string& name) const {
+        std::vector<std::string> texts;
+        for (const auto& event : events)
+            if (event.name == name) texts.push_back(std::get<std::string>(event.fields.at(0).second));
+        return texts;
+    }
+
+    std::string LogText() const { return files.Content(places.SystemDirectory() + "/AVClLogs.txt"); }
+};
+
+} // namespace ombrin::test
