@@ -35,6 +35,12 @@ enum class ControlKind {
 /// A 32-bit colour value, low byte red.
 using Colour = std::int32_t;
 
+/// Where a control of the main view stands, in pixels.
+struct Place {
+    int left = 0, top = 0, width = 0, height = 0;
+    bool operator==(const Place&) const = default;
+};
+
 /// Hears once that a model has changed, until it says that it has looked (Control::Looked). It must not call back into
 /// the client from here.
 class ModelWatcher {
@@ -63,6 +69,9 @@ public:
     /// Nothing where the control was never given one and shows its host's usual colour.
     std::optional<Colour> ForeColour() const { return foreColour; }
     void SetForeColour(Colour colour) { Set(foreColour, std::optional(colour)); }
+
+    const Place& Where() const { return place; }
+    void SetPlace(const Place& other) { Set(place, other); }
 
     /// Moves the focus here; a control that is hidden or disabled refuses it (false).
     bool SetFocus();
@@ -96,6 +105,7 @@ private:
     bool visible = true, enabled = true, dirty = false;
     std::string name;
     std::optional<Colour> foreColour;
+    Place place;
     ModelWatcher* watcher = nullptr;
 };
 

@@ -48,4 +48,9 @@ void ListView::SetHeader(std::size_t column, std::string_view text) {
     Changed();
 }
 
+void ListView::SetHeaderWidth(std::size_t column, int pixels) {
+    if (column < 1 || column > widths.size()) return;
+    Set(widths[column - 1], pixels);
+}
+
 } // namespace ombrin

@@ -44,7 +44,8 @@ class ListView : public Control {
 public:
     ListView(Container& parent, std::string name, std::vector<std::string> headers,
              RowList::KeyOf keyOf = RowList::WholeText)
-        : Control(parent, ControlKind::ListView, std::move(name)), rows(keyOf), headers(std::move(headers)) {}
+        : Control(parent, ControlKind::ListView, std::move(name)), rows(keyOf), headers(std::move(headers)),
+          widths(this->headers.size()) {}
 
     RowList rows;
 
@@ -58,11 +59,16 @@ public:
     /// Columns count from 1; one that is not there is left alone.
     void SetHeader(std::size_t column, std::string_view text);
 
+    /// Pixels of a column's heading; 0 hides the column.
+    int HeaderWidth(std::size_t column) const { return column >= 1 && column <= widths.size() ? widths[column - 1] : 0; }
+    void SetHeaderWidth(std::size_t column, int pixels);
+
     std::function<void()> ItemClick, DblClick;
     std::function<void(int button)> MouseUp;
 
 private:
     std::vector<std::string> headers;
+    std::vector<int> widths;
     RowId selected;
 };
 

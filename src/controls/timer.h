@@ -6,8 +6,8 @@
 
 namespace ombrin {
 
-/// Ticks each `interval` while it is on; an interval of 0 stops it. It does not tick again while its own handler is still
-/// on the stack; a tick that is due meanwhile is left out.
+/// Ticks each `interval` while it is on; an interval of 0 stops it. It does not tick again while its own handler is
+/// still on the stack; a tick that is due meanwhile is left out.
 class Timer : public Control {
 public:
     Timer(Container& parent, Alarms& alarms, std::string name, Milliseconds interval, bool on);

@@ -13,7 +13,7 @@ namespace ombrin {
 /// Why an input was refused; nothing when it was taken. A refused input changes nothing.
 using Refusal = std::optional<std::string>;
 
-/// Input to a control that is hidden, disabled, behind a form, or on a view that is disabled or not shown yet is
+/// Input to a control that is hidden, disabled, behind a modal form, or on a view that is disabled or not shown yet is
 /// refused, as is a row that is not there. Handlers run inside these calls, and may wait.
 class UserInput {
 public:

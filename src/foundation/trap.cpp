@@ -15,6 +15,8 @@ Failure CurrentFailure() {
         return {static_cast<int>(ErrorNumber::OutOfMemory), "Out of memory"};
     } catch (const std::exception& error) {
         return {static_cast<int>(ErrorNumber::InvalidProcedureCall), error.what()};
+    } catch (...) {
+        return {static_cast<int>(ErrorNumber::InvalidProcedureCall), "unknown exception"};
     }
 }
 

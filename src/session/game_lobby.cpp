@@ -26,7 +26,8 @@ GameLobby::GameLobby(Platform given)
       iniFiles(platform.files, platform.places.WindowsDirectory()),
       settings(platform.files, platform.places.SettingsFile()), language(iniFiles, trap), messages(boxes, language),
       targets(iniFiles, platform.opener, boxes, trap, platform.places.AppPath()), view(platform.alarms),
-      input(view, stack), dialogs(stack, settings, iniFiles, language, boxes, targets, trap),
+      layout(view, platform.measure, log), input(view, stack),
+      dialogs(stack, settings, iniFiles, language, boxes, targets, trap),
       viewLanguage(view, language, dialogs.ChooseLanguage, trap),
       textColours(settings, trap,
                   {&view.lbLobbies, &view.msflxMainChatLines, &view.MainText, &view.RoomText, &view.UserList,
@@ -62,6 +63,7 @@ void GameLobby::Start(std::optional<std::string> userData) {
     InitializeMSFlexGrid(view.msflxMainChatLines, false);
     InitializeMSFlexGrid(view.msflexRoomLines, false);
     session.TracingOn = settings.GetSetting("Settings", "TracingOn") == "1";
+    layout.UserControl_Resize();
     view.SetEnabled(false);
     dialogs.UsrNmPwIP.Closed = false;
     dialogs.UsrNmPwIP.ConnectPressed = false;

@@ -10,6 +10,7 @@
 #include "platform/network.h"
 #include "platform/waiter.h"
 #include "session/areas.h"
+#include "ui/layout.h"
 #include "ui/text/view_language.h"
 
 #include <functional>
@@ -81,6 +82,9 @@ public:
     void ProcessLogonBanner() { areas->logon.ProcessLogonBanner(); }
     void SendData(std::string_view Data);
 
+    /// The main view's size in pixels, at any time.
+    void Resize(int width, int height) { layout.Resize(width, height); }
+
     // For hosts that paint and drive it
     View& MainView() { return view; }
     Dialogs& Forms() { return dialogs; }
@@ -110,6 +114,7 @@ private:
     Messages messages;
     ConfigurableButtons targets;
     View view;
+    Layout layout;
     UserInput input;
     Session session;
     Dialogs dialogs;

@@ -177,6 +177,14 @@ struct Commands::Table {
         return {};
     }
 
+    static Json Resize(Commands& c, A a) {
+        constexpr long kLargest = 100'000;
+        const long width = a.Number("width"), height = a.Number("height");
+        if (width < 0 || width > kLargest || height < 0 || height > kLargest) throw Refused{"no such size"};
+        c.client.Resize(static_cast<int>(width), static_cast<int>(height));
+        return {};
+    }
+
     static Json Get(Commands& c, A a) {
         const std::string at = a.Text("at");
         if (const Control* control = ControlNamed(c, at)) return Json::parse(Describe(*control, c.page));
@@ -278,10 +286,27 @@ struct Commands::Table {
 };
 
 const Commands::Table::Row Commands::Table::kRows[] = {
-    {"show", Show},     {"click", Click}, {"select", Select},   {"dblclick", DoubleClick}, {"rightclick", RightClick},
-    {"choose", Choose}, {"type", Type},   {"key", Key},         {"check", Tick},           {"answer", Answer},
-    {"close", Close},   {"get", Get},     {"fields", Fields},   {"forms", Forms},          {"setting", Setting},
-    {"ini", Ini},       {"call", Call},   {"advance", Advance}, {"settle", Settle},        {"world", ChangeWorld},
+    {"show", Show},
+    {"click", Click},
+    {"select", Select},
+    {"dblclick", DoubleClick},
+    {"rightclick", RightClick},
+    {"choose", Choose},
+    {"type", Type},
+    {"key", Key},
+    {"check", Tick},
+    {"answer", Answer},
+    {"close", Close},
+    {"resize", Resize},
+    {"get", Get},
+    {"fields", Fields},
+    {"forms", Forms},
+    {"setting", Setting},
+    {"ini", Ini},
+    {"call", Call},
+    {"advance", Advance},
+    {"settle", Settle},
+    {"world", ChangeWorld},
     {"quit", Quit},
 };
 

@@ -54,11 +54,24 @@ public:
         default:
             break;
         }
-        if (control.ForeColour()) out["foreColour"] = *control.ForeColour();
+        if (dynamic_cast<const View*>(&control.Parent()) != nullptr) {
+            const Place& place = control.Where();
+            out["left"] = place.left;
+            out["top"] = place.top;
+            out["width"] = place.width;
+            out["height"] = place.height;
+        }
+        if (HasText()) out["foreColour"] = control.ForeColour().value_or(kUsualColour);
         return out;
     }
 
 private:
+    bool HasText() const {
+        const ControlKind kind = control.Kind();
+        return kind != ControlKind::Image && kind != ControlKind::Menu && kind != ControlKind::MenuEntry &&
+               kind != ControlKind::Timer;
+    }
+
     std::string Text(std::string_view bytes) const { return page.ToUtf8(bytes); }
 
     void Read(const ListBox& list, Json& out) const {

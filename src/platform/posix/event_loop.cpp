@@ -55,7 +55,7 @@ void EventLoop::Watch::Drop() {
     if (loop == nullptr) return;
     const auto found = loop->watches.find(id);
     if (found != loop->watches.end()) {
-        epoll_ctl(loop->watchPoller, EPOLL_CTL_DEL, found->second->descriptor, nullptr);
+        epoll_ctl(found->second->poller, EPOLL_CTL_DEL, found->second->descriptor, nullptr);
         loop->watches.erase(found);
     }
     loop = nullptr;
@@ -69,38 +69,42 @@ void EventLoop::Watch::SetInterest(Interest interest) {
     epoll_event event{};
     event.events = ToEpoll(interest);
     event.data.u64 = id;
-    epoll_ctl(loop->watchPoller, EPOLL_CTL_MOD, watched.descriptor, &event);
+    epoll_ctl(watched.poller, EPOLL_CTL_MOD, watched.descriptor, &event);
 }
 
 EventLoop::EventLoop(const Clock& clock)
-    : clock(clock), poller(Checked(epoll_create1(EPOLL_CLOEXEC))), watchPoller(Checked(epoll_create1(EPOLL_CLOEXEC))),
+    : clock(clock), poller(Checked(epoll_create1(EPOLL_CLOEXEC))), usual{Checked(epoll_create1(EPOLL_CLOEXEC)), {}},
+      urgent{Checked(epoll_create1(EPOLL_CLOEXEC)), {}},
       timer(Checked(timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC))),
       waker(Checked(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC))) {
     Add(poller, timer, EPOLLIN);
     Add(poller, waker, EPOLLIN);
-    Add(poller, watchPoller, EPOLLIN);
+    Add(poller, urgent.poller, EPOLLIN);
+    Add(poller, usual.poller, EPOLLIN);
 }
 
 EventLoop::~EventLoop() {
     close(waker);
     close(timer);
-    close(watchPoller);
+    close(urgent.poller);
+    close(usual.poller);
     close(poller);
 }
 
-EventLoop::Watch EventLoop::AddWatch(int toPoller, int descriptor, Interest interest, std::function<void()> callback) {
+EventLoop::Watch EventLoop::AddWatch(const Lookout& lookout, int descriptor, Interest interest,
+                                     std::function<void()> callback) {
     const std::uint64_t id = nextId++;
-    Add(toPoller, descriptor, ToEpoll(interest), id);
-    watches.emplace(id, std::make_shared<Watched>(Watched{toPoller, descriptor, interest, std::move(callback)}));
+    Add(lookout.poller, descriptor, ToEpoll(interest), id);
+    watches.emplace(id, std::make_shared<Watched>(Watched{lookout.poller, descriptor, interest, std::move(callback)}));
     return Watch(this, id);
 }
 
 EventLoop::Watch EventLoop::OnReady(int descriptor, Interest interest, std::function<void()> callback) {
-    return AddWatch(poller, descriptor, interest, std::move(callback));
+    return AddWatch(usual, descriptor, interest, std::move(callback));
 }
 
 EventLoop::Watch EventLoop::OnUrgent(int descriptor, std::function<void()> callback) {
-    return AddWatch(urgentPoller, descriptor, Interest::Read, std::move(callback));
+    return AddWatch(urgent, descriptor, Interest::Read, std::move(callback));
 }
 
 void EventLoop::Post(std::function<void()> callback) {
@@ -157,25 +161,13 @@ bool EventLoop::DispatchAlarm() {
     return true;
 }
 
-void EventLoop::Look(int atPoller) {
-    std::array<epoll_event, 64> events{};
-    const int count = epoll_wait(atPoller, events.data(), static_cast<int>(events.size()), 0);
-    for (int i = 0; i < count; ++i) {
-        const std::uint64_t id = events[static_cast<std::size_t>(i)].data.u64;
-        std::uint64_t counter = 0;
-        if (id == kUrgentId) {
-            Look(urgentPoller);
-        } else if (id == kTimerId || id == kWakerId) {
-            [[maybe_unused]] const auto taken = read(id == kTimerId ? timer : waker, &counter, sizeof counter);
-            if (id == kTimerId) ArmTimer();
-        } else {
-            ready.push_back(id);
-        }
+bool EventLoop::DispatchReady(Lookout& lookout) {
+    auto& ready = lookout.ready;
+    if (ready.empty()) {
+        std::array<epoll_event, 64> events{};
+        const int count = epoll_wait(lookout.poller, events.data(), static_cast<int>(events.size()), 0);
+        for (int i = 0; i < count; ++i) ready.push_back(events[static_cast<std::size_t>(i)].data.u64);
     }
-}
-
-bool EventLoop::DispatchReady() {
-    if (ready.empty()) Look(held ? urgentPoller : poller);
     while (!ready.empty()) {
         const std::uint64_t id = ready.front();
         ready.pop_front();
@@ -189,24 +181,27 @@ bool EventLoop::DispatchReady() {
 }
 
 bool EventLoop::DispatchOne() {
-    if (DispatchPost()) return true;
-    return (!held && DispatchAlarm()) || DispatchReady();
+    if (DispatchPost() || DispatchReady(urgent)) return true;
+    if (held) return false;
+    if (DispatchAlarm()) return true;
+    if (Drain(timer)) ArmTimer(); // it was set for an alarm that is cancelled
+    return DispatchReady(usual);
 }
 
 void EventLoop::Hold(bool hold) {
     if (held == hold) return;
     held = hold;
     if (held)
-        epoll_ctl(poller, EPOLL_CTL_DEL, watchPoller, nullptr);
+        epoll_ctl(poller, EPOLL_CTL_DEL, usual.poller, nullptr);
     else
-        Add(poller, watchPoller, EPOLLIN);
+        Add(poller, usual.poller, EPOLLIN);
     ArmTimer();
 }
 
 void EventLoop::Wait(int other, Milliseconds limit) {
-    if (!posts.empty()) return;
+    if (!posts.empty() || !urgent.ready.empty()) return;
     if (!held) {
-        if (!ready.empty()) return;
+        if (!usual.ready.empty()) return;
         if (!alarms.empty())
             limit = std::min(limit, std::max(Milliseconds(0), std::chrono::ceil<Milliseconds>(NextAlarm() - Now())));
     }

@@ -61,8 +61,8 @@ public:
     void Wait(int other, Milliseconds limit);
     /// When the next alarm falls due, or TimePoint::max().
     TimePoint NextAlarm() const;
-    /// epoll descriptor, for a toolkit; alarms keep it readable through a timer descriptor. While held it tells of
-    /// posts alone, so that a toolkit does not spin on a socket that may not be read.
+    /// epoll descriptor, for a toolkit; alarms keep it readable through a timer descriptor. While held it tells only of
+    /// what may run, so that a toolkit does not spin on a socket that may not be read.
     int Descriptor() const { return poller; }
 
 private:
@@ -71,17 +71,21 @@ private:
         Interest interest;
         std::function<void()> callback;
     };
+    /// Descriptors that are looked at together.
+    struct Lookout {
+        int poller;
+        std::deque<std::uint64_t> ready; ///< told by the last look, not yet dispatched
+    };
 
     bool DispatchPost();
     bool DispatchAlarm();
-    bool DispatchReady();
-    Watch AddWatch(int toPoller, int descriptor, Interest interest, std::function<void()> callback);
-    void Look(int atPoller);
+    bool DispatchReady(Lookout& lookout);
+    Watch AddWatch(const Lookout& lookout, int descriptor, Interest interest, std::function<void()> callback);
     void ArmTimer();
 
     const Clock& clock;
-    int poller;      ///< timer, waker and, unless held, watchPoller
-    int watchPoller; ///< the watched descriptors
+    int poller; ///< timer, waker, urgent and, unless held, usual
+    Lookout usual, urgent;
     int timer;
     int waker;
     bool held = false;
@@ -90,7 +94,6 @@ private:
     std::map<std::pair<TimePoint, Id>, std::function<void()>> alarms;
     std::unordered_map<Id, TimePoint> alarmTimes;
     std::unordered_map<std::uint64_t, std::shared_ptr<Watched>> watches;
-    std::deque<std::uint64_t> ready; ///< told by the last look, not yet dispatched
 };
 
 } // namespace ombrin

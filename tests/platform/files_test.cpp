@@ -1,0 +1,137 @@
+// What every kind of Files promises.
+#include "foundation/files.h"
+
+#include "../foundation/raised.h"
+#include "foundation/ini_files.h"
+#include "foundation/settings.h"
+#include "platform/posix/posix_files.h"
+#include "platform/recording/memory_files.h"
+#include "scratch.h"
+
+#include <gmock/gmock.h>
+
+namespace ombrin {
+namespace {
+
+using testing::Optional;
+using testing::UnorderedElementsAre;
+
+struct InMemory {
+    recording::MemoryFiles files;
+    std::string root = "/root";
+};
+
+struct OnDisk {
+    Scratch scratch;
+    PosixFiles files{CodePage::Usual()};
+    std::string root = scratch.path;
+};
+
+template <class Kind>
+class FilesTest : public testing::Test {
+protected:
+    void Write(const std::string& path, const std::string& content) {
+        files.Update(path, Files::Readers::Everybody, [&](const auto&) { return std::optional(content); });
+    }
+
+    Kind kind;
+    Files& files = kind.files;
+    const std::string root = kind.root;
+};
+
+using Kinds = testing::Types<InMemory, OnDisk>;
+class Names {
+public:
+    template <class Kind>
+    static std::string GetName(int) {
+        return std::is_same_v<Kind, InMemory> ? "InMemory" : "OnDisk";
+    }
+};
+TYPED_TEST_SUITE(FilesTest, Kinds, Names);
+
+TYPED_TEST(FilesTest, AMissingFileHasNoStampAndCannotBeRead) {
+    EXPECT_EQ(this->files.StampOf(this->root + "/none"), std::nullopt);
+    EXPECT_EQ(Raised([&] { this->files.Read(this->root + "/none"); }), 53);
+}
+
+TYPED_TEST(FilesTest, AnUpdateIsGivenTheOldContentAndLeavesTheNew) {
+    const std::string path = this->root + "/file";
+    const std::string content("\0\r\n\xFF"
+                              "end",
+                              7);
+    std::vector<std::optional<std::string>> given;
+    const auto update = [&](const std::optional<std::string>& next) {
+        this->files.Update(path, Files::Readers::Everybody, [&](const std::optional<std::string>& old) {
+            given.push_back(old);
+            return next;
+        });
+    };
+    update(std::nullopt);
+    EXPECT_EQ(this->files.StampOf(path), std::nullopt) << "nothing to write makes no file";
+    update("");
+    EXPECT_EQ(this->files.Read(path), "");
+    update(content);
+    const auto stamp = this->files.StampOf(path);
+    update(std::nullopt);
+    EXPECT_EQ(this->files.StampOf(path), stamp);
+    EXPECT_EQ(this->files.Read(path), content);
+    EXPECT_THAT(given, testing::ElementsAre(std::nullopt, std::nullopt, Optional(std::string()), Optional(content)));
+}
+
+TYPED_TEST(FilesTest, WhatTheChangeRaisesLeavesTheFileAlone) {
+    this->Write(this->root + "/file", "old");
+    const auto fails = [](const auto&) -> std::optional<std::string> { throw RuntimeError(ErrorNumber::Overflow); };
+    EXPECT_THROW(this->files.Update(this->root + "/file", Files::Readers::Everybody, fails), RuntimeError);
+    EXPECT_EQ(this->files.Read(this->root + "/file"), "old");
+    this->Write(this->root + "/file", "new"); // and nothing stays locked
+    EXPECT_EQ(this->files.Read(this->root + "/file"), "new");
+}
+
+TYPED_TEST(FilesTest, EveryChangeShowsInTheStampHoweverQuickAndSmall) {
+    std::vector<Files::Stamp> seen;
+    for (int i = 0; i < 100; ++i) {
+        this->Write(this->root + "/file", i % 2 == 0 ? "a" : "b");
+        seen.push_back(*this->files.StampOf(this->root + "/file"));
+        EXPECT_EQ(std::count(seen.begin(), seen.end(), seen.back()), 1) << "change " << i << " looks like an older one";
+    }
+}
+
+TYPED_TEST(FilesTest, RecordsAreAppendedUntilTheFileIsLongerThanTheLimit) {
+    const std::string path = this->root + "/log";
+    this->files.AppendRecord(path, "12345\n", 12);
+    this->files.AppendRecord(path, "12345\n", 12);
+    EXPECT_EQ(this->files.Read(path), "12345\n12345\n");
+    this->files.AppendRecord(path, "\n", 12);
+    EXPECT_EQ(this->files.Read(path), "12345\n12345\n\n");
+    this->files.AppendRecord(path, "new\n", 12);
+    EXPECT_EQ(this->files.Read(path), "new\n");
+}
+
+TYPED_TEST(FilesTest, NamesAreThoseOfOneFolder) {
+    for (const char* name : {"/AV.ini", R"(\AVfLang.ini)", "//\xC4.txt"})
+        this->files.AppendRecord(this->root + name, "x", 10);
+    EXPECT_THAT(this->files.NamesIn(this->root), UnorderedElementsAre("AV.ini", "AVfLang.ini", "\xC4.txt"));
+    EXPECT_THAT(this->files.NamesIn(this->root + "\\"), UnorderedElementsAre("AV.ini", "AVfLang.ini", "\xC4.txt"));
+    EXPECT_THAT(this->files.NamesIn(this->root + "/AV"), UnorderedElementsAre());
+}
+
+TYPED_TEST(FilesTest, BothSeparatorsNameTheSameFile) {
+    this->Write(this->root + R"(\\AV.ini)", "content");
+    EXPECT_EQ(this->files.Read(this->root + "/AV.ini"), "content");
+    EXPECT_EQ(this->files.StampOf(this->root + R"(\AV.ini)"), this->files.StampOf(this->root + "//AV.ini"));
+}
+
+TYPED_TEST(FilesTest, ProfileValuesAndSettingsComeBackFromTheFiles) {
+    IniFiles ini(this->files, this->root);
+    Settings settings(this->files, this->root + "/settings.ini"), other(this->files, this->root + "/settings.ini");
+    for (int i = 0; i < 50; ++i) {
+        const std::string value = i % 2 == 0 ? "a" : "b";
+        ini.Write(i % 3 == 0 ? "av.ini" : "AV.ini", "S", "K", value);
+        EXPECT_EQ(ini.Read("AV.INI", "s", "k"), value);
+        settings.SaveSetting("Settings", "UserName", value);
+        EXPECT_EQ(other.GetSetting("Settings", "UserName"), value);
+    }
+}
+
+} // namespace
+} // namespace ombrin
