@@ -60,7 +60,9 @@ public:
     void SetHeader(std::size_t column, std::string_view text);
 
     /// Pixels of a column's heading; 0 hides the column.
-    int HeaderWidth(std::size_t column) const { return column >= 1 && column <= widths.size() ? widths[column - 1] : 0; }
+    int HeaderWidth(std::size_t column) const {
+        return column >= 1 && column <= widths.size() ? widths[column - 1] : 0;
+    }
     void SetHeaderWidth(std::size_t column, int pixels);
 
     std::function<void()> ItemClick, DblClick;

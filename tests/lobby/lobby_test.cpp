@@ -123,9 +123,9 @@ TEST_F(InLobby, CountsFollowWhoComesAndGoes) {
         const char* message;
         Rows rows;
     } kCases[] = {
-        {"48:dan;Go;~", {"Go : 2", "Chess : 2"}},        {"49:dan;Go;0;~", {"Go : 1", "Chess : 2"}},
-        {"49:dan;Go;1;~", {"Go : 0", "Chess : 2"}},      {"49:eve;Go;1;~", {"Go : -1", "Chess : 2"}},
-        {"48:dan; Chess ;~", {"Go : -1", "Chess : 3"}},  {"48:dan;go;~48:dan;G;~", {"Go : -1", "Chess : 3"}},
+        {"48:dan;Go;~", {"Go : 2", "Chess : 2"}},       {"49:dan;Go;0;~", {"Go : 1", "Chess : 2"}},
+        {"49:dan;Go;1;~", {"Go : 0", "Chess : 2"}},     {"49:eve;Go;1;~", {"Go : -1", "Chess : 2"}},
+        {"48:dan; Chess ;~", {"Go : -1", "Chess : 3"}}, {"48:dan;go;~48:dan;G;~", {"Go : -1", "Chess : 3"}},
         {"48:;Go;~", {"Go : -1", "Chess : 3"}},
     };
     Selects(view.lbLobbies, 1);
@@ -243,7 +243,8 @@ TEST_F(InLobby, AChatViewKeepsNinetyNineLinesWithTheirHeights) {
 }
 
 TEST(ChatSounds, SoundOnlyWhenTheSettingIsOneAtTheStart) {
-    for (const auto& [setting, sounds] : {std::pair("1", 3u), std::pair("0", 0u), std::pair("", 0u), std::pair("true", 0u)}) {
+    for (const auto& [setting, sounds] :
+         {std::pair("1", 3u), std::pair("0", 0u), std::pair("", 0u), std::pair("true", 0u)}) {
         PlayedClient client;
         client.client.Store().SaveSetting("Settings", "EnableChatLineSounds", setting);
         client.LogsOn();

@@ -116,7 +116,8 @@ TEST_F(Arrival, EveryCodeOfTheWireIsHandledWithAnyPayload) {
 
 TEST_F(Arrival, AtSixtyFourOpenFormsNothingMoreIsReadUntilOneCloses) {
     LogsOn();
-    for (int i = 0; i < 64; ++i) Do([this] { world.loop.At(world.clock.Now(), [this] { Server().Sends("36:box;~"); }); });
+    for (int i = 0; i < 64; ++i)
+        Do([this] { world.loop.At(world.clock.Now(), [this] { Server().Sends("36:box;~"); }); });
     EXPECT_EQ(client.Stack().Visible().size(), 64u);
     bool fired = false;
     Do([&] { world.loop.At(world.clock.Now(), [&] { fired = true; }); });

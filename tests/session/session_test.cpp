@@ -367,7 +367,10 @@ TEST_F(Session, HeartbeatsGoOutByTheSetting) {
         const char* setting;
         std::vector<int> minutes; ///< in which a heartbeat goes out, of the first eight
     } kCases[] = {
-        {"", {4, 8}}, {"1", {1, 2, 3, 4, 5, 6, 7, 8}}, {"2", {2, 4, 6, 8}}, {"0", {1, 5}},
+        {"", {4, 8}},
+        {"1", {1, 2, 3, 4, 5, 6, 7, 8}},
+        {"2", {2, 4, 6, 8}},
+        {"0", {1, 5}},
     };
     for (const auto& row : kCases) {
         PlayedClient other;

@@ -27,8 +27,9 @@ struct RecordedWorld {
     Places places{"/home"};
 
     Platform ForClient(Waiter& waiter) {
-        return {network, loop,   clock,   files,  sound, clipboard, opener, measure, waiter,
-                [this](bool held) { loop.Hold(held); }, places};
+        return {network,   loop,   clock,   files,  sound,
+                clipboard, opener, measure, waiter, [this](bool held) { loop.Hold(held); },
+                places};
     }
 
     /// Texts of the first field of each event of that name.

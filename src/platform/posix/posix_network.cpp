@@ -15,7 +15,7 @@ namespace ombrin {
 
 namespace {
 
-constexpr std::size_t kReadAtOnce = 256 * 1024; ///< bytes; what is left makes the socket ready again
+constexpr std::size_t kReadAtOnce = std::size_t{256} * 1024; ///< bytes; what is left makes the socket ready again
 
 ConnectFailure Why(int problem) {
     switch (problem) {

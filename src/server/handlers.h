@@ -1,0 +1,34 @@
+// The handlers of the client's codes, by area. Each gets a request of the right shape from a sender who may send it;
+// the name in its first field is not looked at: the sender is who logged on over this connection.
+#pragma once
+
+namespace ombrin::server {
+
+class Service;
+struct Session;
+struct Request;
+
+// handlers_logon.cpp
+void TellLobbyNames(Service& service, Session& session, const Request& request);
+void LogOn(Service& service, Session& session, const Request& request);
+void CreateAccount(Service& service, Session& session, const Request& request);
+
+// handlers_lobby.cpp
+void EnterLobby(Service& service, Session& session, const Request& request);
+void EnterEmbedded(Service& service, Session& session, const Request& request);
+void LeaveLobby(Service& service, Session& session, const Request& request);
+
+// handlers_chat.cpp
+void SayInLobby(Service& service, Session& session, const Request& request);
+void SayPrivately(Service& service, Session& session, const Request& request);
+
+// handlers_other.cpp
+void TellBuddies(Service& service, Session& session, const Request& request);
+void LeaveRoom(Service& service, Session& session, const Request& request);
+void DestroyRoom(Service& service, Session& session, const Request& request);
+/// What this server does not offer yet.
+void NotYet(Service& service, Session& session, const Request& request);
+/// What no client sends to this port.
+void NeverSent(Service& service, Session& session, const Request& request);
+
+} // namespace ombrin::server

@@ -1,0 +1,63 @@
+// ardvelle-server: the lobby server of Ardvelle.
+
+#include "server/configuration.h"
+#include "server/log.h"
+#include "server/net/server.h"
+#include "server/options.h"
+
+#include <filesystem>
+#include <iostream>
+#include <sodium.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+namespace {
+
+using namespace ombrin::server;
+
+/// Every client takes a descriptor; the system's usual soft limit is far below its hard one.
+void RaiseDescriptorLimit(Log& log) {
+    rlimit limit{};
+    if (getrlimit(RLIMIT_NOFILE, &limit) == 0) {
+        limit.rlim_cur = limit.rlim_max;
+        if (setrlimit(RLIMIT_NOFILE, &limit) == 0) return;
+    }
+    log.Line("the limit of descriptors stays as it is");
+}
+
+Configuration LoadConfiguration(const Options& options) {
+    std::string path = options.configuration;
+    if (path.empty()) path = options.home + "/server.json";
+    if (options.configuration.empty() && !std::filesystem::exists(path)) return {};
+    try {
+        return ReadConfiguration(path);
+    } catch (const ConfigurationError& mistake) {
+        throw ConfigurationError(path + ": " + mistake.what());
+    }
+}
+
+void Run(const Options& options, Log& log) {
+    umask(S_IRWXG | S_IRWXO); // the database is nobody else's business
+    std::filesystem::create_directories(options.home);
+    const Configuration configuration = LoadConfiguration(options);
+    Server server(options, configuration, log);
+    std::cout << server.ReadyLine() << std::endl; // NOLINT(performance-avoid-endl): whoever waits for it waits now
+    server.Run();
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    const CommandLine commandLine = ParseCommandLine(count, arguments);
+    if (!commandLine.options) return commandLine.exitCode;
+    StandardErrorLog log;
+    try {
+        if (sodium_init() < 0) throw std::runtime_error("libsodium cannot be started");
+        RaiseDescriptorLimit(log);
+        Run(*commandLine.options, log);
+    } catch (const std::exception& problem) {
+        std::cerr << "ardvelle-server: " << problem.what() << std::endl; // NOLINT(performance-avoid-endl)
+        return 1;
+    }
+    return 0;
+}

@@ -1,0 +1,23 @@
+// What an account may be called, and when two names are one.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace ombrin::server {
+
+inline constexpr std::string_view kForbiddenCharacters = "`~!@#$%^&*()-=+\\|[{]};:',<.>/?\"";
+inline constexpr std::size_t kLongestName = 12;     ///< characters, as in the client's account dialog
+inline constexpr std::size_t kLongestPassword = 12; ///< characters, as in the client's account dialog
+
+/// Signs the greeting and whatever else the server itself says; no account can take it.
+inline constexpr std::string_view kServerName = "Ardvelle";
+
+/// The form in which names are compared: letters of the code page without regard to case.
+std::string Folded(std::string_view name);
+
+/// Stricter than the client in one thing: characters that cannot be seen are refused, as they make twins of names.
+bool AcceptableName(std::string_view name);
+bool AcceptablePassword(std::string_view password);
+
+} // namespace ombrin::server

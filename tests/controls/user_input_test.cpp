@@ -1,0 +1,346 @@
+#include "controls/user_input.h"
+
+#include "platform/posix/clock.h"
+#include "platform/posix/event_loop.h"
+#include "scripted_waiter.h"
+
+#include <gmock/gmock.h>
+
+namespace ombrin {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// The main view with some rows, handlers that write down their runs, and a dialog.
+class UserInputTest : public testing::Test, protected Stage, private FormObserver {
+protected:
+    struct Dialog : Form {
+        using Form::Form;
+        TextBox Name{*this, "Name", {.maxLength = 5}};
+        OptionButton First{*this, "First"}, Second{*this, "Second"};
+    };
+
+    UserInputTest() {
+        input.ShowView(true);
+        stack.SetObserver(this);
+        for (const char* name : {"ann", "bob", "carl"}) view.UserList.Add(name);
+        for (const char* name : {"Quake : 1", "Doom : 2"}) view.lbLobbies.Add(name);
+        view.msflxMainChatLines.SetRows(4);
+        view.Create.Click = Says("Create");
+        view.UserList.ItemClick = Says("UserList click");
+        view.UserList.DblClick = Says("UserList dblclick");
+        view.UserList.MouseUp = [this](int button) {
+            said.push_back("UserList mouse " + std::to_string(button));
+            view.PopUp(view.UserMenu);
+        };
+        view.lbLobbies.Click = Says("lbLobbies click");
+        view.msflxMainChatLines.Click = Says("cell");
+        view.msflxMainChatLines.KeyDown = [this](int&, int) { said.emplace_back("key"); };
+        view.PMMenu.Click = Says("PMMenu");
+        view.EnterRoomMenu.Click = Says("EnterRoomMenu");
+        view.MainText.SetText("draft");
+    }
+    std::function<void()> Says(std::string what) {
+        return [this, what] { said.push_back(what); };
+    }
+    void FormShown(Form&) override {}
+    void FormHidden(Form&) override {}
+    void MenuOpened(Menu& menu) override { said.push_back("menu " + menu.Name()); }
+    std::vector<std::string> Said() { return std::exchange(said, {}); }
+    Refusal Press(Control& control, int key, int shift = UserInput::kNoShift) { return input.Key(control, key, shift); }
+    /// Runs a step while the dialog is up.
+    void Under(const std::function<void()>& step) {
+        user.Then([&] {
+            step();
+            dialog.Hide();
+        });
+        dialog.ShowModal();
+    }
+    /// Everything that an input can change.
+    std::string World() {
+        std::string world = view.MainText.Text();
+        for (const Container* place : std::initializer_list<const Container*>{&view, &dialog})
+            world += place->Focus() == nullptr ? " -" : " " + place->Focus()->Name();
+        world += " " + view.UserList.rows.Text(view.UserList.SelectedItem()) + " " + view.lbLobbies.SelectedText();
+        world += " " + std::to_string(view.msflxMainChatLines.Row()) + std::to_string(view.msflxMainChatLines.Col());
+        world += view.OpenMenu() == nullptr ? " -" : " " + view.OpenMenu()->Name();
+        world += dialog.First.On() ? " on" : " off";
+        for (const auto& what : said) world += " " + what;
+        return world;
+    }
+
+    VirtualClock clock;
+    EventLoop loop{clock};
+    View view{loop};
+    Dialog dialog{stack, "Dialog", "Dialog"};
+    Boxes boxes{stack};
+    UserInput input{view, stack};
+    std::vector<std::string> said;
+};
+
+TEST_F(UserInputTest, WhatAPersonCouldNotDoIsRefusedAndChangesNothing) {
+    const auto always = [] {};
+    const auto inABox = [this](BoxButtons buttons, std::function<Refusal()> act) {
+        return [this, buttons, act] {
+            Refusal refusal;
+            user.Then([&] {
+                refusal = act();
+                stack.Top()->Hide();
+            });
+            boxes.Show("text", "title", buttons);
+            return refusal;
+        };
+    };
+    const auto underTheDialog = [this](std::function<Refusal()> act) {
+        return [this, act] {
+            Refusal refusal;
+            Under([&] { refusal = act(); });
+            return refusal;
+        };
+    };
+    View& v = view;
+    const struct {
+        const char* what;
+        std::function<void()> given;
+        std::function<Refusal()> act;
+        const char* why;
+    } kCases[] = {
+        {"view not shown", [&] { input.ShowView(false); }, [&] { return input.Click(v.Create); },
+         "the view is not shown"},
+        {"view disabled", [&] { v.SetEnabled(false); }, [&] { return input.Select(v.UserList, 1, true); },
+         "the view is disabled"},
+        {"entry of a disabled view", [&] { v.SetEnabled(false); }, [&] { return input.Choose(v.PMMenu); },
+         "the view is disabled"},
+        {"hidden button", [&] { v.Create.SetVisible(false); }, [&] { return input.Click(v.Create); }, "hidden"},
+        {"disabled button", [&] { v.Create.SetEnabled(false); }, [&] { return input.Click(v.Create); }, "disabled"},
+        {"hidden box", [&] { v.MainText.SetVisible(false); }, [&] { return input.Type(v.MainText, "x"); }, "hidden"},
+        {"disabled box", [&] { v.MainText.SetEnabled(false); }, [&] { return Press(v.MainText, 'x'); }, "disabled"},
+        {"hidden entry", [&] { v.PMMenu.SetVisible(false); }, [&] { return input.Choose(v.PMMenu); }, "hidden"},
+        {"behind a dialog", always, underTheDialog([&] { return input.Click(v.Create); }), "behind Dialog"},
+        {"menu behind a dialog", always, underTheDialog([&] { return input.Choose(v.PMMenu); }), "behind Dialog"},
+        {"focus behind a dialog", always, underTheDialog([&] { return input.Focus(v.UserList); }), "behind Dialog"},
+        {"dialog behind a box", always,
+         underTheDialog(inABox(BoxButtons::Ok, [&] { return input.Type(dialog.Name, "x"); })), "behind MessageBox"},
+        {"closing a dialog behind a box", [&] { dialog.CloseBox = Says("closed"); },
+         underTheDialog(inABox(BoxButtons::Ok, [&] { return input.Close(dialog); })), "behind another form"},
+        {"dialog that is not up", always, [&] { return input.Click(dialog.First); }, "its form is not shown"},
+        {"closing what is not up", [&] { dialog.CloseBox = Says("closed"); }, [&] { return input.Close(dialog); },
+         "not shown"},
+        {"no close box", [&] { dialog.CloseBox = nullptr; }, underTheDialog([&] { return input.Close(dialog); }),
+         "has no close box"},
+        {"question of Yes and No", always, inABox(BoxButtons::YesNo, [&] { return input.Close(*stack.Top()); }),
+         "has no close box"},
+        {"other button", always, inABox(BoxButtons::YesNo, [&] { return input.PressButton(BoxResult::Ok); }),
+         "the box has no such button"},
+        {"text for a message box", always, inABox(BoxButtons::Ok, [&] { return input.AnswerText("x"); }),
+         "no input box is on top"},
+        {"answer without a box", always, [&] { return input.PressButton(BoxResult::Ok); }, "no box is on top"},
+        {"answer to a dialog", always, underTheDialog([&] { return input.PressButton(BoxResult::Ok); }),
+         "no box is on top"},
+        {"row that is gone", always, [&] { return input.Select(v.UserList, 3, true); }, "no such row"},
+        {"negative row", always, [&] { return input.Select(v.lbLobbies, -1, true); }, "no such row"},
+        {"double click behind the last row", always, [&] { return input.DoubleClick(v.lbLobbies, 2); }, "no such row"},
+        {"right click behind the last row", always, [&] { return input.RightClick(v.UserList, 3); }, "no such row"},
+        {"list box without a choice", always, [&] { return input.Click(v.lbLobbies); }, "no row is selected"},
+        {"list view without rows", always, [&] { return input.Click(v.BuddyLV); }, "no row is selected"},
+        {"taking the mark from a list view", always, [&] { return input.Select(v.UserList, 0, false); },
+         "a row of this list stays selected"},
+        {"taking the mark from a list for one", always, [&] { return input.Select(v.lbLobbies, 0, false); },
+         "a row of this list stays selected"},
+        {"rows of a button", always, [&] { return input.Select(v.Create, 0, true); }, "has no rows"},
+        {"menu of a text box", always, [&] { return input.RightClick(v.MainText, 0); }, "has no menu"},
+        {"cell behind the last", always, [&] { return input.ClickCell(v.msflxMainChatLines, 4, 0); }, "no such cell"},
+        {"column behind the last", always, [&] { return input.ClickCell(v.msflxMainChatLines, 1, 2); }, "no such cell"},
+        {"two lines in one", always, [&] { return input.Type(v.MainText, "a\nb"); }, "one line only"},
+        {"NUL", always, [&] { return input.Type(v.MainText, std::string_view("a\0b", 3)); }, "one line only"},
+        {"key for a button", always, [&] { return Press(v.Create, 13); }, "takes no keys"},
+        {"click on a label", always, [&] { return input.Click(v.RoomsLabel); }, "takes no click"},
+        {"button that nobody has taken on", always, [&] { return input.Click(v.Logoff); }, "hidden"},
+        {"visible one of that kind", [&] { v.Logoff.SetVisible(true); }, [&] { return input.Click(v.Logoff); },
+         "does nothing yet"},
+        {"entry that nobody has taken on", always, [&] { return input.Choose(v.AddBuddy); }, "does nothing yet"},
+        {"entry of another menu", always, [&] { return input.Choose(v.EnterRoomMenu); },
+         "the open menu has no such entry"},
+        {"entry of a closed menu", [&] { v.CloseMenu(); }, [&] { return input.Choose(v.PMMenu); }, "no menu is open"},
+    };
+    Under([] {}); // its first show settles the focus
+    for (const auto& one : kCases) {
+        SCOPED_TRACE(one.what);
+        input.ShowView(true);
+        view.SetEnabled(true);
+        for (Control* control : std::initializer_list<Control*>{&v.Create, &v.MainText, &v.PMMenu}) {
+            control->SetVisible(true);
+            control->SetEnabled(true);
+        }
+        view.PopUp(view.UserMenu);
+        one.given();
+        const std::string before = World();
+        EXPECT_EQ(one.act().value_or("taken"), one.why);
+        EXPECT_EQ(World(), before);
+    }
+}
+
+TEST_F(UserInputTest, EveryOtherInputClosesTheMenu) {
+    dialog.CloseBox = [&] { dialog.Hide(); };
+    const struct {
+        const char* what;
+        std::function<Refusal()> act;
+    } kInputs[] = {
+        {"button", [&] { return input.Click(view.Create); }},
+        {"list", [&] { return input.Click(view.UserList); }},
+        {"row", [&] { return input.Select(view.lbLobbies, 0, true); }},
+        {"double click", [&] { return input.DoubleClick(view.UserList, 0); }},
+        {"right click in a list without a menu", [&] { return input.RightClick(view.lbLobbies, -1); }},
+        {"cell", [&] { return input.ClickCell(view.msflxMainChatLines, 1, 1); }},
+        {"text", [&] { return input.Type(view.MainText, "x"); }},
+        {"key", [&] { return Press(view.MainText, 'x'); }},
+        {"entry", [&] { return input.Choose(view.PMMenu); }},
+        {"box",
+         [&] {
+             user.Then([&] { EXPECT_FALSE(input.PressButton(BoxResult::Ok)); });
+             boxes.ShowPlain("from the server");
+             return Refusal{};
+         }},
+        {"question",
+         [&] {
+             user.Then([&] { EXPECT_FALSE(input.PressButton(BoxResult::Cancel)); });
+             boxes.Ask("from the server");
+             return Refusal{};
+         }},
+        {"close box",
+         [&] {
+             user.Then([&] { EXPECT_FALSE(input.Close(dialog)); });
+             dialog.ShowModal();
+             return Refusal{};
+         }},
+    };
+    for (const auto& one : kInputs) {
+        view.PopUp(view.UserMenu);
+        EXPECT_EQ(one.act().value_or("taken"), "taken") << one.what;
+        EXPECT_EQ(view.OpenMenu(), nullptr) << one.what;
+    }
+}
+
+TEST_F(UserInputTest, ARightClickSelectsItsRowAndOpensTheMenu) {
+    EXPECT_FALSE(input.RightClick(view.UserList, 2));
+    EXPECT_THAT(Said(), ElementsAre("UserList click", "UserList mouse 2", "menu UserMenu"));
+    EXPECT_EQ(view.UserList.SelectedItem(), view.UserList.rows.At(2));
+    EXPECT_FALSE(input.RightClick(view.UserList, -1));
+    EXPECT_THAT(Said(), ElementsAre("UserList mouse 2", "menu UserMenu")) << "the empty area selects nothing";
+    EXPECT_EQ(view.UserList.SelectedItem(), view.UserList.rows.At(2));
+    EXPECT_FALSE(input.Choose(view.PMMenu));
+    EXPECT_THAT(Said(), ElementsAre("PMMenu"));
+    EXPECT_FALSE(input.RightClick(view.lbLobbies, 0));
+    EXPECT_THAT(Said(), ElementsAre("lbLobbies click")) << "a list without a menu";
+}
+
+TEST_F(UserInputTest, TheSecondClickMeetsTheWorldThatTheFirstOneLeft) {
+    EXPECT_FALSE(input.DoubleClick(view.UserList, 1));
+    EXPECT_THAT(Said(), ElementsAre("UserList click", "UserList dblclick"));
+    const std::function<void()> kChanges[] = {
+        [&] {
+            user.Then([&] {
+                EXPECT_TRUE(dialog.Visible());
+                dialog.Hide();
+            });
+            dialog.ShowModal();
+            view.UserList.SetVisible(false); // as the routine behind the dialog does
+        },
+        [&] { view.UserList.SetEnabled(false); },
+        [&] { view.SetEnabled(false); },
+    };
+    for (const auto& change : kChanges) {
+        view.SetEnabled(true);
+        view.UserList.SetEnabled(true);
+        view.UserList.SetVisible(true);
+        view.UserList.ItemClick = change;
+        EXPECT_FALSE(input.DoubleClick(view.UserList, 0)) << "its first click was taken";
+        EXPECT_THAT(Said(), IsEmpty());
+    }
+    view.SetEnabled(true);
+    EXPECT_FALSE(input.RightClick(view.UserList, 0)) << "nor does a menu open there";
+    EXPECT_THAT(Said(), IsEmpty());
+}
+
+TEST_F(UserInputTest, ADoubleClickWhoseFirstClickOpensADialogWaitsForIt) {
+    view.UserList.ItemClick = [&] { dialog.ShowModal(); };
+    user.Then([&] {
+        EXPECT_THAT(said, IsEmpty());
+        EXPECT_EQ(input.DoubleClick(view.UserList, 1).value_or("taken"), "behind Dialog");
+        dialog.Hide();
+    });
+    EXPECT_FALSE(input.DoubleClick(view.UserList, 0));
+    EXPECT_THAT(said, ElementsAre("UserList dblclick"));
+}
+
+TEST_F(UserInputTest, KeysGoToTheirHandlerAndThenIntoTheBoxUnlessSwallowed) {
+    TextBox& box = view.MainText;
+    box.KeyPress = [&](int& key) {
+        said.push_back(std::to_string(key));
+        if (key == 120) key = 0;
+        if (key == 121) key = 'z';
+    };
+    box.SetText("ab");
+    box.Select(2, 0);
+    for (const int key : {120, 121, 13, 27, 0xE4, 8, 8}) EXPECT_FALSE(Press(box, key));
+    EXPECT_EQ(box.Text(), "ab") << "an umlaut and the z came and went";
+    EXPECT_FALSE(Press(box, 'c', UserInput::kControl));
+    EXPECT_EQ(box.Text(), "ab");
+    EXPECT_THAT(Said(), ElementsAre("120", "121", "13", "27", "228", "8", "8")) << "a shortcut is no text";
+    EXPECT_FALSE(Press(view.msflxMainChatLines, 67, UserInput::kControl));
+    EXPECT_THAT(Said(), ElementsAre("key"));
+    EXPECT_TRUE(view.msflxMainChatLines.HasFocus());
+}
+
+TEST_F(UserInputTest, AClickOnACellMovesThereAndOnTheHeaderNowhere) {
+    FlexGrid& grid = view.msflxMainChatLines;
+    EXPECT_FALSE(input.ClickCell(grid, 3, 1));
+    EXPECT_FALSE(input.ClickCell(grid, 0, 0));
+    EXPECT_EQ(grid.Row(), 3);
+    EXPECT_EQ(grid.Col(), 1);
+    EXPECT_THAT(Said(), ElementsAre("cell", "cell"));
+}
+
+TEST_F(UserInputTest, ADialogTakesInputAndAnInputBoxOverItToo) {
+    std::string answer;
+    dialog.First.Click = Says("First");
+    user.Then([&] {
+            EXPECT_FALSE(input.Type(dialog.Name, "abcdefg"));
+            EXPECT_FALSE(input.Click(dialog.Second));
+            EXPECT_FALSE(input.Click(dialog.First));
+            EXPECT_TRUE(dialog.First.On());
+            EXPECT_FALSE(dialog.Second.On());
+            answer = boxes.Ask("Name:");
+        })
+        .Then([&] { EXPECT_TRUE(input.AnswerText("two\nlines")) << "and the box stays"; })
+        .Then([&] { EXPECT_FALSE(input.AnswerText("ann")); })
+        .Then([&] { dialog.Hide(); });
+    dialog.ShowModal();
+    EXPECT_EQ(dialog.Name.Text(), "abcde");
+    EXPECT_EQ(answer, "ann");
+    EXPECT_THAT(Said(), ElementsAre("First"));
+}
+
+TEST_F(UserInputTest, BesideAModelessFormTheViewGoesOnAndBehindAModalOneBothWait) {
+    Form progress{stack, "DownloadProgress", "Download Progress"};
+    Button cancel{progress, "Cancel", "Cancel"};
+    cancel.Click = Says("Cancel");
+    progress.CloseBox = [&] { progress.Hide(); };
+    EXPECT_TRUE(input.Click(cancel)) << "it is not shown";
+    progress.Show();
+    EXPECT_FALSE(input.Click(view.Create));
+    EXPECT_FALSE(input.Click(cancel));
+    EXPECT_THAT(Said(), ElementsAre("Create", "Cancel"));
+    Under([&] {
+        for (Control* control : std::initializer_list<Control*>{&view.Create, &cancel})
+            EXPECT_EQ(input.Click(*control).value_or("taken"), "behind Dialog");
+        EXPECT_EQ(input.Close(progress).value_or("taken"), "behind another form");
+    });
+    EXPECT_FALSE(input.Close(progress));
+    EXPECT_FALSE(progress.Visible());
+    EXPECT_THAT(Said(), IsEmpty());
+}
+
+} // namespace
+} // namespace ombrin

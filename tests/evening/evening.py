@@ -1,0 +1,407 @@
+"""Real clients and the real server, for whole-system runs: each of them a process, all places in one scratch folder.
+
+Nothing here sleeps for a fixed time: who wants to see something lets the client go on until it is there, and gives up
+with a sentence that says what was missed.
+"""
+import json
+import os
+import pathlib
+import queue
+import re
+import shutil
+import signal
+import subprocess
+import tempfile
+import threading
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
+PROGRAMS = pathlib.Path(os.environ.get("OMBRIN_BIN") or ROOT / "build" / "release" / "bin")
+LANGUAGE_FILE = ROOT / "assets" / "language" / "AVfLang.ini"
+
+PATIENCE = 20           # seconds for anything that has to come; a sanitizer makes all of it slower
+SILENCE = 150           # milliseconds without an arrival that count as "nothing more comes"
+NOTES_SHOWN = 60        # the last lines of each process's log that a failure prints
+
+LOOKING = {"settle", "get", "fields", "forms"}     # commands that change nothing
+
+OK = 1                  # a button of a message box
+
+
+class Failure(Exception):
+    """Something did not come out as it should; the text says what."""
+
+
+class Refused(Failure):
+    """The client did not take a command: a person could not have given that input either."""
+
+
+def equal(seen, wanted, what):
+    if seen != wanted:
+        raise Failure(f"{what}: {seen!r} instead of {wanted!r}")
+
+
+class Program:
+    """A child process that logs to standard error; `notes` keeps what it and we said, for a failure's report."""
+
+    def __init__(self, name, program, *options):
+        self.name = name
+        self.notes = []
+        self.dismissed = False      # we have asked it to end, or ended it
+        command = [str(PROGRAMS / program), *map(str, options)]
+        try:
+            self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                            stderr=subprocess.PIPE)
+        except OSError as why:
+            raise Failure(f"{command[0]} cannot be started: {why.strerror}") from None
+        self._readers = [self._reader(self.process.stdout, self.said), self._reader(self.process.stderr, self.logged)]
+
+    def _reader(self, stream, handler):
+        def read():
+            for line in stream:
+                handler(line.decode("utf-8", "backslashreplace").rstrip("\r\n"))
+            handler(None)
+        thread = threading.Thread(target=read, daemon=True)
+        thread.start()
+        return thread
+
+    def note(self, text):
+        self.notes.append(text)
+
+    def said(self, line):
+        """A line on standard output, None at its end."""
+
+    def logged(self, line):
+        if line is not None:
+            self.note("log  " + line)
+
+    def ended(self):
+        """The exit status, waited for; a process that does not end is a failure."""
+        try:
+            status = self.process.wait(PATIENCE)
+        except subprocess.TimeoutExpired:
+            raise Failure(f"{self.name} does not end") from None
+        for reader in self._readers:
+            reader.join(PATIENCE)
+        return status
+
+    def kill(self):
+        self.dismissed = True
+        if self.process.poll() is None:
+            self.process.kill()
+        self.process.wait()
+
+
+class Server(Program):
+    """`ardvelle-server` on a free port of 127.0.0.1."""
+
+    LISTENING = re.compile(r"listening on ([^ ]+):(\d+), files on [^ ]+:\d+")
+
+    def __init__(self, home, config=None, options=(), port=0):
+        home.mkdir(parents=True, exist_ok=True)
+        if config is not None:
+            file = home / "evening.json"
+            file.write_text(json.dumps(config))
+            options = ["--config", file, *options]
+        self._lines = queue.Queue()
+        super().__init__("server", "ardvelle-server", "--port", port, "--home", home, *options)
+        try:
+            self.host, self.port = self._address()
+        except Failure:
+            self.kill()
+            raise
+
+    def said(self, line):
+        self._lines.put(line)
+        if line is not None:
+            self.note("said " + line)
+
+    def _address(self):
+        try:
+            line = self._lines.get(timeout=PATIENCE)
+        except queue.Empty:
+            raise Failure("the server does not say where it listens") from None
+        match = line and self.LISTENING.fullmatch(line)
+        if not match:
+            raise Failure(f"the server says {line!r} instead of where it listens" if line else
+                          f"the server ends with {self.process.wait()} at once: " + " / ".join(self.notes[-3:]))
+        return match[1], int(match[2])
+
+    def quit(self):
+        self.dismissed = True
+        self.process.send_signal(signal.SIGTERM)
+        return self.ended()
+
+
+class Console(Program):
+    """`ombrin-console`, spoken to in lines of JSON: one reply a command, events in between."""
+
+    def __init__(self, name, home, options=()):
+        self.home = home
+        self.events = []
+        self._replies = queue.Queue()
+        self._looks = {}            # the last reply to each command that only looks
+        super().__init__(name, "ombrin-console", "--home", home, "--virtual-time", *options)
+
+    def said(self, line):
+        if line is None:
+            self._replies.put(None)
+            return
+        try:
+            message = json.loads(line)
+        except ValueError:
+            message = {"reply": None, "ok": False, "error": f"no JSON: {line}"}
+        if "event" in message:
+            self.note("     " + line)
+            self.events.append(message)
+        else:
+            self._replies.put(message)
+
+    def do(self, what, **fields):
+        """Gives one command and answers its reply."""
+        line = json.dumps({"do": what, **fields}, ensure_ascii=False)
+        if what not in LOOKING:
+            self.note("  -> " + line)
+        try:
+            self.process.stdin.write(line.encode() + b"\n")
+            self.process.stdin.flush()
+            reply = self._replies.get(timeout=PATIENCE)
+        except OSError:
+            reply = None
+        except queue.Empty:
+            raise Failure(f"{self.name}'s client does not answer {line}") from None
+        if reply is None:
+            raise Failure(f"{self.name}'s client has ended with {self.ended()} at {line}")
+        self._note_reply(what, line, reply)
+        if reply.get("ok") is not True:
+            raise Refused(f"{self.name}'s client refuses {line}: {reply.get('error')}")
+        return reply
+
+    def _note_reply(self, what, line, reply):
+        """What is looked at again and again is noted when it has changed."""
+        if what in LOOKING:
+            if what == "settle" or self._looks.get(line) == reply:
+                return
+            self._looks[line] = reply
+        self.note(f"  <- {json.dumps(reply, ensure_ascii=False)}" + (f"   to {line}" if what in LOOKING else ""))
+
+    def get(self, at):
+        return self.do("get", at=at)
+
+    def until(self, what, condition):
+        """Lets the client go on until the condition holds; answers what it answered."""
+        end = time.monotonic() + PATIENCE
+        while True:
+            seen = condition()
+            if seen:
+                return seen
+            if time.monotonic() > end:
+                raise Failure(f"{self.name} waited {PATIENCE} s in vain to see {what}")
+            self.do("settle", ms=10)
+
+    def settle(self):
+        """Lets the client go on until nothing more comes."""
+        self.do("settle", ms=SILENCE)
+
+    def happened(self, kind, **fields):
+        """The events of a kind so far, those with the given fields."""
+        return [event for event in list(self.events)
+                if event["event"] == kind and all(event.get(key) == value for key, value in fields.items())]
+
+    def quit(self):
+        self.dismissed = True
+        self.do("quit")
+        return self.ended()
+
+
+class Client(Console):
+    """A person at a client: what he does in a sentence each, and what he has on the screen."""
+
+    def __init__(self, name, home, options=()):
+        windows = home / "windows"
+        windows.mkdir(parents=True, exist_ok=True)
+        if not (windows / LANGUAGE_FILE.name).exists():     # as an installer does
+            shutil.copy(LANGUAGE_FILE, windows)
+        super().__init__(name, home, options)
+
+    # -- the screen
+
+    def marks(self):
+        reply = self.do("fields")
+        return reply.get("fields", reply)
+
+    def forms(self):
+        return self.do("forms")["forms"]
+
+    def top(self):
+        forms = self.forms()
+        return forms[-1] if forms else None
+
+    def rows(self, at):
+        """The texts of a list."""
+        return [row["text"] for row in self.get(at)["rows"]]
+
+    def row_of(self, at, start):
+        """The number of the row whose text is the given one, or that and a count behind " : "."""
+        for number, text in enumerate(self.rows(at)):
+            if text == start or text.startswith(start + " : "):
+                return number
+        raise Failure(f"{self.name}'s {at} has no row {start!r}: {self.rows(at)}")
+
+    def users(self):
+        return sorted(self.rows("UserList"))
+
+    def lobbies(self):
+        return self.rows("lbLobbies")
+
+    def lines(self):
+        """The lines of the lobby's chat as (sender, text)."""
+        return [tuple(row) for row in self.get("msflxMainChatLines")["rows"][1:] if any(row)]
+
+    def in_lobby(self, lobby=None):
+        marks = self.marks()
+        return marks["Enabled"] and not self.forms() and lobby in (None, marks["m_CurrentLobby"])
+
+    # -- waiting for something to be seen
+
+    def sees_form(self, form):
+        self.until(f"the form {form} on top", lambda: self.top() == form)
+
+    def sees_lobby(self, lobby=None):
+        self.until(f"the lobby {lobby or 'at all'}", lambda: self.in_lobby(lobby))
+
+    def sees_users(self, *names):
+        self.until(f"the users {', '.join(names)} in the lobby", lambda: self.users() == sorted(names))
+
+    def sees_lobbies(self, *rows):
+        self.until(f"the lobbies {', '.join(rows)}", lambda: self.lobbies() == list(rows))
+
+    def sees_line(self, sender, text):
+        self.until(f"the line {text!r} of {sender}", lambda: (sender, text) in self.lines())
+
+    def reads_box(self, press=OK):
+        """The text of the message box that comes; presses one of its buttons."""
+        self.sees_form("MessageBox")
+        text = self.happened("show", form="MessageBox")[-1]["text"]
+        self.do("answer", button=press)
+        return text
+
+    # -- what a person does
+
+    def choose_language(self, language):
+        """For later starts: the language file names it, and nobody is asked."""
+        self.do("ini", file="AVfLang.ini", section="CurrentLanguage", key="Language", value=language)
+
+    def choose_lobbies(self, *names):
+        """For later logons: the filter is settled, and nobody is asked."""
+        self.do("ini", file="AV.ini", section="GameFilter", key="DisplayedGames",
+                value="".join(name + ";" for name in names))
+
+    def type(self, at, text):
+        self.do("type", at=at, text=text)
+
+    def press(self, at):
+        self.do("click", at=at)
+
+    def fill_logon(self, host, port, user, password):
+        self.sees_form("UsrNmPwIP")
+        self.type("UsrNmPwIP.LogonName", user)
+        self.type("UsrNmPwIP.Password", password)
+        self.type("UsrNmPwIP.HostMachine", host)
+        self.type("UsrNmPwIP.HTTPPort", str(port))
+        self.press("UsrNmPwIP.Connect")
+
+    def log_on(self, server, user=None, password="secret"):
+        """From the logon dialog on; what the server answers is the caller's to see."""
+        self.fill_logon(server.host, server.port, user or self.name, password)
+
+    def tick_lobbies(self, *names):
+        """In the first run's dialog."""
+        self.sees_form("LobbyFilter")
+        for name in names:
+            self.do("select", at="LobbyFilter.GameList", row=self.row_of("LobbyFilter.GameList", name), on=True)
+        self.press("LobbyFilter.OK")
+
+    def say(self, text):
+        self.type("MainText", text)
+        self.press("SendMain")
+
+    def go_to(self, lobby):
+        self.do("dblclick", at="lbLobbies", row=self.row_of("lbLobbies", lobby))
+
+    def choose_for_user(self, user, entry):
+        """An entry of the menu that the right button opens on a user."""
+        self.do("rightclick", at="UserList", row=self.row_of("UserList", user))
+        self.do("choose", entry=entry)
+
+    # -- behind the screen
+
+    def log(self):
+        """The client's own log file."""
+        file = self.home / "system" / "AVClLogs.txt"
+        return file.read_text("cp1252", "replace") if file.exists() else ""
+
+
+class Evening:
+    """Keeps everything that one run starts, and ends it."""
+
+    going_on = []
+
+    def __init__(self):
+        self.going_on.append(self)
+        self.scratch = pathlib.Path(tempfile.mkdtemp(prefix="ombrin-evening-"))
+        self.programs = []
+
+    def server(self, config=None, *options, home="server", port=0):
+        server = Server(self.scratch / home, config, options, port)
+        self.programs.append(server)
+        return server
+
+    def client(self, name, *options, language="English", lobbies=(), home=None):
+        """A client before its start; settings that are given here are not asked for."""
+        client = Client(name, self.scratch / (home or name), options)
+        self.programs.append(client)
+        if language:
+            client.choose_language(language)
+        if lobbies:
+            client.choose_lobbies(*lobbies)
+        return client
+
+    def finish(self):
+        """Ends what still runs, clients first; one that does not end properly is a failure."""
+        for program in sorted(self.programs, key=lambda program: isinstance(program, Server)):
+            if program.dismissed:
+                continue
+            if program.process.poll() is not None:
+                raise Failure(f"{program.name} has ended with {program.ended()}, and nobody asked for it")
+            equal(program.quit(), 0, f"the exit status of {program.name}")
+
+    def report(self):
+        """What every process said, for a failure."""
+        parts = []
+        for program in self.programs:
+            parts += [f"--- {program.name} (process {program.process.pid}, exit status {program.process.poll()})",
+                      *program.notes[-NOTES_SHOWN:]]
+            if isinstance(program, Client) and program.log():
+                parts += [f"--- {program.name}'s log file", *program.log().splitlines()[-NOTES_SHOWN:]]
+        return "\n".join(parts)
+
+    def close(self):
+        for program in self.programs:
+            program.kill()
+        shutil.rmtree(self.scratch)
+        self.going_on.remove(self)
+
+
+def leave_nothing_when_stopped():
+    """From now on SIGINT and SIGTERM end this run and all that it has started. No exception does that: it would come
+    in the middle of a wait, and the wait would make another one of it."""
+    def leave(number, _):
+        for evening in Evening.going_on:
+            for program in evening.programs:
+                program.process.kill()
+            shutil.rmtree(evening.scratch, ignore_errors=True)
+        os.write(2, b"\nStopped.\n")
+        os._exit(128 + number)
+    for number in (signal.SIGINT, signal.SIGTERM):
+        signal.signal(number, leave)

@@ -1,0 +1,189 @@
+#include "server/message_cutter.h"
+#include "server/net/connection.h"
+#include "server_process.h"
+#include "session/wire/client_message.h"
+
+#include <csignal>
+#include <gmock/gmock.h>
+
+namespace ombrin::server::test {
+
+using testing::HasSubstr;
+using testing::Not;
+
+/// Passwords that cost nothing, and lines as many as one likes.
+constexpr std::string_view kQuick = R"({
+    "lobbies": ["Go"],
+    "limits": {"passwordMemoryKiB": 8, "passwordPasses": 1, "lobbyLines": {"burst": 100000, "perSecond": 100000}}})";
+
+class Loopback : public testing::Test {
+protected:
+    ScratchFolder home;
+};
+
+TEST_F(Loopback, AMessageMayArriveByteByByte) {
+    ServerProcess server(home.path, {"--open-accounts"}, kQuick);
+    WireClient ann(server.port);
+    const std::string bytes = client_message::Logon("ann;temp;127.0.0.1", "pw") +
+                              client_message::EnterLobby("ann;Go;127.0.0.1", "") +
+                              client_message::LobbyLine("ann;Go;127.0.0.1", "hi");
+    for (const char& byte : bytes) ann.Sends({&byte, 1});
+    EXPECT_EQ(ann.ReadsUntil("1:ann:hi:;~"),
+              "45:127.0.0.1;~22:Go,0;~21:Go;~0:ann;1;~2:~47:ann;~48:ann;Go;~1:ann:hi:;~");
+}
+
+TEST_F(Loopback, TheLobbyNamesReachAPeerThatHasEndedItsSending) {
+    ServerProcess server(home.path, {});
+    WireClient page(server.port);
+    page.Sends(client_message::LobbyNames());
+    page.EndsSending();
+    EXPECT_EQ(page.ReadsToEnd(), "Quake3;Half Life;Chess;Go;");
+}
+
+TEST_F(Loopback, AMessageWithoutAnEndCostsItsSenderTheConnection) {
+    ServerProcess server(home.path, {"--open-accounts"}, kQuick);
+    WireClient bob(server.port);
+    bob.LogsOn("bob");
+    bob.Enters("bob", "Go");
+    WireClient ann(server.port);
+    ann.LogsOn("ann");
+    ann.Enters("ann", "Go");
+    ann.Sends(std::string(MessageCutter::kLongestMessage, 'x') + "~");
+    ann.ReadsUntil("36:The message was too long and was thrown away.;~");
+    ann.TriesToSend(std::string(MessageCutter::kRunaway + 1, 'x'));
+    bob.ReadsUntil("15:ann;~49:ann;Go;1;~");
+    EXPECT_THAT(server.Log(), HasSubstr("ann ends: a message without an end"));
+}
+
+/// A line of some 30 KB; its echo ends as no other message does.
+std::string LongLine(const std::string& name) {
+    constexpr std::size_t kSize = 30'000;
+    return client_message::LobbyLine(name + ";Go;127.0.0.1", std::string(kSize, 'x') + "!");
+}
+
+TEST_F(Loopback, WhoDoesNotReadIsDroppedAndTheOthersHearOn) {
+    ServerProcess server(home.path, {"--open-accounts"}, kQuick);
+    constexpr int kSmallBuffer = 4'096;
+    WireClient slow(server.port, "127.0.0.1", kSmallBuffer);
+    slow.LogsOn("slow");
+    slow.Enters("slow", "Go");
+    WireClient ann(server.port);
+    ann.LogsOn("ann");
+    ann.Enters("ann", "Go");
+
+    // More than the queue and what the system may take for both ends.
+    constexpr std::size_t kEnough = 4 * Connection::kMostWaiting;
+    std::string heard;
+    std::size_t sent = 0;
+    for (; sent < kEnough && heard.find("15:slow;~") == std::string::npos; sent += heard.size()) {
+        ann.Sends(LongLine("ann"));
+        heard = ann.ReadsUntil("!:;~");
+    }
+    if (heard.find("15:slow;~") == std::string::npos) ann.ReadsUntil("15:slow;~49:slow;Go;1;~");
+    EXPECT_GT(sent, Connection::kMostWaiting);
+    EXPECT_THAT(server.Log(), HasSubstr("slow ends: it does not read"));
+}
+
+TEST_F(Loopback, WhoStandsStillForAWhileMissesNothing) {
+    ServerProcess server(home.path, {"--open-accounts"}, kQuick);
+    WireClient still(server.port);
+    still.LogsOn("still");
+    still.Enters("still", "Go");
+    WireClient ann(server.port);
+    ann.LogsOn("ann");
+    ann.Enters("ann", "Go");
+    constexpr int kLines = 100; // some 3 MB
+    for (int i = 0; i < kLines; ++i) {
+        ann.Sends(LongLine("ann"));
+        ann.ReadsUntil("!:;~");
+    }
+    for (int i = 0; i < kLines; ++i) still.ReadsUntil("!:;~");
+    ann.Sends(client_message::LobbyLine("ann;Go;127.0.0.1", "and on"));
+    still.ReadsUntil("1:ann:and on:;~");
+}
+
+TEST_F(Loopback, TenWrongPasswordsSlowOneAddressOnly) {
+    ServerProcess server(home.path, {}, kQuick);
+    WireClient ann(server.port);
+    ann.Sends(client_message::CreateAccount("ann", "pw", "pw"));
+    ann.ReadsUntil("27:ann;pw;~");
+
+    WireClient thief(server.port, "127.0.0.2");
+    const auto guess = [&] { thief.Sends(client_message::Logon("ann;temp;127.0.0.2", "Guess-1")); };
+    for (int i = 0; i < 10; ++i) {
+        guess();
+        EXPECT_EQ(thief.ReadsUntil("~"), "24:~");
+    }
+    const auto start = std::chrono::steady_clock::now();
+    guess();
+    ann.LogsOn("ann");
+    const auto logonTook = std::chrono::steady_clock::now() - start;
+    EXPECT_EQ(thief.ReadsUntil("~"), "24:~");
+    const auto guessTook = std::chrono::steady_clock::now() - start;
+    EXPECT_GE(guessTook, std::chrono::milliseconds(990));
+    EXPECT_LT(logonTook, guessTook);
+    EXPECT_THAT(server.Log(), Not(HasSubstr("Guess-1")));
+}
+
+TEST_F(Loopback, OneAddressCannotTakeAllConnections) {
+    ServerProcess server(home.path, {}, R"({"limits": {"connectionsPerAddress": 2}})");
+    WireClient first(server.port);
+    WireClient second(server.port);
+    first.Sends(client_message::LobbyLine("x;y;z", "are you there?"));
+    second.Sends(client_message::LobbyLine("x;y;z", "are you there?"));
+    first.ReadsUntil("20:~");
+    second.ReadsUntil("20:~");
+    WireClient third(server.port);
+    EXPECT_EQ(third.ReadsToEnd(), "");
+    WireClient elsewhere(server.port, "127.0.0.3");
+    elsewhere.Sends(client_message::LobbyNames());
+    EXPECT_THAT(elsewhere.ReadsToEnd(), HasSubstr("Go;"));
+    // The page's connection from the same address is let in as soon as one of the two has gone.
+    first.Sends(client_message::Closing());
+    EXPECT_EQ(first.ReadsToEnd(), "");
+}
+
+TEST_F(Loopback, ASignalEndsItCleanlyAndAccountsStay) {
+    for (const int signal : {SIGTERM, SIGINT}) {
+        ServerProcess server(home.path, {}, kQuick);
+        WireClient ann(server.port);
+        if (signal == SIGTERM) {
+            ann.Sends(client_message::CreateAccount("ann", "Sesame9", "Sesame9"));
+            ann.ReadsUntil("27:");
+        }
+        ann.LogsOn("ann", "Sesame9");
+        server.Signal(signal);
+        EXPECT_EQ(server.Wait(), 0);
+        ann.ReadsToEnd();
+        EXPECT_THAT(server.Log(), HasSubstr("ends by signal " + std::to_string(signal)));
+        EXPECT_THAT(server.Log(), Not(HasSubstr("Sesame9")));
+    }
+}
+
+TEST_F(Loopback, WhatPreventsTheStartIsSaidWithItsPlace) {
+    ServerProcess running(home.path, {});
+    ASSERT_GT(running.filesPort, 0);
+    EXPECT_LT(running.filesPort, 32'768);
+    const ScratchFolder neighbour;
+    const ServerProcess second(neighbour.path, {});
+    EXPECT_NE(second.filesPort, running.filesPort);
+    struct Case {
+        std::vector<std::string> options;
+        std::string configuration;
+        std::string said;
+    };
+    const Case cases[] = {
+        {{}, R"({"lobbies": ["a:b"]})", "server.json: /lobbies/0: must not hold"},
+        {{"--config", "/no/such/file"}, "", "/no/such/file: cannot be read"},
+        {{"--files-port", std::to_string(running.filesPort)}, "", "cannot listen on 127.0.0.1:"},
+    };
+    for (const Case& trial : cases) {
+        const ScratchFolder other;
+        ServerProcess refused(other.path, trial.options, trial.configuration);
+        ASSERT_EQ(refused.readyLine, "");
+        EXPECT_NE(refused.Wait(), 0);
+        EXPECT_THAT(refused.Log(), HasSubstr(trial.said));
+    }
+}
+
+} // namespace ombrin::server::test

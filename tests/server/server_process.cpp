@@ -1,0 +1,172 @@
+#include "server_process.h"
+
+#include "session/wire/client_message.h"
+
+#include <arpa/inet.h>
+#include <array>
+#include <csignal>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <regex>
+#include <spawn.h>
+#include <sstream>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+extern char** environ;
+
+namespace ombrin::server::test {
+
+namespace {
+
+/// Milliseconds; far more than anything takes, even under a sanitizer.
+constexpr int kPatience = 30'000;
+
+bool Readable(int descriptor) {
+    pollfd wait{descriptor, POLLIN, 0};
+    return poll(&wait, 1, kPatience) == 1;
+}
+
+} // namespace
+
+ScratchFolder::ScratchFolder() {
+    path = (std::filesystem::temp_directory_path() / "ardvelle-XXXXXX").string();
+    if (mkdtemp(path.data()) == nullptr) throw std::runtime_error("no scratch folder");
+}
+
+ScratchFolder::~ScratchFolder() { std::filesystem::remove_all(path); }
+
+ServerProcess::ServerProcess(const std::string& home, std::vector<std::string> options, std::string_view configuration)
+    : logFile(home + "/log") {
+    if (!configuration.empty()) std::ofstream(home + "/server.json") << configuration;
+    options.insert(options.begin(), {ARDVELLE_SERVER, "--port", "0", "--home", home});
+    std::vector<char*> arguments;
+    for (std::string& option : options) arguments.push_back(option.data());
+    arguments.push_back(nullptr);
+
+    std::array<int, 2> ends{};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
+    output = ends[0];
+    posix_spawn_file_actions_t actions{};
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, logFile.c_str(), O_WRONLY | O_CREAT | O_APPEND, S_IRUSR);
+    const int result = posix_spawn(&process, ARDVELLE_SERVER, &actions, nullptr, arguments.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    close(ends[1]);
+    if (result != 0) throw std::runtime_error("the server cannot be started");
+
+    char c = 0;
+    while (Readable(output) && read(output, &c, 1) == 1 && c != '\n') readyLine += c;
+    std::smatch match;
+    if (!std::regex_match(readyLine, match, std::regex("listening on .*:(\\d+), files on .*:(\\d+)"))) return;
+    port = static_cast<std::uint16_t>(std::stoi(match[1]));
+    filesPort = static_cast<std::uint16_t>(std::stoi(match[2]));
+}
+
+ServerProcess::~ServerProcess() {
+    if (process > 0) {
+        Signal(SIGTERM);
+        EXPECT_EQ(Wait(), 0) << Log();
+    }
+    if (testing::Test::HasFailure()) std::fprintf(stderr, "log of the server:\n%s", Log().c_str());
+    close(output);
+}
+
+void ServerProcess::Signal(int number) const { kill(process, number); }
+
+int ServerProcess::Wait() {
+    int status = 0;
+    waitpid(process, &status, 0);
+    process = -1;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+}
+
+std::string ServerProcess::Log() const {
+    std::ostringstream text;
+    text << std::ifstream(logFile).rdbuf();
+    return text.str();
+}
+
+WireClient::WireClient(std::uint16_t port, const std::string& from, int receiveBuffer)
+    : socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    if (receiveBuffer > 0) setsockopt(socket, SOL_SOCKET, SO_RCVBUF, &receiveBuffer, sizeof receiveBuffer);
+    const auto address = [](const std::string& text, std::uint16_t number) {
+        sockaddr_in in{};
+        in.sin_family = AF_INET;
+        in.sin_port = htons(number);
+        inet_pton(AF_INET, text.c_str(), &in.sin_addr);
+        return in;
+    };
+    const sockaddr_in here = address(from, 0);
+    const sockaddr_in there = address("127.0.0.1", port);
+    if (bind(socket, reinterpret_cast<const sockaddr*>(&here), sizeof here) != 0 ||
+        connect(socket, reinterpret_cast<const sockaddr*>(&there), sizeof there) != 0)
+        throw std::runtime_error("no connection to the server");
+}
+
+WireClient::~WireClient() { close(socket); }
+
+void WireClient::Sends(std::string_view bytes) { EXPECT_TRUE(TriesToSend(bytes)); }
+
+bool WireClient::TriesToSend(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t sent = send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+        if (sent <= 0) return false;
+        bytes.remove_prefix(static_cast<std::size_t>(sent));
+    }
+    return true;
+}
+
+void WireClient::EndsSending() const { shutdown(socket, SHUT_WR); }
+
+bool WireClient::ReadsMore() {
+    std::array<char, 65'536> bytes{};
+    if (!Readable(socket)) {
+        ADD_FAILURE() << "nothing comes any more behind: " << buffer.substr(0, 1'000);
+        return false;
+    }
+    const ssize_t size = recv(socket, bytes.data(), bytes.size(), 0);
+    if (size > 0) buffer.append(bytes.data(), static_cast<std::size_t>(size));
+    return size > 0;
+}
+
+std::string WireClient::ReadsUntil(std::string_view text) {
+    std::size_t searched = 0;
+    while (true) {
+        const std::size_t at = buffer.find(text, searched);
+        if (at != std::string::npos) {
+            std::string read = buffer.substr(0, at + text.size());
+            buffer.erase(0, at + text.size());
+            return read;
+        }
+        searched = buffer.size() < text.size() ? 0 : buffer.size() - text.size();
+        if (ReadsMore()) continue;
+        ADD_FAILURE() << "\"" << text << "\" did not come, but: " << buffer.substr(0, 1'000);
+        return std::exchange(buffer, {});
+    }
+}
+
+std::string WireClient::ReadsToEnd() {
+    while (ReadsMore()) {
+    }
+    return std::exchange(buffer, {});
+}
+
+std::string WireClient::LogsOn(const std::string& name, const std::string& password) {
+    Sends(client_message::Logon(name + ";temp;127.0.0.1", password));
+    std::string read = ReadsUntil("22:");
+    read += ReadsUntil("~");
+    return read;
+}
+
+std::string WireClient::Enters(const std::string& name, const std::string& lobby) {
+    Sends(client_message::EnterLobby(name + ";" + lobby + ";127.0.0.1", ""));
+    return ReadsUntil("48:" + name + ";" + lobby + ";~");
+}
+
+} // namespace ombrin::server::test

@@ -1,0 +1,117 @@
+#include "world.h"
+
+#include "session/wire/codec.h"
+
+namespace ombrin::server::test {
+
+class Chat : public World {};
+
+TEST_F(Chat, ALobbyLineGoesToAllOfTheLobbyAndItsSender) {
+    Client& ann = InLobby("ann");
+    Client& bob = InLobby("bob");
+    Client& cid = InLobby("cid", "Chess");
+    ann.Says(client_message::LobbyLine(ann.Record("Go"), EncodeData("a:b;c~")));
+    const std::string line = "1:ann:a%*|@b^}|#c`@/<:;~";
+    EXPECT_EQ(ann.Reads(), line);
+    EXPECT_EQ(bob.Reads(), line);
+    EXPECT_EQ(cid.Reads(), "");
+}
+
+TEST_F(Chat, ALineThatIsNotEncodedForgesNothing) {
+    Client& ann = InLobby("ann");
+    Client& bob = InLobby("bob");
+    ann.Says("Ombrin:3:ann;Go;1;hi:;bob:I am bob:;:~Ombrin:3:ann;Go;1;x:y;:~Ombrin:18:ann;Go;1;bob;x:y;:~");
+    EXPECT_EQ(bob.Reads(), "");
+}
+
+TEST_F(Chat, APrivateMessageGoesToBothAcrossLobbies) {
+    Client& ann = InLobby("ann");
+    Client& bob = InLobby("Bob", "Chess");
+    Client& cid = InLobby("cid");
+    ann.Says(client_message::PrivateMessage(ann.Record("Go"), "bob", "psst"));
+    EXPECT_EQ(ann.Reads(), "35:ann;ann:psst:;~");
+    EXPECT_EQ(bob.Reads(), "35:ann;ann:psst:;~");
+    EXPECT_EQ(cid.Reads(), "");
+}
+
+TEST_F(Chat, APrivateMessageToNobodyTellsItsSenderAlone) {
+    Client& ann = InLobby("ann");
+    const std::pair<const char*, const char*> cases[] = {
+        {"cid", "36:cid is not on line.;~"},
+        {"", "36:There is no user of that name.;~"},
+        {"ANN", "36:You cannot send a private message to yourself.;~"},
+    };
+    for (const auto& [recipient, answer] : cases) {
+        ann.Says(client_message::PrivateMessage(ann.Record("Go"), recipient, "psst"));
+        EXPECT_EQ(ann.Reads(), answer) << recipient;
+    }
+}
+
+TEST_F(Chat, BetweenTwoLobbiesNobodyHearsALine) {
+    Client& ann = LoggedOn("ann");
+    Client& bob = InLobby("bob");
+    ann.Reads();
+    ann.Says(client_message::LobbyLine(ann.Record("Go"), "hi"));
+    EXPECT_EQ(ann.Reads(), "36:You are in no lobby.;~");
+    EXPECT_EQ(bob.Reads(), "");
+}
+
+TEST_F(Chat, WhoWritesTooFastIsHeardAtTheAllowedRateAndToldOnce) {
+    Client& ann = InLobby("ann");
+    Client& bob = InLobby("bob");
+    const std::string line = client_message::LobbyLine(ann.Record("Go"), "x");
+    const auto heard = [&] {
+        const std::string read = bob.Reads();
+        return read.size() / std::string_view("1:ann:x:;~").size();
+    };
+    const auto told = [&] {
+        const std::string read = ann.Reads();
+        std::size_t count = 0;
+        for (std::size_t at = read.find("36:"); at != std::string::npos; at = read.find("36:", at + 1)) ++count;
+        return count;
+    };
+    for (int i = 0; i < 20; ++i) ann.Says(line);
+    EXPECT_EQ(heard(), 8U);
+    EXPECT_EQ(told(), 1U);
+
+    clock.Turn(Milliseconds(500));
+    for (int i = 0; i < 5; ++i) ann.Says(line);
+    EXPECT_EQ(heard(), 1U) << "two a second";
+    EXPECT_EQ(told(), 1U) << "a line had passed, so the next that does not is told again";
+
+    ann.Says(client_message::PrivateMessage(ann.Record("Go"), "bob", "y"));
+    EXPECT_EQ(bob.Reads(), "35:ann;ann:y:;~") << "each kind has its own limit";
+    bob.Says(client_message::LobbyLine(bob.Record("Go"), "z"));
+    EXPECT_EQ(bob.Reads(), "1:bob:z:;~") << "each sender has his own limit";
+
+    ann.Says(client_message::LeaveLobby(ann.Record("Go")));
+    EXPECT_THAT(ann.Reads(), testing::HasSubstr("22:")) << "leaving is never limited";
+}
+
+TEST_F(Chat, AFloodOfRequestsIsReadMoreSlowlyButWhole) {
+    Client& ann = InLobby("ann");
+    clock.Turn(std::chrono::seconds(1)); // entering has its price
+    constexpr std::size_t kRequests = 1'000;
+    std::string flood;
+    for (std::size_t i = 0; i < kRequests; ++i) flood += client_message::BuddyList("ann");
+    ann.Says(flood);
+    const std::string_view answer = "41:~";
+    const std::size_t atOnce = ann.Reads().size() / answer.size();
+    EXPECT_GE(atOnce, Service::kPace.burst);
+    EXPECT_LE(atOnce, Service::kPace.burst + 1);
+    clock.Turn(std::chrono::seconds(1));
+    EXPECT_NEAR(static_cast<double>(ann.Reads().size() / answer.size()), Service::kPace.perSecond, 2);
+    clock.Turn(std::chrono::seconds(3));
+    EXPECT_FALSE(ann.Reads().empty());
+    ann.Says(client_message::LobbyLine(ann.Record("Go"), "x"));
+    EXPECT_EQ(ann.Reads(), "1:ann:x:;~");
+}
+
+TEST_F(Chat, AMessageThatIsTooLongIsToldAndTheNextOneHeard) {
+    Client& ann = InLobby("ann");
+    ann.Says("Ombrin:3:ann;Go;1;" + std::string(MessageCutter::kLongestMessage, 'x') + ";:~" +
+             client_message::LobbyLine(ann.Record("Go"), "x"));
+    EXPECT_EQ(ann.Reads(), "36:The message was too long and was thrown away.;~1:ann:x:;~");
+}
+
+} // namespace ombrin::server::test

@@ -1,0 +1,123 @@
+#include "language_stage.h"
+#include "ui/text/messages.h"
+
+#include <gmock/gmock.h>
+
+namespace ombrin {
+namespace {
+
+class LocalisationTest : public testing::Test, protected LanguageStage {
+protected:
+    Messages messages{boxes, language};
+    Container place{"Place"};
+};
+
+TEST_F(LocalisationTest, AWordIsEnglishWhereverTheFileHasNoTextForIt) {
+    const struct {
+        const char* what;
+        const char* file;
+        const char* word;
+    } kFiles[] = {
+        {"no language chosen", "[Deutsch]\nReady=Bereit\n[]\nReady=x\n", "Ready"},
+        {"empty choice", "[CurrentLanguage]\nLanguage=\n[Deutsch]\nReady=Bereit\n", "Ready"},
+        {"choice", "[CurrentLanguage]\nLanguage=Deutsch\n[Deutsch]\nReady=Bereit\n", "Bereit"},
+        {"another language", "[CurrentLanguage]\nLanguage=Dansk\n[Deutsch]\nReady=Bereit\n", "Ready"},
+        {"no such key", "[CurrentLanguage]\nLanguage=Deutsch\n[Deutsch]\nReadyNow=Bereit\n", "Ready"},
+        {"empty text", "[CurrentLanguage]\nLanguage=Deutsch\n[Deutsch]\nReady=\n", "Ready"},
+        {"a section named English", "[CurrentLanguage]\nLanguage=English\n[English]\nReady=All set\n", "All set"},
+        {"English without a section", "[CurrentLanguage]\nLanguage=English\n", "Ready"},
+    };
+    EXPECT_EQ(language.TranslateWord("Ready", "Ready"), "Ready") << "no file at all";
+    for (const auto& one : kFiles) {
+        Lies(one.file);
+        EXPECT_EQ(language.TranslateWord("Ready", "Ready"), one.word) << one.what;
+    }
+    EXPECT_EQ(files.Content("/system/AVClLogs.txt"), "") << "nothing of this is an error";
+}
+
+TEST_F(LocalisationTest, AMessageIsShownTranslatedAndAloneAndItsAnswerComesBack) {
+    Lies("[CurrentLanguage]\nLanguage=Deutsch\n[Deutsch]\nError9=Falsch!\nEnterBuddyName=Wer?\n");
+    const auto box = [&]() -> MessageBoxForm& { return dynamic_cast<MessageBoxForm&>(*stack.Top()); };
+    user.Then([&] {
+            EXPECT_EQ(box().Text(), "Falsch!") << "without the limit and the characters";
+            EXPECT_EQ(box().Caption(), kUsualTitle);
+            box().Press(BoxResult::Ok);
+        })
+        .Then([&] {
+            EXPECT_EQ(box().Text(), text::kDestroyRoom.english);
+            box().Press(BoxResult::No);
+        })
+        .Then([&] {
+            auto& question = dynamic_cast<InputBoxForm&>(*stack.Top());
+            EXPECT_EQ(question.Prompt(), "Wer?");
+            question.Answer.Type("ann");
+            question.Accept();
+        });
+    messages.DisplayMessage(text::kError9);
+    EXPECT_EQ(messages.DisplayMessage(text::kDestroyRoom, BoxButtons::YesNo), BoxResult::No);
+    EXPECT_EQ(messages.DisplayInputBox(text::kEnterBuddyName.english, text::kEnterBuddyName.key), "ann");
+}
+
+TEST_F(LocalisationTest, CaptionsFollowTheLanguageThatWasSettledAtTheStart) {
+    Lies("[CurrentLanguage]\nLanguage=Dansk\n[Deutsch]\nSelect=Los\nReady=Bereit\nUsers=\n[Dansk]\nSelect=Kom\n");
+    Button button(place, "Select", "Select");
+    StatusBar bar(place, "Bar");
+    ListView list(place, "List", {"Users"});
+    const auto apply = [&] {
+        language.SetFLButton(button, "Select");
+        language.SetFLStatusbar(bar, "Ready", "Ready");
+        language.SetFLListViewColumnHeader(list, "Users", 1);
+    };
+    apply();
+    EXPECT_EQ(button.Caption(), "Select") << "none is settled yet";
+    EXPECT_EQ(bar.Text(), "Ready") << "the bar always gets a text";
+    language.SetFLLanguage("Deutsch");
+    apply();
+    EXPECT_EQ(button.Caption(), "Los");
+    EXPECT_EQ(bar.Text(), "Bereit");
+    EXPECT_EQ(list.Headers()[0], "Users");
+    language.SetFLLanguage("Suomi");
+    apply();
+    EXPECT_EQ(button.Caption(), "Los") << "what has no text stays as it is";
+    EXPECT_EQ(bar.Text(), "Ready");
+}
+
+TEST_F(LocalisationTest, ADialogIsTranslatedTextByTextAndNeverIntoEnglish) {
+    struct RoomPassword : Form {
+        using Form::Form;
+        Label Label1{*this, "Label1", "Password:"};
+        Button OKButton{*this, "OKButton", "OK"}, CancelButton{*this, "CancelButton", "Cancel"};
+    } form{stack, "RoomPassword", "Room Password"};
+    for (const char* none : {"", "English", "Suomi"}) {
+        Lies("[CurrentLanguage]\nLanguage=" + std::string(none) + "\n[English]\nOK=Okay\n[]\nOK=x\n");
+        language.TranslateForm(form);
+        EXPECT_EQ(form.OKButton.Caption(), "OK") << none;
+    }
+    Lies("[CurrentLanguage]\nLanguage=Deutsch\n[Deutsch]\nRoomPassword=Raumpasswort\nPassword=Passwort:\nCancel=\n");
+    language.TranslateForm(form);
+    EXPECT_EQ(form.Caption(), "Raumpasswort");
+    EXPECT_EQ(form.Label1.Caption(), "Passwort:");
+    EXPECT_EQ(form.OKButton.Caption(), "OK");
+    EXPECT_EQ(form.CancelButton.Caption(), "Cancel");
+}
+
+TEST_F(LocalisationTest, TheChatIsNamedAfterItsLobby) {
+    const struct {
+        const char* file;
+        const char* caption;
+    } kFiles[] = {
+        {"", "Lobby - Quake"},
+        {"[CurrentLanguage]\nLanguage=English\n[English]\nLobby=Hall\n", "Lobby - Quake"},
+        {"[CurrentLanguage]\nLanguage=Deutsch\n[Deutsch]\nLobby=Halle\n", "Halle - Quake"},
+        {"[CurrentLanguage]\nLanguage=Deutsch\n[Deutsch]\nLobby=\n", "as before"},
+    };
+    for (const auto& one : kFiles) {
+        Label label(place, "ChatFrame", "as before");
+        Lies(one.file);
+        language.SetLobbyCaption(label, "Quake");
+        EXPECT_EQ(label.Caption(), one.caption) << one.file;
+    }
+}
+
+} // namespace
+} // namespace ombrin
