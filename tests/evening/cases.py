@@ -5,6 +5,8 @@ Runs the cases whose name holds one of the words, all of them without a word; -l
 clients of its own. When one fails, what every process said is printed.
 """
 import configparser
+import os
+import signal
 import socket
 import sys
 import time
@@ -42,6 +44,13 @@ def lobby_of(evening, *names, server=None, lobby="Chess"):
     for client in clients:
         client.sees_users(*names)
     return server, *clients
+
+
+def processor_time(process):
+    """Seconds that a process has computed so far."""
+    with open(f"/proc/{process}/stat", encoding="ascii") as stat:
+        fields = stat.read().rsplit(")", 1)[1].split()
+    return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
 
 def closed_port():
@@ -419,6 +428,35 @@ def a_client_that_starts_again_remembers_who_logged_on_where(evening):
     ann.sees_lobby("Chess")
     ann.sees_users("Ann")
     ann.sees_lobbies("Chess : 1", "Go : 0")
+
+
+@case
+def a_client_ends_under_three_nested_forms_whatever_ends_it(evening):
+    ends = {
+        "quit": lambda client: client.quit(),
+        "the end of its input": lambda client: client.process.stdin.close(),
+        "SIGTERM": lambda client: client.process.send_signal(signal.SIGTERM),
+        "SIGINT": lambda client: client.process.send_signal(signal.SIGINT),
+    }
+    server = evening.server(TWO_LOBBIES, "--open-accounts")
+    for number, (name, end) in enumerate(ends.items()):
+        client = evening.client(f"Guest {number}", lobbies=("Chess", "Go"))
+        client.do("show")
+        client.log_on(server)
+        client.sees_lobby("Chess")
+        client.do("call", member="DisplayMainLobby", args=["Chess,1;Go,2;"])
+        client.do("call", member="DisplayCreateAccount", args=[True])
+        client.do("call", member="DisplayLogonBanner", args=[])
+        equal(client.forms(), ["ExeMainLobby", "CreateAccount", "UsrNmPwIP"], "the nested forms")
+        before = processor_time(client.process.pid)
+        client.do("settle", ms=300)
+        spent = processor_time(client.process.pid) - before
+        if spent > 0.15:
+            raise Failure(f"a waiting client spent {spent} s of processor time in 0.3 s")
+        client.dismissed = True
+        end(client)
+        equal(client.ended(), 0, f"the exit status after {name}")
+        equal(client.errors(), [], f"complaints after {name}")
 
 
 # -- running them

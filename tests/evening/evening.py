@@ -75,6 +75,10 @@ class Program:
         if line is not None:
             self.note("log  " + line)
 
+    def errors(self):
+        """Lines of standard error: of a client, which has nothing to say there, or a sanitizer's."""
+        return [note for note in self.notes if note.startswith("log  ")]
+
     def ended(self):
         """The exit status, waited for; a process that does not end is a failure."""
         try:
