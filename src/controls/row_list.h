@@ -36,6 +36,10 @@ struct RowJournal {
 };
 
 class RowList {
+    struct Chunk {
+        std::vector<std::uint32_t> slots;
+    };
+
 public:
     /// The part of a row's text by which it is found.
     using KeyOf = std::string_view (*)(std::string_view text);
@@ -51,6 +55,12 @@ public:
     /// Behind the last position: no row.
     RowId At(std::size_t position) const;
     std::size_t PositionOf(RowId row) const;
+    /// Every row, in order.
+    template <class Visit>
+    void ForEach(const Visit& visit) const {
+        for (const auto& chunk : chunks)
+            for (const std::uint32_t slot : chunk->slots) visit(IdOf(slot));
+    }
     /// The first row with this key, compared exactly; duplicates are legal.
     RowId Find(std::string_view key) const;
 
@@ -83,7 +93,6 @@ public:
     RowJournal TakeJournal();
 
 private:
-    struct Chunk;
     struct More {
         std::string tag, tip;
         std::vector<std::string> subItems;
@@ -98,9 +107,6 @@ private:
         Colour colour = 0;
         std::int16_t image = 0;
         bool alive = false, hasColour = false, selected = false;
-    };
-    struct Chunk {
-        std::vector<std::uint32_t> slots;
     };
     struct Bucket {
         std::uint32_t first = RowId::kNoSlot, last = RowId::kNoSlot;

@@ -20,6 +20,7 @@ struct AreaNeeds {
     Alarms& alarms;
     LogonDialogs dialogs;
     LobbyFilter& lobbyFilter;
+    const Layout& layout;
     std::function<void()> closeClient;
 };
 
@@ -29,7 +30,7 @@ struct Areas {
           chat(desk, ignored, needs.sound, needs.clipboard, needs.measure), buddies(desk),
           lobbies(desk, needs.dialogs.connection, needs.lobbyFilter, needs.dialogs.mainLobby),
           users(desk, ignored, lobbies, buddies, needs.dialogs.connection, needs.sound), connector(desk, needs.alarms),
-          logon(desk, needs.dialogs, connector, needs.closeClient), keepAlive(desk) {}
+          logon(desk, needs.dialogs, connector, needs.layout, needs.closeClient), keepAlive(desk) {}
 
     Session& session;
     Sound& sound;

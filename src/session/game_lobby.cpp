@@ -38,7 +38,7 @@ GameLobby::GameLobby(Platform given)
     const LogonDialogs logonDialogs{dialogs.UsrNmPwIP, dialogs.CreateAccount, dialogs.Connection, dialogs.ExeMainLobby};
     areas = std::make_unique<Areas>(Desk{view, session, link, messages, language, settings, iniFiles, trap},
                                     AreaNeeds{platform.sound, platform.clipboard, platform.measure, platform.alarms,
-                                              logonDialogs, dialogs.LobbyFilter, [this] {
+                                              logonDialogs, dialogs.LobbyFilter, layout, [this] {
                                                   if (CloseClient) CloseClient();
                                               }});
 }
@@ -104,6 +104,11 @@ void GameLobby::ReadPresets() {
         if (row.preset.empty())
             row.preset = iniFiles.Read("av.ini", "AutoConnect", row.key, IniFiles::kShortValueLength);
     }
+}
+
+void GameLobby::Resize(int width, int height) {
+    layout.Resize(width, height);
+    areas->logon.FitLogonDialog();
 }
 
 void GameLobby::UserControl_Terminate() {

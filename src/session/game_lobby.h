@@ -83,7 +83,7 @@ public:
     void SendData(std::string_view Data);
 
     /// The main view's size in pixels, at any time.
-    void Resize(int width, int height) { layout.Resize(width, height); }
+    void Resize(int width, int height);
 
     // For hosts that paint and drive it
     View& MainView() { return view; }

@@ -4,6 +4,10 @@
 #include "session/wire/client_message.h"
 #include "session/wire/codec.h"
 
+#include <algorithm>
+#include <limits>
+#include <utility>
+
 namespace ombrin {
 
 bool Logon::LogonDialogClosed() {
@@ -26,6 +30,17 @@ void Logon::TakeRecordApart(std::string_view record) {
     session.m_UserData = Join(session.UserName, ";", session.m_CurrentLobby, ";", session.m_RemoteHost);
 }
 
+void Logon::FitLogonDialog() {
+    constexpr int kLargest = std::numeric_limits<std::int16_t>::max();
+    const auto twips = [](int pixels) {
+        constexpr int kTwipsPerPixel = 15;
+        return static_cast<std::int16_t>(std::min(pixels, kLargest / kTwipsPerPixel) * kTwipsPerPixel);
+    };
+    dialogs.logon.m_iViewHeight = twips(layout.Height());
+    dialogs.logon.m_iViewWidth = twips(layout.Width());
+    dialogs.logon.UsrNmPwIP_Form_Resize();
+}
+
 void Logon::ProcessLogonBanner() {
     desk.trap(__func__, [&] {
         UsrNmPwIP& dialog = dialogs.logon;
@@ -45,15 +60,21 @@ void Logon::ProcessLogonBanner() {
                 row.label.SetVisible(false);
                 row.box.SetText(row.preset);
             }
+            FitLogonDialog();
             dialog.ShowModal();
             if (dialog.Closed) {
                 closeClient();
-            } else if (dialog.HostMachine.Text().empty() || dialog.HTTPPort.Text().empty()) {
-                dialog.ConnectPressed = false;
-                desk.messages.DisplayMessage(text::kError17);
-            } else {
-                return;
+                continue;
             }
+            if (std::exchange(dialog.NewAccountPressed, false)) {
+                DisplayCreateAccount(false);
+                if (dialogs.account.Canceled) continue;
+                if (session.m_ServerConnected) return; // the account was asked for over the open socket
+                session.m_CreatingAccount = true;
+            }
+            if (!dialog.HostMachine.Text().empty() && !dialog.HTTPPort.Text().empty()) return;
+            dialog.ConnectPressed = session.m_CreatingAccount = false;
+            desk.messages.DisplayMessage(text::kError17);
         }
     });
 }
@@ -77,7 +98,8 @@ void Logon::DisplayLogonBanner() {
             // A refused logon is repeated on the open socket.
             if (dialogs.mainLobby.LobbySelected || desk.link.Epoch() != epoch) return;
             session.m_UserData = Join(dialog.LogonName.Text(), ";temp;", dialog.HostMachine.Text());
-            session.UserName = dialog.LogonName.Text();
+            // The name may be another than that of the refused try.
+            session.m_UserName = session.UserName = dialog.LogonName.Text();
             session.m_CurrentLobby = "temp";
             session.m_RemoteHost = dialog.HostMachine.Text();
             desk.link.SendData(client_message::Logon(session.m_UserData, dialog.Password.Text()));

@@ -7,6 +7,7 @@
 #include "session/connector.h"
 #include "session/logon_dialog.h"
 #include "session/wire/connection_dialog.h"
+#include "ui/layout.h"
 
 #include <functional>
 
@@ -22,8 +23,9 @@ struct LogonDialogs {
 class Logon {
 public:
     /// `closeClient` raises the event on which the host ends; it returns.
-    Logon(Desk desk, LogonDialogs dialogs, Connector& connector, std::function<void()> closeClient)
-        : desk(desk), dialogs(dialogs), connector(connector), closeClient(std::move(closeClient)) {}
+    Logon(Desk desk, LogonDialogs dialogs, Connector& connector, const Layout& layout,
+          std::function<void()> closeClient)
+        : desk(desk), dialogs(dialogs), connector(connector), layout(layout), closeClient(std::move(closeClient)) {}
 
     /// Runs the logon dialog until there is something to do: the record for connecting stands in m_UserData, or the
     /// logon was sent over the open socket, or the dialog was closed.
@@ -33,6 +35,9 @@ public:
     void DisplayCreateAccount(bool ShowLogon);
     /// `<name>;<password>;`
     void AccountCreated(std::string_view Buf);
+
+    /// The view has another size: the logon dialog covers it.
+    void FitLogonDialog();
 
     /// Raises the event when the dialog was closed.
     bool LogonDialogClosed();
@@ -49,6 +54,7 @@ private:
     Desk desk;
     LogonDialogs dialogs;
     Connector& connector;
+    const Layout& layout;
     std::function<void()> closeClient;
 };
 

@@ -93,9 +93,17 @@ void UsrNmPwIP::CloseButton_Click() {
         Name());
 }
 
+/// An operator's page for accounts goes first; without one the account dialog does it.
 void UsrNmPwIP::NewAccount_Click() {
     trap(
-        __func__, [&] { targets.ConfigurableMenuOrButtonClicked("CreateAccount", "CreateAccountURL"); }, Name());
+        __func__,
+        [&] {
+            if (targets.HasTarget("CreateAccount", "CreateAccountURL"))
+                return targets.ConfigurableMenuOrButtonClicked("CreateAccount", "CreateAccountURL");
+            NewAccountPressed = true;
+            Hide();
+        },
+        Name());
 }
 
 } // namespace ombrin

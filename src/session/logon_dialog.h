@@ -30,8 +30,15 @@ public:
     Button NewAccount{*this, "NewAccount", "Create Account"};
     Button CloseButton{*this, "CloseButton", "Close"};
 
+    /// Twips of the view that the dialog covers; its layout reads nothing else for the size.
+    std::int16_t m_iViewWidth = 0, m_iViewHeight = 0;
+    /// Stacks the controls around the centre. Their places are in twips.
+    void UsrNmPwIP_Form_Resize();
+
     bool Closed = false;         ///< the user pressed Close
     bool ConnectPressed = false; ///< the user pressed Connect and the input passed the tests
+    /// The user wants an account, and the settings name no address for it: the account dialog makes one.
+    bool NewAccountPressed = false;
 
 private:
     void Form_Load();

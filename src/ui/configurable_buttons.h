@@ -13,10 +13,13 @@ public:
     ConfigurableButtons(IniFiles& files, TargetOpener& opener, Boxes& boxes, Trap& trap, std::string appPath)
         : files(files), opener(opener), boxes(boxes), trap(trap), appPath(std::move(appPath)) {}
 
+    bool HasTarget(std::string_view section, std::string_view key) { return !Target(section, key).empty(); }
     /// Hands the target under section and key of AV.ini to the desktop; tells the user when that fails.
     void ConfigurableMenuOrButtonClicked(std::string_view section, std::string_view key);
 
 private:
+    std::string Target(std::string_view section, std::string_view key) { return files.Read("AV.ini", section, key); }
+
     IniFiles& files;
     TargetOpener& opener;
     Boxes& boxes;

@@ -322,13 +322,73 @@ TEST_F(Session, ARefusedAccountThatIsCancelledComesBackToTheLogonDialog) {
 TEST_F(Session, TheAccountButtonOpensTheAddressOfTheSettingsFile) {
     HasChosen();
     Shows();
-    Presses(forms.UsrNmPwIP.NewAccount);
-    EXPECT_EQ(BoxText(), "Error jumping to:");
-    Answers(BoxResult::Ok);
     client.Inis().Write("AV.ini", "CreateAccount", "CreateAccountURL", "https://ardvelle.example/new");
     Presses(forms.UsrNmPwIP.NewAccount);
     EXPECT_EQ(world.Told("open").back(), "https://ardvelle.example/new");
     EXPECT_EQ(Top(), "UsrNmPwIP");
+    Do([this] { world.opener.result = 32; });
+    Presses(forms.UsrNmPwIP.NewAccount);
+    EXPECT_EQ(BoxText(), "Error jumping to:https://ardvelle.example/new");
+    Answers(BoxResult::Ok);
+}
+
+TEST_F(Session, WithoutSuchAnAddressTheAccountDialogMakesTheAccountWhenTheConnectionComes) {
+    HasChosen();
+    Shows();
+    UsrNmPwIP& logon = forms.UsrNmPwIP;
+    CreateAccount& account = forms.CreateAccount;
+    Presses(logon.NewAccount);
+    EXPECT_EQ(Top(), "CreateAccount");
+    Presses(account.Cancel);
+    EXPECT_EQ(Top(), "UsrNmPwIP");
+    Presses(logon.NewAccount);
+    for (TextBox* box : {&account.LogonName, &account.Password, &account.ConfirmPassword}) Types(*box, "eve");
+    Presses(account.Create);
+    EXPECT_EQ(BoxText(), "Host machine and HTTP port must be entered.");
+    Answers(BoxResult::Ok);
+    EXPECT_EQ(Top(), "UsrNmPwIP");
+    Types(logon.HostMachine, "lobby.example");
+    Presses(logon.NewAccount);
+    Presses(account.Create);
+    EXPECT_EQ(Top(), "Connection");
+    EXPECT_EQ(Marks().m_UserData, "eve;temp;lobby.example");
+    Accepts();
+    EXPECT_EQ(Heard(), "Ombrin:17:eve;eve;eve;:~");
+    Sends("31:~");
+    Answers(BoxResult::Ok);
+    Presses(account.Create);
+    EXPECT_EQ(Heard(), "Ombrin:17:eve;eve;eve;:~");
+    Sends("27:eve;eve;~");
+    Answers(BoxResult::Ok);
+    Presses(logon.Connect);
+    EXPECT_EQ(Heard(), "Ombrin:15:eve;temp;lobby.example;eve;:~");
+    Sends("22:Go,1;~0:eve;1;~");
+    EXPECT_EQ(Top(), "");
+    EXPECT_TRUE(view.Enabled());
+}
+
+TEST_F(Session, AnAccountCanBeMadeOverTheSocketOfARefusedLogon) {
+    HasChosen();
+    Shows();
+    Connects();
+    Accepts();
+    Sends("24:~");
+    Answers(BoxResult::Ok);
+    Heard();
+    Presses(forms.UsrNmPwIP.NewAccount);
+    CreateAccount& account = forms.CreateAccount;
+    for (TextBox* box : {&account.LogonName, &account.Password, &account.ConfirmPassword}) Types(*box, "eve");
+    Presses(account.Create);
+    EXPECT_EQ(Heard(), "Ombrin:17:eve;eve;eve;:~");
+    Sends("27:eve;eve;~");
+    Answers(BoxResult::Ok);
+    Presses(forms.UsrNmPwIP.Connect);
+    EXPECT_EQ(Heard(), "Ombrin:15:eve;temp;lobby.example;eve;:~");
+    Sends("22:Go,1;~0:eve;1;~");
+    EXPECT_EQ(Top(), "");
+    EXPECT_EQ(Heard(), "Ombrin:2:eve;Go;lobby.example;;:~");
+    EXPECT_EQ(Heard(), "Ombrin:19:eve:~") << "the name of the logon that was accepted";
+    EXPECT_EQ(Heard(), "") << "nothing is sent twice on the way back through the waits";
 }
 
 TEST_F(Session, OtherAnswersOfTheServer) {

@@ -1,16 +1,14 @@
 // ombrin-console: the client without a window, as JSON lines.
 #include "hosts/console/commands.h"
 #include "hosts/console/reading.h"
-#include "platform/posix/descriptor.h"
+#include "platform/posix/end_signals.h"
 #include "platform/posix/home.h"
 #include "platform/posix/posix_desktop.h"
 #include "platform/posix/posix_network.h"
 
 #include <CLI/CLI.hpp>
 #include <clocale>
-#include <csignal>
 #include <iostream>
-#include <sys/signalfd.h>
 
 namespace ombrin::console {
 
@@ -64,17 +62,6 @@ private:
     const CodePage& page;
 };
 
-/// SIGINT and SIGTERM as a descriptor, so that they end the program like any other event.
-Descriptor EndSignals() {
-    sigset_t signals;
-    sigemptyset(&signals);
-    sigaddset(&signals, SIGINT);
-    sigaddset(&signals, SIGTERM);
-    sigprocmask(SIG_BLOCK, &signals, nullptr);
-    std::signal(SIGPIPE, SIG_IGN);
-    return Descriptor(signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC));
-}
-
 int Run(const Options& options) {
     const std::string root = HomeRoot(options.home);
     const CodePage& page = CodePageOfStore(root);
@@ -109,12 +96,7 @@ int Run(const Options& options) {
     Commands commands(client, loop, {network, recordedOpener}, page);
     loop.Attach(commands, client.Stack());
 
-    const Descriptor signals = EndSignals();
-    const auto watch = events.OnUrgent(signals.Number(), [&] {
-        signalfd_siginfo info{};
-        [[maybe_unused]] const auto taken = read(signals.Number(), &info, sizeof info);
-        client.Stack().RequestEnd();
-    });
+    const EndSignals signals(events, [&] { client.Stack().RequestEnd(); });
     loop.RunToTheEnd();
     try {
         client.UserControl_Terminate();

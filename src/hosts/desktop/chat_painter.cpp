@@ -1,0 +1,167 @@
+#include "hosts/desktop/chat_painter.h"
+
+#include "hosts/desktop/look.h"
+#include "hosts/desktop/rows_model.h"
+
+#include <QDesktopServices>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QRegularExpression>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <QUrl>
+
+namespace ombrin::desktop {
+
+namespace {
+
+/// Web addresses in a line, without the sign that ends the sentence around them.
+const QRegularExpression& LinkPattern() {
+    static const QRegularExpression pattern(QStringLiteral(R"(\bhttps?://[^\s<>"]*[^\s<>".,;:!?)\]'])"),
+                                            QRegularExpression::CaseInsensitiveOption);
+    return pattern;
+}
+
+class ChatPainter : public Painter {
+public:
+    ChatPainter(Board& board, FlexGrid& grid, QWidget* parent)
+        : Painter(board, grid, new QTextBrowser(parent)), grid(grid) {
+        QTextBrowser& view = *Own();
+        view.setOpenLinks(false);
+        view.setOpenExternalLinks(false);
+        view.setUndoRedoEnabled(false);
+        view.setTabChangesFocus(true);
+        view.setFont(Look::ChatFont());
+        view.setTextInteractionFlags(Qt::TextBrowserInteraction | Qt::TextSelectableByKeyboard);
+        view.setContextMenuPolicy(Qt::DefaultContextMenu);
+        connect(&view, &QTextBrowser::anchorClicked, this, [this](const QUrl& url) { Follow(url); });
+    }
+
+private:
+    QTextBrowser* Own() const { return static_cast<QTextBrowser*>(Widget()); }
+
+    using Line = std::pair<std::string, std::string>;
+
+    void ApplyOwn() override {
+        std::vector<Line> lines;
+        for (int row = 1; row < grid.Rows(); ++row) lines.emplace_back(grid.TextAt(row, 0), grid.TextAt(row, 1));
+        if (lines.size() == 1 && lines.front() == Line()) lines.clear(); // the empty line of a cleared grid
+        const int width = static_cast<int>(grid.ColWidth(0) / kTwipsPerPixel);
+        const bool anew = width != columnWidth || colour != grid.ForeColour();
+        columnWidth = width;
+        colour = grid.ForeColour();
+        if (!anew && lines == shown) return;
+        QScrollBar& bar = *Own()->verticalScrollBar();
+        const bool atEnd = bar.value() >= bar.maximum() - 4;
+        const int scrolled = bar.value();
+        if (anew)
+            Show(lines, 0);
+        else
+            Show(lines, Kept(lines));
+        shown = std::move(lines);
+        // A reader who has scrolled back, or who selects, is left where he is.
+        bar.setValue(atEnd ? bar.maximum() : scrolled);
+    }
+
+    /// Lines at the end of what is shown that are the beginning of what is to be shown.
+    std::size_t Kept(const std::vector<Line>& lines) const {
+        for (std::size_t gone = 0; gone < shown.size(); ++gone) {
+            const std::size_t kept = shown.size() - gone;
+            if (kept <= lines.size() &&
+                std::equal(shown.begin() + static_cast<std::ptrdiff_t>(gone), shown.end(), lines.begin()))
+                return kept;
+        }
+        return 0;
+    }
+
+    void Show(const std::vector<Line>& lines, std::size_t kept) {
+        QTextDocument& document = *Own()->document();
+        QTextCursor cursor(&document);
+        cursor.beginEditBlock();
+        if (kept == 0) {
+            document.clear();
+            cursor = QTextCursor(&document);
+        } else {
+            for (std::size_t gone = shown.size() - kept; gone > 0; --gone) {
+                cursor.movePosition(QTextCursor::Start);
+                cursor.movePosition(QTextCursor::NextBlock, QTextCursor::KeepAnchor);
+                cursor.removeSelectedText();
+            }
+            cursor.movePosition(QTextCursor::End);
+        }
+        QTextBlockFormat block;
+        block.setLeftMargin(columnWidth);
+        block.setTextIndent(-columnWidth);
+        block.setTabPositions({QTextOption::Tab(columnWidth, QTextOption::LeftTab)});
+        block.setBottomMargin(2);
+        for (std::size_t i = kept; i < lines.size(); ++i) {
+            if (i == 0)
+                cursor.setBlockFormat(block);
+            else
+                cursor.insertBlock(block);
+            Insert(cursor, lines[i]);
+        }
+        cursor.endEditBlock();
+    }
+
+    void Insert(QTextCursor& cursor, const Line& line) const {
+        QTextCharFormat sender, text;
+        const QString name = board.Text(line.first);
+        sender.setForeground(Look::SenderColour(name));
+        sender.setFontWeight(QFont::DemiBold);
+        text.setForeground(ToColour(colour.value_or(Look::kUsualText)));
+        cursor.insertText(name + QLatin1Char('\t'), sender);
+        const QString said = board.Text(line.second);
+        qsizetype from = 0;
+        for (auto match = LinkPattern().globalMatch(said); match.hasNext();) {
+            const auto link = match.next();
+            cursor.insertText(said.mid(from, link.capturedStart() - from), text);
+            QTextCharFormat anchor = text;
+            anchor.setAnchor(true);
+            anchor.setAnchorHref(link.captured());
+            anchor.setFontUnderline(true);
+            anchor.setToolTip(link.captured().toHtmlEscaped());
+            cursor.insertText(link.captured(), anchor);
+            from = link.capturedEnd();
+        }
+        cursor.insertText(said.mid(from), text);
+    }
+
+    /// A link comes from somebody else: where it leads is shown before it is opened.
+    void Follow(const QUrl& url) {
+        auto* box = new QMessageBox(QMessageBox::Question, QObject::tr("Open a link"),
+                                    QObject::tr("Open this address in your browser?"),
+                                    QMessageBox::Open | QMessageBox::Cancel, Own());
+        box->setTextFormat(Qt::PlainText);
+        box->setInformativeText(url.toString(QUrl::FullyEncoded));
+        box->setAttribute(Qt::WA_DeleteOnClose);
+        box->setDefaultButton(QMessageBox::Cancel);
+        connect(box, &QMessageBox::finished, box, [url](int button) {
+            if (button == QMessageBox::Open) QDesktopServices::openUrl(url);
+        });
+        box->open();
+    }
+
+    /// Ctrl+C without a selection copies the current line, as the client does it.
+    bool TakesKey(QKeyEvent& event) override {
+        if (!event.matches(QKeySequence::Copy) || Own()->textCursor().hasSelection()) return false;
+        int key = 'C';
+        board.Input([&](UserInput& input) { return input.Key(grid, key, UserInput::kControl); });
+        return true;
+    }
+
+    static constexpr double kTwipsPerPixel = 15.0;
+    FlexGrid& grid;
+    std::vector<Line> shown;
+    int columnWidth = 0;
+    std::optional<Colour> colour;
+};
+
+} // namespace
+
+std::unique_ptr<Painter> MakeChatPainter(Board& board, FlexGrid& grid, QWidget* parent) {
+    return std::make_unique<ChatPainter>(board, grid, parent);
+}
+
+} // namespace ombrin::desktop

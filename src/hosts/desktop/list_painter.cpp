@@ -1,0 +1,205 @@
+#include "hosts/desktop/list_painter.h"
+
+#include "hosts/desktop/look.h"
+#include "hosts/desktop/rows_model.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QTreeView>
+
+namespace ombrin::desktop {
+
+namespace {
+
+/// Works for both kinds of list; what differs is how the selected row is read.
+class ListPainter : public Painter {
+public:
+    ListPainter(Board& board, Control& model, RowList& rows, int columns, QWidget* parent)
+        : Painter(board, model, new QTreeView(parent)),
+          model(rows, columns, board.Page(),
+                {[&model](int image) { return Look::ListIcon(model.Name(), image); },
+                 [&model] { return model.ForeColour(); }},
+                [&board, &model] { board.Dirty(model); }) {
+        QTreeView& view = *Own();
+        view.setModel(&this->model);
+        view.setRootIsDecorated(false);
+        view.setItemsExpandable(false);
+        view.setUniformRowHeights(true);
+        view.setAllColumnsShowFocus(true);
+        view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+        view.setSelectionBehavior(QAbstractItemView::SelectRows);
+        view.setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+        view.setTextElideMode(Qt::ElideRight);
+        view.setContextMenuPolicy(Qt::PreventContextMenu);
+        view.header()->setStretchLastSection(true);
+        view.header()->setSectionsMovable(false);
+        view.viewport()->installEventFilter(this);
+        connect(view.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+                [this](const QModelIndex& current) { ByKeyboard(current); });
+    }
+
+protected:
+    QTreeView* Own() const { return static_cast<QTreeView*>(Widget()); }
+
+    virtual bool IsSelected(RowId row) const = 0;
+    virtual RowId Selected() const = 0;
+    virtual bool IsForSeveral() const { return false; }
+
+    void ApplyOwn() override {
+        QTreeView& view = *Own();
+        const int scrolled = view.verticalScrollBar()->value();
+        model.Apply();
+        ShowSelection();
+        view.verticalScrollBar()->setValue(scrolled);
+        if (colour != Model().ForeColour()) {
+            colour = Model().ForeColour();
+            model.LookChanged();
+        }
+    }
+
+    void ShowSelection() {
+        QItemSelectionModel& selection = *Own()->selectionModel();
+        showing = true;
+        if (IsForSeveral()) {
+            QItemSelection marked;
+            for (int row = 0; row < model.rowCount(); ++row)
+                if (IsSelected(model.RowAt(row))) marked.select(model.index(row, 0), model.index(row, 0));
+            selection.select(marked, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        } else if (const int row = model.PositionOf(Selected()); row < 0) {
+            selection.clear();
+        } else if (row < model.rowCount() && !selection.isRowSelected(row, {})) {
+            selection.setCurrentIndex(model.index(row, 0),
+                                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        }
+        showing = false;
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched != Own()->viewport()) return Painter::eventFilter(watched, event);
+        if (event->type() == QEvent::MouseButtonPress) return Press(static_cast<QMouseEvent&>(*event)), true;
+        if (event->type() == QEvent::MouseButtonDblClick) {
+            const auto& click = static_cast<QMouseEvent&>(*event);
+            if (click.button() != Qt::LeftButton) return true;
+            const long row = PositionAt(click.position().toPoint());
+            if (row >= 0) board.Input([=, this](UserInput& input) { return input.DoubleClick(Model(), row); });
+            return true;
+        }
+        return false;
+    }
+
+    bool TakesKey(QKeyEvent& event) override {
+        const bool isMenu = event.key() == Qt::Key_Menu ||
+                            (event.key() == Qt::Key_F10 && event.modifiers().testFlag(Qt::ShiftModifier));
+        const long row = model.PositionOf(Selected());
+        if (isMenu) {
+            const QRect place = row < 0 ? QRect() : Own()->visualRect(model.index(static_cast<int>(row), 0));
+            OpenMenu(row, Own()->viewport()->mapToGlobal(place.bottomLeft()));
+            return true;
+        }
+        if ((event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) && row >= 0) {
+            board.Input([=, this](UserInput& input) { return input.DoubleClick(Model(), row); });
+            return true;
+        }
+        if (event.key() == Qt::Key_Space && IsForSeveral() && Own()->currentIndex().isValid()) {
+            Toggle(model.RowAt(Own()->currentIndex().row()));
+            return true;
+        }
+        return false;
+    }
+
+    void Toggle(RowId id) {
+        const long row = model.PositionOf(id);
+        const bool on = row >= 0 && !IsSelected(id);
+        board.Input([=, this](UserInput& input) { return input.Select(Model(), row, on); });
+    }
+
+    RowsModel model;
+
+private:
+    /// The row as the client has it now; -1 below the rows, or for a row that is gone.
+    long PositionAt(const QPoint& point) const {
+        const QModelIndex index = Own()->indexAt(point);
+        return index.isValid() ? model.PositionOf(model.RowAt(index.row())) : -1;
+    }
+
+    void Press(const QMouseEvent& press) {
+        Own()->setFocus(Qt::MouseFocusReason);
+        const long row = PositionAt(press.position().toPoint());
+        if (press.button() == Qt::RightButton) return OpenMenu(row, press.globalPosition().toPoint());
+        if (press.button() != Qt::LeftButton || row < 0) return;
+        if (IsForSeveral())
+            Toggle(model.RowAt(Own()->indexAt(press.position().toPoint()).row()));
+        else
+            board.Input([=, this](UserInput& input) { return input.Select(Model(), row, true); });
+    }
+
+    void OpenMenu(long row, const QPoint& place) {
+        board.menuPlace = place;
+        board.Input([=, this](UserInput& input) { return input.RightClick(Model(), row); });
+    }
+
+    /// The arrow keys move the selection of a list for one row.
+    void ByKeyboard(const QModelIndex& current) {
+        if (showing || board.IsApplying() || IsForSeveral() || !current.isValid()) return;
+        const long row = model.PositionOf(model.RowAt(current.row()));
+        if (row < 0 || model.RowAt(current.row()) == Selected()) return;
+        board.Input([=, this](UserInput& input) { return input.Select(Model(), row, true); });
+    }
+
+    std::optional<Colour> colour;
+    bool showing = false;
+};
+
+class ListBoxPainter : public ListPainter {
+public:
+    ListBoxPainter(Board& board, ListBox& list, QWidget* parent)
+        : ListPainter(board, list, list.rows, 1, parent), list(list) {
+        Own()->setHeaderHidden(true);
+        Own()->setSelectionMode(list.IsForSeveral() ? QAbstractItemView::MultiSelection
+                                                    : QAbstractItemView::SingleSelection);
+    }
+
+private:
+    bool IsSelected(RowId row) const override { return list.rows.Has(row) && list.rows.Selected(row); }
+    RowId Selected() const override { return list.SelectedRow(); }
+    bool IsForSeveral() const override { return list.IsForSeveral(); }
+    ListBox& list;
+};
+
+class ListViewPainter : public ListPainter {
+public:
+    ListViewPainter(Board& board, ListView& list, QWidget* parent)
+        : ListPainter(board, list, list.rows, static_cast<int>(list.Headers().size()), parent), list(list) {
+        Own()->setSelectionMode(QAbstractItemView::SingleSelection);
+        Own()->setIconSize({14, 14});
+    }
+
+private:
+    bool IsSelected(RowId row) const override { return row == list.SelectedItem(); }
+    RowId Selected() const override { return list.SelectedItem(); }
+
+    void ApplyOwn() override {
+        model.SetHeaders(list.Headers());
+        // One column needs no heading of its own: the label above says what it is.
+        Own()->setHeaderHidden(list.Headers().size() == 1);
+        for (std::size_t column = 1; column <= list.Headers().size(); ++column) {
+            const int width = list.HeaderWidth(column);
+            Own()->setColumnHidden(static_cast<int>(column) - 1, width <= 0);
+            if (width > 0) Own()->setColumnWidth(static_cast<int>(column) - 1, width);
+        }
+        ListPainter::ApplyOwn();
+    }
+    ListView& list;
+};
+
+} // namespace
+
+std::unique_ptr<Painter> MakeListPainter(Board& board, Control& control, QWidget* parent) {
+    if (control.Kind() == ControlKind::ListBox)
+        return std::make_unique<ListBoxPainter>(board, static_cast<ListBox&>(control), parent);
+    return std::make_unique<ListViewPainter>(board, static_cast<ListView&>(control), parent);
+}
+
+} // namespace ombrin::desktop

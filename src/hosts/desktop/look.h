@@ -1,0 +1,28 @@
+// The default look: one palette, the fonts, and the small pictures of the lists.
+#pragma once
+
+#include "controls/control.h"
+
+#include <QColor>
+#include <QFont>
+#include <QIcon>
+#include <QPixmap>
+#include <QString>
+
+class QApplication;
+
+namespace ombrin::desktop {
+
+struct Look {
+    static constexpr Colour kUsualText = 0x0000FF00; ///< of lists and chats that were given no colour
+
+    static void Install(QApplication& application);
+    static QFont ChatFont();
+    /// Picture number `image` of the list of that name; an empty one for 0.
+    static QIcon ListIcon(const std::string& list, int image);
+    /// The same name has the same colour all evening.
+    static QColor SenderColour(const QString& name);
+    static void PaintBackground(class QPainter& painter, const QRect& place);
+};
+
+} // namespace ombrin::desktop

@@ -1,0 +1,88 @@
+// OmbrinExe: the client that a person starts.
+#include "hosts/desktop/board.h"
+#include "hosts/desktop/look.h"
+#include "hosts/desktop/main_window.h"
+#include "hosts/desktop/qt_services.h"
+#include "hosts/desktop/windows.h"
+#include "platform/posix/clock.h"
+#include "platform/posix/end_signals.h"
+#include "platform/posix/home.h"
+#include "platform/posix/posix_network.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QMessageBox>
+#include <clocale>
+#include <cstdio>
+
+namespace ombrin::desktop {
+
+namespace {
+
+int Run(QApplication& application, const std::optional<std::string>& home) {
+    const std::string root = HomeRoot(home);
+    const CodePage& page = CodePageOfStore(root);
+    PosixFiles files(page);
+    const Places places = PreparePlaces(root, page, files);
+
+    Look::Install(application);
+    const SystemClock clock;
+    EventLoop events(clock);
+    DesktopLoop loop(events);
+    PosixNetwork network(events);
+    QtSound sound(QString::fromStdString(root + "/app/sounds"), page, loop);
+    QtClipboard clipboard(page);
+    QtOpener opener(page);
+    const QtMeasure measure(Look::ChatFont(), page);
+
+    GameLobby client({network, events, clock, files, sound, clipboard, opener, measure, loop,
+                      [&](bool held) { events.Hold(held); }, places});
+    // The event only notes the wish, so that the raising routine finishes its steps.
+    client.CloseClient = [&] { events.Post([&] { client.Stack().RequestEnd(); }); };
+    Board board(loop, client.Input(), page);
+    loop.Attach(client.Stack(), [&] { board.Schedule(); });
+    {
+        MainWindow window(client, board);
+        Windows windows(client, board, window);
+        const EndSignals signals(events, [&] { client.Stack().RequestEnd(); });
+        window.show();
+        events.Post([&] { client.UserControl_Show(std::nullopt); });
+        loop.RunToTheEnd();
+        try {
+            client.UserControl_Terminate();
+        } catch (const ProgramEnding&) { // a box that nobody can answer any more
+        }
+    }
+    return 0;
+}
+
+} // namespace
+
+} // namespace ombrin::desktop
+
+int main(int argc, char** argv) {
+    std::setlocale(LC_TIME, "");
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("ombrin"));
+    QCoreApplication::setOrganizationName(QStringLiteral("ombrin"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(OMBRIN_VERSION));
+    QApplication::setQuitOnLastWindowClosed(false);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("The client of the game-matchmaking service Ardvelle."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption home(QStringLiteral("home"),
+                                  QStringLiteral("the root of the client's places; made when missing"),
+                                  QStringLiteral("DIR"));
+    parser.addOption(home);
+    parser.process(application);
+    try {
+        std::optional<std::string> root;
+        if (parser.isSet(home)) root = parser.value(home).toStdString();
+        return ombrin::desktop::Run(application, root);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "OmbrinExe: %s\n", error.what());
+        QMessageBox::critical(nullptr, QStringLiteral("Ombrin"), QString::fromUtf8(error.what()));
+        return 1;
+    }
+}

@@ -1,0 +1,180 @@
+#include "hosts/desktop/main_window.h"
+
+#include "hosts/desktop/look.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QScreen>
+#include <QSettings>
+
+namespace ombrin::desktop {
+
+namespace {
+
+constexpr int kShownAfter = 150; // ms; a shorter wait would only flicker
+constexpr int kTwipsPerPixel = 15;
+
+QString PlaceKey(const QScreen& screen) {
+    const QSize size = screen.size();
+    return QStringLiteral("%1/%2x%3").arg(screen.name()).arg(size.width()).arg(size.height());
+}
+
+} // namespace
+
+MainWindow::MainWindow(GameLobby& client, Board& board)
+    : client(client), board(board), logon(new QWidget(this)), waiting(new QLabel(this)) {
+    setWindowTitle(QStringLiteral("Ombrin"));
+    setMinimumSize(Layout::kLeastWidth, Layout::kLeastHeight);
+    logon->setObjectName(QStringLiteral("logon"));
+    logon->setAutoFillBackground(true);
+    logon->hide();
+    MakeView();
+    MakeLogon();
+    waiting->setText(tr("Waiting for the server…"));
+    waiting->setAlignment(Qt::AlignCenter);
+    waiting->setStyleSheet(QStringLiteral("background: #2f81c7; color: white; border-radius: 4px; padding: 4px 12px;"));
+    waiting->hide();
+    waits.setSingleShot(true);
+    connect(&waits, &QTimer::timeout, this, [this] {
+        // A form that is open says itself what is waited for.
+        if (this->client.MainView().Enabled() || this->client.Stack().Top() != nullptr) return;
+        waiting->adjustSize();
+        waiting->move((width() - waiting->width()) / 2, height() / 2);
+        waiting->raise();
+        waiting->show();
+    });
+    board.EachFrame([this] {
+        PlaceControls();
+        LookAtView();
+    });
+    resize(Layout::kDrawnWidth, Layout::kDrawnHeight);
+    RestorePlace();
+}
+
+void MainWindow::MakeView() {
+    View& view = client.MainView();
+    const struct {
+        Control& control;
+        QString spoken;
+    } kNames[] = {
+        {view.lbLobbies, tr("Lobbies")},
+        {view.UserList, tr("Users of the lobby")},
+        {view.RoomList, tr("Rooms")},
+        {view.RoomUserList, tr("Users of the room")},
+        {view.BuddyLV, tr("Buddies")},
+        {view.msflxMainChatLines, tr("Chat of the lobby")},
+        {view.msflexRoomLines, tr("Chat of the room")},
+        {view.MainText, tr("Line for the lobby")},
+        {view.RoomText, tr("Line for the room")},
+    };
+    for (Control* control : view.Controls()) {
+        switch (control->Kind()) {
+        case ControlKind::Menu:
+        case ControlKind::MenuEntry:
+        case ControlKind::Timer:
+            continue;
+        default:
+            break;
+        }
+        if (control == &view.OBSkin || control == &view.HiddenTextBox) continue; // the background; a measure only
+        QWidget* widget = board.Paint(*control, this).Widget();
+        if (control->Kind() == ControlKind::Label) widget->setProperty("heading", true);
+    }
+    for (const auto& row : kNames) board.PainterOf(row.control)->Widget()->setAccessibleName(row.spoken);
+}
+
+void MainWindow::MakeLogon() {
+    UsrNmPwIP& dialog = client.Forms().UsrNmPwIP;
+    for (Control* control : dialog.Controls()) {
+        if (control == &dialog.BackgroundImage || control == &dialog.LogonImage) continue;
+        QWidget* widget = board.Paint(*control, logon).Widget();
+        if (control == &dialog.Welcome || control == &dialog.SplashImage)
+            static_cast<QLabel*>(widget)->setAlignment(Qt::AlignCenter);
+        if (control == &dialog.SplashImage) {
+            auto* splash = static_cast<QLabel*>(widget);
+            splash->setText(QStringLiteral("Ombrin"));
+            splash->setStyleSheet(QStringLiteral("font-size: 30pt; font-weight: 300; color: #8fc7f5;"));
+        }
+    }
+    for (const auto& [label, box] : {std::pair(&dialog.Label1, &dialog.LogonName),
+                                     {&dialog.Label2, &dialog.Password},
+                                     {&dialog.Label3, &dialog.HostMachine},
+                                     {&dialog.Label4, &dialog.HTTPPort}}) {
+        auto* shown = static_cast<QLabel*>(board.PainterOf(*label)->Widget());
+        shown->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        shown->setBuddy(board.PainterOf(*box)->Widget());
+    }
+}
+
+void MainWindow::PlaceControls() {
+    for (Control* control : client.MainView().Controls()) {
+        Painter* painter = board.PainterOf(*control);
+        if (painter == nullptr) continue;
+        const Place& place = control->Where();
+        // The buttons of the column touch one another by the tables; a person sees a gap.
+        const int inset = control->Kind() == ControlKind::Button && place.height > 30 ? 2 : 0;
+        painter->Widget()->setGeometry(place.left, place.top + inset, place.width, place.height - 2 * inset);
+    }
+    // The dialog's fields count in 16 bits, so that a very wide view is covered around its middle.
+    const UsrNmPwIP& dialog = client.Forms().UsrNmPwIP;
+    const int left = (width() - dialog.m_iViewWidth / kTwipsPerPixel) / 2;
+    logon->setGeometry(rect());
+    for (Control* control : dialog.Controls()) {
+        Painter* painter = board.PainterOf(*control);
+        if (painter == nullptr) continue;
+        const Place& place = control->Where();
+        painter->Widget()->setGeometry(left + place.left / kTwipsPerPixel, place.top / kTwipsPerPixel,
+                                       place.width / kTwipsPerPixel, place.height / kTwipsPerPixel);
+        if (auto* box = dynamic_cast<TextBox*>(control)) // its label is found beside it
+            if (auto* edit = qobject_cast<QWidget*>(painter->Widget()))
+                if (edit->accessibleName().isEmpty()) edit->setAccessibleName(QString::fromStdString(box->Name()));
+    }
+}
+
+void MainWindow::LookAtView() {
+    const bool waitsNow = !client.MainView().Enabled() && client.Stack().Top() == nullptr;
+    if (waitsNow == isWaiting) return;
+    isWaiting = waitsNow;
+    if (waitsNow) return waits.start(kShownAfter);
+    waits.stop();
+    waiting->hide();
+}
+
+void MainWindow::ShowLogon(bool on) {
+    logon->setVisible(on);
+    if (on) logon->raise();
+}
+
+void MainWindow::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    Look::PaintBackground(painter, rect());
+}
+
+void MainWindow::resizeEvent(QResizeEvent*) {
+    client.Resize(width(), height());
+    PlaceControls();
+    board.Schedule();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    RememberPlace();
+    Form* top = client.Stack().TopModal();
+    if (top != nullptr)
+        board.Input([top](UserInput& input) { return input.Close(*top); });
+    else
+        board.loop.Enter([this] { client.Stack().RequestEnd(); });
+}
+
+void MainWindow::RememberPlace() const {
+    QSettings().setValue(QStringLiteral("window/") + PlaceKey(*screen()), saveGeometry());
+}
+
+void MainWindow::RestorePlace() {
+    const QScreen* there = QGuiApplication::primaryScreen();
+    if (there != nullptr)
+        restoreGeometry(QSettings().value(QStringLiteral("window/") + PlaceKey(*there)).toByteArray());
+}
+
+} // namespace ombrin::desktop

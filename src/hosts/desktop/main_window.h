@@ -1,0 +1,42 @@
+// The window that a person starts: the main view, and the logon dialog over it.
+#pragma once
+
+#include "hosts/desktop/board.h"
+#include "session/game_lobby.h"
+
+#include <QLabel>
+#include <QWidget>
+
+namespace ombrin::desktop {
+
+/// Remembers its size and place for each screen; closing it means what the close box of the top form means, and without
+/// a form the end.
+class MainWindow : public QWidget {
+public:
+    MainWindow(GameLobby& client, Board& board);
+
+    /// The logon dialog covers the view.
+    void ShowLogon(bool on);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void MakeView();
+    void MakeLogon();
+    void PlaceControls();
+    void LookAtView();
+    void RememberPlace() const;
+    void RestorePlace();
+
+    GameLobby& client;
+    Board& board;
+    QWidget* logon;
+    QLabel* waiting; ///< shows that the view waits for the server
+    QTimer waits;
+    bool isWaiting = false;
+};
+
+} // namespace ombrin::desktop

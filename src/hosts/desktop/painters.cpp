@@ -1,0 +1,201 @@
+#include "hosts/desktop/painters.h"
+
+#include "hosts/desktop/chat_painter.h"
+#include "hosts/desktop/list_painter.h"
+
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QToolTip>
+
+namespace ombrin::desktop {
+
+namespace {
+
+/// A caption as a button takes it: "&" marks the mnemonic in both worlds.
+class LabelPainter : public Painter {
+public:
+    LabelPainter(Board& board, Label& model, QWidget* parent)
+        : Painter(board, model, new QLabel(parent)), label(model) {
+        Own()->setTextFormat(Qt::PlainText);
+        Own()->setWordWrap(true);
+        Own()->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    }
+
+private:
+    QLabel* Own() const { return static_cast<QLabel*>(Widget()); }
+    void ApplyOwn() override { Own()->setText(board.Text(label.Caption())); }
+    Label& label;
+};
+
+class StatusPainter : public Painter {
+public:
+    StatusPainter(Board& board, StatusBar& model, QWidget* parent)
+        : Painter(board, model, new QLabel(parent)), bar(model) {
+        Own()->setTextFormat(Qt::PlainText);
+        Own()->setWordWrap(true);
+        Own()->setProperty("status", true);
+        Own()->setAccessibleName(QStringLiteral("Status"));
+    }
+
+private:
+    QLabel* Own() const { return static_cast<QLabel*>(Widget()); }
+    void ApplyOwn() override { Own()->setText(board.Text(bar.Text())); }
+    StatusBar& bar;
+};
+
+class ImagePainter : public Painter {
+public:
+    ImagePainter(Board& board, Image& model, QWidget* parent) : Painter(board, model, new QLabel(parent)) {
+        Widget()->setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+private:
+    void ApplyOwn() override {}
+};
+
+class ButtonPainter : public Painter {
+public:
+    ButtonPainter(Board& board, Button& model, QWidget* parent)
+        : Painter(board, model, new QPushButton(parent)), button(model) {
+        Own()->setAutoDefault(false);
+        connect(Own(), &QPushButton::clicked, this,
+                [this] { this->board.Input([this](UserInput& input) { return input.Click(button); }); });
+    }
+
+private:
+    QPushButton* Own() const { return static_cast<QPushButton*>(Widget()); }
+    void ApplyOwn() override {
+        const QString caption = board.Text(button.Caption());
+        Own()->setText(caption);
+        // Where the caption is wider than its place, the whole of it is told beside.
+        const bool fits = Own()->fontMetrics().horizontalAdvance(caption) <= Own()->width() - 8;
+        Own()->setToolTip(fits ? QString() : caption.toHtmlEscaped());
+        Own()->setAccessibleName(caption.isEmpty() ? QString::fromStdString(button.Name()) : caption);
+    }
+    Button& button;
+};
+
+class CheckPainter : public Painter {
+public:
+    CheckPainter(Board& board, CheckBox& model, QWidget* parent)
+        : Painter(board, model, new QCheckBox(parent)), box(model) {
+        connect(Own(), &QCheckBox::clicked, this,
+                [this](bool on) { this->board.Input([this, on](UserInput& input) { return input.Check(box, on); }); });
+    }
+
+private:
+    QCheckBox* Own() const { return static_cast<QCheckBox*>(Widget()); }
+    void ApplyOwn() override {
+        Own()->setText(board.Text(box.Caption()));
+        Own()->setChecked(box.On());
+    }
+    CheckBox& box;
+};
+
+class OptionPainter : public Painter {
+public:
+    OptionPainter(Board& board, OptionButton& model, QWidget* parent)
+        : Painter(board, model, new QRadioButton(parent)), option(model) {
+        Own()->setAutoExclusive(false); // the models exclude one another
+        connect(Own(), &QRadioButton::clicked, this, [this] {
+            this->board.Input([this](UserInput& input) { return input.Click(option); });
+            this->board.Dirty(option);
+        });
+    }
+
+private:
+    QRadioButton* Own() const { return static_cast<QRadioButton*>(Widget()); }
+    void ApplyOwn() override {
+        Own()->setText(board.Text(option.Caption()));
+        Own()->setChecked(option.On());
+    }
+    OptionButton& option;
+};
+
+class TextPainter : public Painter {
+public:
+    TextPainter(Board& board, TextBox& model, QWidget* parent)
+        : Painter(board, model, new QLineEdit(parent)), box(model) {
+        if (model.IsPassword()) Own()->setEchoMode(QLineEdit::Password);
+        if (model.MaxLength() != 0) Own()->setMaxLength(static_cast<int>(model.MaxLength()));
+        connect(Own(), &QLineEdit::textEdited, this, [this](const QString& text) { Edited(text); });
+    }
+
+private:
+    QLineEdit* Own() const { return static_cast<QLineEdit*>(Widget()); }
+
+    void Edited(const QString& text) {
+        const auto bytes = board.Bytes(text);
+        MarkRefused(!bytes.has_value());
+        if (!bytes) { // the character is taken out again, before the eyes of who typed it
+            const int cursor = std::max(0, Own()->cursorPosition() - 1);
+            Own()->setText(board.Text(box.Text()));
+            Own()->setCursorPosition(cursor);
+            return;
+        }
+        board.Input([&](UserInput& input) { return input.Type(box, *bytes); });
+    }
+
+    void MarkRefused(bool refused) {
+        if (Own()->property("refused").toBool() == refused) return;
+        Own()->setProperty("refused", refused);
+        Own()->style()->unpolish(Own());
+        Own()->style()->polish(Own());
+        if (refused)
+            QToolTip::showText(Own()->mapToGlobal(QPoint(0, Own()->height())),
+                               QObject::tr("This character cannot be sent to the server."), Own());
+    }
+
+    void ApplyOwn() override {
+        const QString text = board.Text(box.Text());
+        if (Own()->text() != text) {
+            MarkRefused(false);
+            Own()->setText(text);
+        }
+        if (box.SelLength() > 0 && !Own()->hasSelectedText())
+            Own()->setSelection(static_cast<int>(box.SelStart()), static_cast<int>(box.SelLength()));
+    }
+
+    bool TakesKey(QKeyEvent& event) override {
+        if (event.key() != Qt::Key_Return && event.key() != Qt::Key_Enter) return false;
+        int key = UserInput::kEnter;
+        board.Input([&](UserInput& input) { return input.Key(box, key, UserInput::kNoShift); });
+        return true;
+    }
+
+    TextBox& box;
+};
+
+} // namespace
+
+std::unique_ptr<Painter> MakePainter(Board& board, Control& control, QWidget* parent) {
+    switch (control.Kind()) {
+    case ControlKind::Label:
+        return std::make_unique<LabelPainter>(board, static_cast<Label&>(control), parent);
+    case ControlKind::StatusBar:
+        return std::make_unique<StatusPainter>(board, static_cast<StatusBar&>(control), parent);
+    case ControlKind::Image:
+        return std::make_unique<ImagePainter>(board, static_cast<Image&>(control), parent);
+    case ControlKind::Button:
+        return std::make_unique<ButtonPainter>(board, static_cast<Button&>(control), parent);
+    case ControlKind::CheckBox:
+        return std::make_unique<CheckPainter>(board, static_cast<CheckBox&>(control), parent);
+    case ControlKind::OptionButton:
+        return std::make_unique<OptionPainter>(board, static_cast<OptionButton&>(control), parent);
+    case ControlKind::TextBox:
+        return std::make_unique<TextPainter>(board, static_cast<TextBox&>(control), parent);
+    case ControlKind::ListBox:
+    case ControlKind::ListView:
+        return MakeListPainter(board, control, parent);
+    case ControlKind::FlexGrid:
+        return MakeChatPainter(board, static_cast<FlexGrid&>(control), parent);
+    default:
+        return nullptr; // timers and menus have no widget of their own
+    }
+}
+
+} // namespace ombrin::desktop

@@ -1,0 +1,304 @@
+#include "hosts/desktop/windows.h"
+
+#include "hosts/desktop/dialog_layouts.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QStyle>
+
+namespace ombrin::desktop {
+
+namespace {
+
+constexpr int kTextWidth = 420; ///< pixels of a box's text before it wraps
+
+class DialogWindow : public FormWindow {
+public:
+    DialogWindow(Form& form, const DialogLayout& layout, Board& board, QWidget* parent)
+        : FormWindow(form, board, parent), grid(new QGridLayout(this)) {
+        grid->setContentsMargins(16, 14, 16, 14);
+        grid->setHorizontalSpacing(10);
+        grid->setVerticalSpacing(8);
+        grid->setColumnStretch(1, 1);
+        for (const DialogRow& row : layout.rows) Add(row);
+        setMinimumWidth(layout.width);
+        if (auto* button = qobject_cast<QPushButton*>(WidgetNamed(layout.defaultButton))) button->setDefault(true);
+    }
+
+    QGridLayout& Grid() { return *grid; }
+
+private:
+    QWidget* WidgetNamed(std::string_view name) {
+        Control* control = form.Find(name);
+        if (control == nullptr) return nullptr;
+        Painter* painter = board.PainterOf(*control);
+        return (painter != nullptr ? *painter : board.Paint(*control, this)).Widget();
+    }
+
+    void Add(const DialogRow& row) {
+        const int at = grid->rowCount();
+        switch (row.kind) {
+        case DialogRow::Kind::Wide:
+            for (const auto name : row.controls) grid->addWidget(WidgetNamed(name), grid->rowCount(), 0, 1, 2);
+            break;
+        case DialogRow::Kind::Grow:
+            grid->addWidget(WidgetNamed(row.controls.front()), at, 0, 1, 2);
+            WidgetNamed(row.controls.front())->setMinimumHeight(180);
+            grid->setRowStretch(at, 1);
+            break;
+        case DialogRow::Kind::Pair: {
+            auto* label = static_cast<QLabel*>(WidgetNamed(row.controls[0]));
+            label->setWordWrap(false);
+            grid->addWidget(label, at, 0);
+            QWidget* field = WidgetNamed(row.controls[1]);
+            label->setBuddy(field);
+            grid->addWidget(field, at, 1);
+            break;
+        }
+        case DialogRow::Kind::Buttons: {
+            auto* line = new QHBoxLayout;
+            line->addStretch();
+            for (const auto name : row.controls) {
+                QWidget* button = WidgetNamed(name);
+                button->setMinimumSize(84, 28);
+                line->addWidget(button);
+            }
+            grid->addLayout(line, at, 0, 1, 2);
+            break;
+        }
+        }
+    }
+
+    QGridLayout* grid;
+};
+
+/// Beside the dialog's own label: why the connection does not come, and what to check.
+class ConnectionWindow : public DialogWindow {
+public:
+    ConnectionWindow(Form& form, const DialogLayout& layout, Board& board, const Link& link, const Session& marks,
+                     QWidget* parent)
+        : DialogWindow(form, layout, board, parent), link(link), marks(marks), trouble(new QLabel(this)) {
+        trouble->setTextFormat(Qt::PlainText);
+        trouble->setWordWrap(true);
+        trouble->setProperty("trouble", true);
+        trouble->setObjectName(QStringLiteral("whyNot"));
+        trouble->hide();
+        Grid().addWidget(trouble, Grid().rowCount(), 0, 1, 2);
+        board.EachFrame([this] { Look(); });
+    }
+
+private:
+    void Look() {
+        if (!isVisible()) return;
+        const QString text = Sentence();
+        if (trouble->text() == text) return;
+        trouble->setText(text);
+        trouble->setVisible(!text.isEmpty());
+        adjustSize();
+    }
+
+    QString Sentence() const {
+        const QString host = board.Text(marks.m_RemoteHost), port = board.Text(marks.m_RemotePort);
+        switch (link.WhyNot()) {
+        case ConnectFailure::Refused:
+            return tr("%1 refuses the connection on port %2. Is the server running, and is the port right?")
+                .arg(host, port);
+        case ConnectFailure::UnknownHost:
+            return tr("There is no host named %1. Check its spelling, and whether this machine is on the network.")
+                .arg(host);
+        case ConnectFailure::Unreachable:
+            return tr("%1 cannot be reached from here. Check this machine's network.").arg(host);
+        case ConnectFailure::TimedOut:
+            return tr("%1 does not answer. The server or a firewall on the way may be down or closed.").arg(host);
+        case ConnectFailure::None:
+            break;
+        }
+        return {};
+    }
+
+    const Link& link;
+    const Session& marks;
+    QLabel* trouble;
+};
+
+class MessageWindow : public FormWindow {
+public:
+    MessageWindow(MessageBoxForm& box, Board& board, QWidget* parent) : FormWindow(box, board, parent) {
+        auto* grid = new QGridLayout(this);
+        grid->setContentsMargins(18, 16, 18, 14);
+        grid->setSpacing(12);
+        if (box.Icon() == BoxIcon::Exclamation) {
+            auto* icon = new QLabel(this);
+            icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(32, 32));
+            grid->addWidget(icon, 0, 0, Qt::AlignTop);
+        }
+        auto* text = new QLabel(board.Text(box.Text()), this);
+        text->setTextFormat(Qt::PlainText);
+        text->setWordWrap(true);
+        text->setMinimumWidth(std::min(kTextWidth, text->fontMetrics().horizontalAdvance(text->text()) + 8));
+        text->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        grid->addWidget(text, 0, 1);
+        auto* line = new QHBoxLayout;
+        line->addStretch();
+        for (const auto& [result, caption] : Captions(box.Buttons())) {
+            auto* button = new QPushButton(caption, this);
+            button->setMinimumSize(84, 28);
+            button->setDefault(line->count() == 1);
+            connect(button, &QPushButton::clicked, this, [this, result = result] {
+                this->board.Input([result](UserInput& input) { return input.PressButton(result); });
+            });
+            line->addWidget(button);
+        }
+        grid->addLayout(line, 1, 0, 1, 2);
+        setAccessibleDescription(text->text());
+    }
+
+private:
+    static std::vector<std::pair<BoxResult, QString>> Captions(BoxButtons buttons) {
+        switch (buttons) {
+        case BoxButtons::Ok:
+            return {{BoxResult::Ok, tr("OK")}};
+        case BoxButtons::OkCancel:
+            return {{BoxResult::Ok, tr("OK")}, {BoxResult::Cancel, tr("Cancel")}};
+        case BoxButtons::YesNo:
+            return {{BoxResult::Yes, tr("&Yes")}, {BoxResult::No, tr("&No")}};
+        }
+        return {};
+    }
+};
+
+class InputWindow : public FormWindow {
+public:
+    InputWindow(InputBoxForm& box, Board& board, QWidget* parent)
+        : FormWindow(box, board, parent), answer(new QLineEdit(this)) {
+        auto* grid = new QGridLayout(this);
+        grid->setContentsMargins(18, 16, 18, 14);
+        auto* prompt = new QLabel(board.Text(box.Prompt()), this);
+        prompt->setTextFormat(Qt::PlainText);
+        prompt->setWordWrap(true);
+        prompt->setBuddy(answer);
+        setMinimumWidth(kTextWidth);
+        grid->addWidget(prompt, 0, 0);
+        grid->addWidget(answer, 1, 0);
+        auto* line = new QHBoxLayout;
+        line->addStretch();
+        auto* ok = new QPushButton(tr("OK"), this);
+        auto* cancel = new QPushButton(tr("Cancel"), this);
+        ok->setDefault(true);
+        for (QPushButton* button : {ok, cancel}) {
+            button->setMinimumSize(84, 28);
+            line->addWidget(button);
+        }
+        grid->addLayout(line, 2, 0);
+        connect(ok, &QPushButton::clicked, this, [this] {
+            const auto bytes = this->board.Bytes(answer->text());
+            if (!bytes) return answer->selectAll();
+            this->board.Input([&](UserInput& input) { return input.AnswerText(*bytes); });
+        });
+        connect(cancel, &QPushButton::clicked, this, [this] { InputWindow::reject(); });
+    }
+
+private:
+    QLineEdit* answer;
+};
+
+} // namespace
+
+FormWindow::FormWindow(Form& form, Board& board, QWidget* parent) : QDialog(parent), form(form), board(board) {
+    setObjectName(QString::fromStdString(form.Name()));
+    setWindowTitle(board.Text(form.Caption()));
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    FormWindow::reject();
+}
+
+void FormWindow::reject() {
+    Form& model = form; // the window may be gone when this returns
+    board.Input([&model](UserInput& input) { return input.Close(model); });
+}
+
+Windows::Windows(GameLobby& client, Board& board, MainWindow& main) : client(client), board(board), main(main) {
+    client.Stack().SetObserver(this);
+}
+
+Windows::~Windows() { client.Stack().SetObserver(nullptr); }
+
+FormWindow* Windows::Make(Form& form) {
+    QWidget* parent = QApplication::activeModalWidget();
+    if (parent == nullptr) parent = &main;
+    if (auto* box = dynamic_cast<MessageBoxForm*>(&form)) return new MessageWindow(*box, board, parent);
+    if (auto* box = dynamic_cast<InputBoxForm*>(&form)) return new InputWindow(*box, board, parent);
+    const DialogLayout* layout = LayoutOf(form.Name());
+    if (layout == nullptr) return nullptr;
+    if (&form == &client.Forms().Connection)
+        return new ConnectionWindow(form, *layout, board, client.Connection(), client.Marks(), &main);
+    return new DialogWindow(form, *layout, board, &main);
+}
+
+void Windows::FormShown(Form& form) {
+    if (&form == &client.Forms().UsrNmPwIP) {
+        board.Frame();
+        main.ShowLogon(true);
+        Focus(form);
+        return;
+    }
+    FormWindow*& window = windows[&form];
+    if (window == nullptr) window = Make(form);
+    if (window == nullptr) return;
+    board.Frame();
+    window->setWindowTitle(board.Text(form.Caption()));
+    window->setWindowModality(form.IsModal() ? Qt::ApplicationModal : Qt::NonModal);
+    window->adjustSize();
+    const QPoint middle = main.frameGeometry().center();
+    window->move(middle.x() - window->width() / 2, middle.y() - window->height() / 2);
+    window->show();
+    window->raise();
+    window->activateWindow();
+    Focus(form);
+}
+
+void Windows::Focus(Form& form) {
+    const Control* control = form.Focus() != nullptr ? form.Focus() : form.Default;
+    if (control == nullptr) return;
+    if (Painter* painter = board.PainterOf(*control)) painter->Widget()->setFocus(Qt::OtherFocusReason);
+}
+
+void Windows::FormHidden(Form& form) {
+    if (&form == &client.Forms().UsrNmPwIP) return main.ShowLogon(false);
+    const auto found = windows.find(&form);
+    if (found == windows.end()) return;
+    if (found->second != nullptr) found->second->hide();
+    if (form.KindOfForm() == FormKind::Form) return;
+    if (found->second != nullptr) found->second->deleteLater(); // a box is gone with its answer
+    windows.erase(found);
+}
+
+void Windows::MenuOpened(Menu& menu) {
+    auto* shown = new QMenu(&main);
+    shown->setAttribute(Qt::WA_DeleteOnClose);
+    for (MenuEntry* entry : menu.Entries()) {
+        QAction* action = shown->addAction(board.Text(entry->Caption()));
+        action->setEnabled(entry->Click != nullptr);
+        // The menu closes before the entry acts, as that may open a form and wait.
+        QObject::connect(
+            action, &QAction::triggered, &main,
+            [this, entry] { board.Input([entry](UserInput& input) { return input.Choose(*entry); }); },
+            Qt::QueuedConnection);
+    }
+    shown->popup(board.menuPlace);
+}
+
+QWidget* Windows::WindowOf(const Form& form) const {
+    const auto found = windows.find(&form);
+    return found == windows.end() ? nullptr : found->second;
+}
+
+} // namespace ombrin::desktop

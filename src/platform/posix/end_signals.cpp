@@ -1,0 +1,23 @@
+#include "platform/posix/end_signals.h"
+
+#include <csignal>
+#include <sys/signalfd.h>
+
+namespace ombrin {
+
+EndSignals::EndSignals(EventLoop& loop, std::function<void()> ended) {
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGINT);
+    sigaddset(&signals, SIGTERM);
+    sigprocmask(SIG_BLOCK, &signals, nullptr);
+    std::signal(SIGPIPE, SIG_IGN);
+    descriptor.Reset(signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC));
+    watch = loop.OnUrgent(descriptor.Number(), [this, ended = std::move(ended)] {
+        signalfd_siginfo info{};
+        [[maybe_unused]] const auto taken = read(descriptor.Number(), &info, sizeof info);
+        ended();
+    });
+}
+
+} // namespace ombrin
