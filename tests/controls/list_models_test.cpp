@@ -23,7 +23,6 @@ protected:
 };
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 TEST_F(ListModels, AListViewKeepsOneRowSelectedWhateverComesAndGoes) {
     ListView list(form, "List", {"Users"});

@@ -41,7 +41,7 @@ protected:
         view.EnterRoomMenu.Click = Says("EnterRoomMenu");
         view.MainText.SetText("draft");
     }
-    std::function<void()> Says(std::string what) {
+    std::function<void()> Says(const std::string& what) {
         return [this, what] { said.push_back(what); };
     }
     void FormShown(Form&) override {}

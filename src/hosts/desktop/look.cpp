@@ -19,7 +19,7 @@ const QColor kNight(0x10, 0x17, 0x20), kDeep(0x18, 0x24, 0x33), kPanel(0x0A, 0x0
 
 constexpr const char* kStyle = R"(
 QWidget { font-family: Tahoma, "DejaVu Sans", "Liberation Sans", sans-serif; font-size: 9pt; }
-QDialog, QWidget#logon { background: #18242f; }
+QDialog, QWidget#logon { background: #111922; }
 QLabel { color: #e6edf3; background: transparent; }
 QLabel[heading="true"] { color: #8fc7f5; font-weight: 600; }
 QLabel[status="true"] { color: #ffd479; }
@@ -38,12 +38,20 @@ QLineEdit[refused="true"] { border: 2px solid #ff6b5e; }
 QDialog QLineEdit, QWidget#logon QLineEdit { color: #e6edf3; }
 QTreeView, QTextBrowser { background: #0a0f15; border: 1px solid #34485e; border-radius: 3px; outline: 0;
                           selection-background-color: #24507a; selection-color: #ffffff; }
+QTextBrowser { font-family: "Courier New", "Liberation Mono", "DejaVu Sans Mono", monospace; }
 QTreeView:focus, QTextBrowser:focus { border: 1px solid #8fc7f5; }
 QTreeView::item { padding: 1px 2px; }
 QTreeView::item:selected { background: #24507a; }
 QDialog QTreeView { color: #e6edf3; }
 QHeaderView::section { color: #9aabbc; background: #141f2b; border: 0; padding: 2px 4px; }
 QCheckBox, QRadioButton { color: #e6edf3; spacing: 6px; }
+QCheckBox::indicator, QRadioButton::indicator { width: 13px; height: 13px; border: 1px solid #8fa8c0; background: #0a0f15; }
+QCheckBox::indicator { border-radius: 2px; }
+QRadioButton::indicator { border-radius: 7px; }
+QCheckBox::indicator:checked, QRadioButton::indicator:checked {
+    background: qradialgradient(cx:0.5, cy:0.5, radius:0.5, fx:0.5, fy:0.5, stop:0 #8fc7f5, stop:0.62 #8fc7f5,
+                                stop:0.7 #0a0f15, stop:1 #0a0f15); }
+QCheckBox::indicator:focus, QRadioButton::indicator:focus { border: 2px solid #8fc7f5; }
 QToolTip { color: #10171f; background: #f4f7fa; border: 1px solid #34485e; }
 QMenu { color: #e6edf3; background: #1b2836; border: 1px solid #3f5a76; }
 QMenu::item { padding: 4px 18px; }
@@ -98,6 +106,25 @@ void Look::Install(QApplication& application) {
     application.setStyleSheet(QString::fromLatin1(kStyle));
 }
 
+QIcon Look::ButtonIcon(const std::string& button) {
+    if (button != "SendMain" && button != "SendRoom") return {};
+    return QIcon(Drawn([](QPainter& painter) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(kText);
+        painter.drawPolygon(QPolygonF({{2, 2}, {13, 7}, {2, 12}, {4, 7}}));
+    }));
+}
+
+QString Look::BuiltInCaption(const std::string& button) {
+    static const std::map<std::string, QString> kCaptions{
+        {"btnConfigurable1", QObject::tr("News")},    {"btnConfigurable2", QObject::tr("Files")},
+        {"btnConfigurable3", QObject::tr("Ladders")}, {"btnConfigurable4", QObject::tr("Depot")},
+        {"btnConfigurable5", QObject::tr("Players")},
+    };
+    const auto found = kCaptions.find(button);
+    return found == kCaptions.end() ? QString() : found->second;
+}
+
 QFont Look::ChatFont() {
     QFont font;
     font.setFamilies({QStringLiteral("Courier New"), QStringLiteral("Liberation Mono"),
@@ -130,6 +157,13 @@ QColor Look::SenderColour(const QString& name) {
     std::size_t sum = 5381;
     for (const QChar c : name) sum = sum * 33 + c.unicode();
     return kColours[sum % kColours.size()];
+}
+
+void Look::PaintPanel(QPainter& painter, const QRect& place) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(kEdge, 1));
+    painter.setBrush(QColor(0x1B, 0x28, 0x36));
+    painter.drawRoundedRect(place, 10, 10);
 }
 
 void Look::PaintBackground(QPainter& painter, const QRect& place) {

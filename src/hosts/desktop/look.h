@@ -20,9 +20,14 @@ struct Look {
     static QFont ChatFont();
     /// Picture number `image` of the list of that name; an empty one for 0.
     static QIcon ListIcon(const std::string& list, int image);
+    /// Shown where a button's caption is wider than its place; an empty one for most.
+    static QIcon ButtonIcon(const std::string& button);
+    /// What the built-in picture of a button without a caption says.
+    static QString BuiltInCaption(const std::string& button);
     /// The same name has the same colour all evening.
     static QColor SenderColour(const QString& name);
     static void PaintBackground(class QPainter& painter, const QRect& place);
+    static void PaintPanel(class QPainter& painter, const QRect& place);
 };
 
 } // namespace ombrin::desktop

@@ -20,10 +20,31 @@ QString PlaceKey(const QScreen& screen) {
     return QStringLiteral("%1/%2x%3").arg(screen.name()).arg(size.width()).arg(size.height());
 }
 
+/// The card that the logon dialog's controls stand on.
+class LogonPage : public QWidget {
+public:
+    LogonPage(const UsrNmPwIP& dialog, QWidget* parent) : QWidget(parent), dialog(dialog) {}
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        Look::PaintBackground(painter, rect());
+        const Place& place = dialog.LogonImage.Where();
+        const int left = (width() - place.width / kTwipsPerPixel) / 2;
+        const int bottom = dialog.CloseButton.Where().top + dialog.CloseButton.Where().height + kMargin;
+        const int top = place.top / kTwipsPerPixel;
+        Look::PaintPanel(painter, QRect(left, top, place.width / kTwipsPerPixel, bottom / kTwipsPerPixel - top));
+    }
+
+private:
+    static constexpr int kMargin = 24 * kTwipsPerPixel;
+    const UsrNmPwIP& dialog;
+};
+
 } // namespace
 
 MainWindow::MainWindow(GameLobby& client, Board& board)
-    : client(client), board(board), logon(new QWidget(this)), waiting(new QLabel(this)) {
+    : client(client), board(board), logon(new LogonPage(client.Forms().UsrNmPwIP, this)), waiting(new QLabel(this)) {
     setWindowTitle(QStringLiteral("Ombrin"));
     setMinimumSize(Layout::kLeastWidth, Layout::kLeastHeight);
     logon->setObjectName(QStringLiteral("logon"));
@@ -81,6 +102,8 @@ void MainWindow::MakeView() {
         QWidget* widget = board.Paint(*control, this).Widget();
         if (control->Kind() == ControlKind::Label) widget->setProperty("heading", true);
     }
+    Word(view.Logo, QStringLiteral("Ombrin"), 24);
+    Word(view.PoweredBy, QStringLiteral("Ardvelle"), 13);
     for (const auto& row : kNames) board.PainterOf(row.control)->Widget()->setAccessibleName(row.spoken);
 }
 
@@ -91,12 +114,8 @@ void MainWindow::MakeLogon() {
         QWidget* widget = board.Paint(*control, logon).Widget();
         if (control == &dialog.Welcome || control == &dialog.SplashImage)
             static_cast<QLabel*>(widget)->setAlignment(Qt::AlignCenter);
-        if (control == &dialog.SplashImage) {
-            auto* splash = static_cast<QLabel*>(widget);
-            splash->setText(QStringLiteral("Ombrin"));
-            splash->setStyleSheet(QStringLiteral("font-size: 30pt; font-weight: 300; color: #8fc7f5;"));
-        }
     }
+    Word(dialog.SplashImage, QStringLiteral("Ombrin"), 30);
     for (const auto& [label, box] : {std::pair(&dialog.Label1, &dialog.LogonName),
                                      {&dialog.Label2, &dialog.Password},
                                      {&dialog.Label3, &dialog.HostMachine},
@@ -105,6 +124,13 @@ void MainWindow::MakeLogon() {
         shown->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         shown->setBuddy(board.PainterOf(*box)->Widget());
     }
+}
+
+/// A word in place of a picture.
+void MainWindow::Word(Image& image, const QString& text, int points) {
+    auto* label = static_cast<QLabel*>(board.PainterOf(image)->Widget());
+    label->setText(text);
+    label->setStyleSheet(QStringLiteral("font-size: %1pt; font-weight: 300; color: #8fc7f5;").arg(points));
 }
 
 void MainWindow::PlaceControls() {
@@ -139,6 +165,9 @@ void MainWindow::LookAtView() {
     if (waitsNow) return waits.start(kShownAfter);
     waits.stop();
     waiting->hide();
+    // Whoever has just come into a lobby wants to talk, unless he is somewhere already.
+    if (client.Stack().Top() == nullptr && client.MainView().Focus() == nullptr)
+        board.PainterOf(client.MainView().MainText)->Widget()->setFocus(Qt::OtherFocusReason);
 }
 
 void MainWindow::ShowLogon(bool on) {

@@ -26,6 +26,7 @@ protected:
 private:
     void MakeView();
     void MakeLogon();
+    void Word(Image& image, const QString& text, int points);
     void PlaceControls();
     void LookAtView();
     void RememberPlace() const;

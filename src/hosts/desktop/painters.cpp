@@ -2,6 +2,7 @@
 
 #include "hosts/desktop/chat_painter.h"
 #include "hosts/desktop/list_painter.h"
+#include "hosts/desktop/look.h"
 
 #include <QCheckBox>
 #include <QKeyEvent>
@@ -69,12 +70,15 @@ public:
 private:
     QPushButton* Own() const { return static_cast<QPushButton*>(Widget()); }
     void ApplyOwn() override {
-        const QString caption = board.Text(button.Caption());
-        Own()->setText(caption);
-        // Where the caption is wider than its place, the whole of it is told beside.
+        QString caption = board.Text(button.Caption());
+        if (caption.isEmpty()) caption = Look::BuiltInCaption(button.Name());
+        // Where the caption is wider than its place, a picture stands for it and the whole of it is told beside.
         const bool fits = Own()->fontMetrics().horizontalAdvance(caption) <= Own()->width() - 8;
+        const QIcon icon = fits ? QIcon() : Look::ButtonIcon(button.Name());
+        Own()->setText(icon.isNull() ? caption : QString());
+        Own()->setIcon(icon);
         Own()->setToolTip(fits ? QString() : caption.toHtmlEscaped());
-        Own()->setAccessibleName(caption.isEmpty() ? QString::fromStdString(button.Name()) : caption);
+        Own()->setAccessibleName(caption);
     }
     Button& button;
 };

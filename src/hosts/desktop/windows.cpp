@@ -247,6 +247,7 @@ void Windows::FormShown(Form& form) {
     if (&form == &client.Forms().UsrNmPwIP) {
         board.Frame();
         main.ShowLogon(true);
+        main.activateWindow();
         Focus(form);
         return;
     }
@@ -276,6 +277,10 @@ void Windows::FormHidden(Form& form) {
     const auto found = windows.find(&form);
     if (found == windows.end()) return;
     if (found->second != nullptr) found->second->hide();
+    // The keys go to what is in front now, whether or not a window manager sees to that.
+    const Form* top = client.Stack().Top();
+    QWidget* front = top == nullptr ? nullptr : WindowOf(*top);
+    (front != nullptr ? front : &main)->activateWindow();
     if (form.KindOfForm() == FormKind::Form) return;
     if (found->second != nullptr) found->second->deleteLater(); // a box is gone with its answer
     windows.erase(found);
