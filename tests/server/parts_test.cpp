@@ -98,21 +98,27 @@ TEST(FairQueue, ACrowdFromOneAddressDelaysTheOthersByOneTurn) {
     EXPECT_EQ(order, "cabcacc");
 }
 
-TEST(PeerWatch, APeerIsGoneAfterThreeSilentSights) {
-    const PeerWatch::Sight silent{true, kLivenessInterval};
-    const PeerWatch::Sight cases[] = {
+TEST(PeerWatch, APeerIsGoneWhenNothingIsAcknowledgedForThreeSights) {
+    const PeerWatch::Sight silent{true, PeerWatch::kSilence};
+    const PeerWatch::Sight others[] = {
         {false, std::chrono::hours(1)},              // nothing under way, or its window is shut
-        {true, kLivenessInterval - Milliseconds(1)}, // it has answered since
+        {true, kLivenessInterval - Milliseconds(1)}, // it has answered since the last sight
     };
-    for (const PeerWatch::Sight& good : cases) {
+    for (const PeerWatch::Sight& other : others) {
         PeerWatch watch;
-        EXPECT_FALSE(watch.Gone(silent));
-        EXPECT_FALSE(watch.Gone(silent));
-        EXPECT_FALSE(watch.Gone(good));
+        for (int i = 0; i < 2; ++i) {
+            EXPECT_FALSE(watch.Gone(silent)) << "it may have been sent just now";
+            EXPECT_FALSE(watch.Gone(silent));
+            EXPECT_FALSE(watch.Gone(other));
+        }
         EXPECT_FALSE(watch.Gone(silent));
         EXPECT_FALSE(watch.Gone(silent));
         EXPECT_TRUE(watch.Gone(silent));
     }
+    PeerWatch patient;
+    for (Milliseconds silence = kLivenessInterval; silence < PeerWatch::kSilence; silence += kLivenessInterval)
+        EXPECT_FALSE(patient.Gone({true, silence})) << silence.count();
+    EXPECT_TRUE(patient.Gone(silent));
 }
 
 TEST(LogTest, NothingFromOutsideForgesALine) {

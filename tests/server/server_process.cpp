@@ -4,13 +4,13 @@
 
 #include <arpa/inet.h>
 #include <array>
+#include <charconv>
 #include <csignal>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <poll.h>
-#include <regex>
 #include <spawn.h>
 #include <sstream>
 #include <sys/socket.h>
@@ -31,6 +31,16 @@ bool Readable(int descriptor) {
     return poll(&wait, 1, kPatience) == 1;
 }
 
+/// Of `ADDRESS:PORT` behind a text; 0 when the line is another one.
+std::uint16_t PortBehind(const std::string& line, std::string_view text) {
+    const std::size_t at = line.find(text);
+    const std::size_t colon = at == std::string::npos ? at : line.find(':', at + text.size());
+    if (colon == std::string::npos) return 0;
+    std::uint16_t port = 0;
+    std::from_chars(line.data() + colon + 1, line.data() + line.size(), port);
+    return port;
+}
+
 } // namespace
 
 ScratchFolder::ScratchFolder() {
@@ -45,6 +55,7 @@ ServerProcess::ServerProcess(const std::string& home, std::vector<std::string> o
     if (!configuration.empty()) std::ofstream(home + "/server.json") << configuration;
     options.insert(options.begin(), {ARDVELLE_SERVER, "--port", "0", "--home", home});
     std::vector<char*> arguments;
+    arguments.reserve(options.size() + 1);
     for (std::string& option : options) arguments.push_back(option.data());
     arguments.push_back(nullptr);
 
@@ -62,10 +73,8 @@ ServerProcess::ServerProcess(const std::string& home, std::vector<std::string> o
 
     char c = 0;
     while (Readable(output) && read(output, &c, 1) == 1 && c != '\n') readyLine += c;
-    std::smatch match;
-    if (!std::regex_match(readyLine, match, std::regex("listening on .*:(\\d+), files on .*:(\\d+)"))) return;
-    port = static_cast<std::uint16_t>(std::stoi(match[1]));
-    filesPort = static_cast<std::uint16_t>(std::stoi(match[2]));
+    port = PortBehind(readyLine, "listening on ");
+    filesPort = PortBehind(readyLine, ", files on ");
 }
 
 ServerProcess::~ServerProcess() {

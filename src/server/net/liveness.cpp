@@ -8,7 +8,7 @@ namespace ombrin::server {
 
 namespace {
 
-/// Three sights of the same silence are 30 to 45 s of it, and the next is due before a minute is over.
+/// Data that was sent just now is unacknowledged, too; after so many sights it has been repeated several times.
 constexpr int kSilentSights = 3;
 
 void SetOption(int descriptor, int level, int option, int value) {
@@ -21,7 +21,7 @@ void SetOption(int descriptor, int level, int option, int value) {
 bool PeerWatch::Gone(const Sight& sight) {
     const bool silent = sight.unacknowledged && sight.sinceLastReply >= kLivenessInterval;
     silentSights = silent ? silentSights + 1 : 0;
-    return silentSights >= kSilentSights;
+    return silentSights >= kSilentSights && sight.sinceLastReply >= kSilence;
 }
 
 PeerWatch::Sight LookAt(int descriptor) {
@@ -32,8 +32,8 @@ PeerWatch::Sight LookAt(int descriptor) {
 }
 
 void EnableKeepAlive(int descriptor) {
-    constexpr int kIdleSeconds = 30;
-    constexpr int kProbeSeconds = 10;
+    constexpr int kIdleSeconds = 20;
+    constexpr int kProbeSeconds = 8;
     constexpr int kProbes = 3;
     SetOption(descriptor, SOL_SOCKET, SO_KEEPALIVE, 1);
     SetOption(descriptor, IPPROTO_TCP, TCP_KEEPIDLE, kIdleSeconds);

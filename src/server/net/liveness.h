@@ -9,10 +9,14 @@
 
 namespace ombrin::server {
 
-inline constexpr Milliseconds kLivenessInterval{15'000};
+inline constexpr Milliseconds kLivenessInterval{5'000};
 
 class PeerWatch {
 public:
+    /// Without any reply: a living peer answers the probes of a quiet connection more often. Together with the sights
+    /// that it takes it leaves a minute even where data came just before the last probe.
+    static constexpr Milliseconds kSilence{45'000};
+
     struct Sight {
         bool unacknowledged;         ///< sent, not acknowledged; never while the peer's window is shut
         Milliseconds sinceLastReply; ///< since any acknowledgement came
