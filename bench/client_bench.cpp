@@ -71,7 +71,7 @@ bool Line(const char* name, double ours, double bound, const char* unit, double 
 /// An arrival of 1 MiB with the users of a lobby, beside splitting the same bytes at ";" into texts.
 bool LargeArrival() {
     std::string arrival = "0:";
-    for (std::size_t i = 0; arrival.size() < 1024 * 1024; ++i) arrival += InLobby::Name(i) + ";1;";
+    for (std::size_t i = 0; arrival.size() < std::size_t{1024} * 1024; ++i) arrival += InLobby::Name(i) + ";1;";
     arrival += "~";
     std::vector<double> ours, bound;
     for (int run = 0; run < kRuns; ++run) {
@@ -96,6 +96,7 @@ bool StatusChange() {
     const auto measure = [](std::size_t users) {
         InLobby lobby(users);
         std::vector<std::string> changes;
+        changes.reserve(kChanges);
         for (std::size_t i = 0; i < kChanges; ++i)
             changes.push_back(Join("13:", std::to_string(1 + i % 3), ":", InLobby::Name(i * 7919 % users), ";;;~"));
         std::vector<double> times;

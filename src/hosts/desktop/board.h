@@ -7,6 +7,7 @@
 
 #include <QPoint>
 #include <QString>
+#include <QTextDocument>
 #include <QTimer>
 #include <QWidget>
 #include <functional>
@@ -57,6 +58,9 @@ public:
     QString Text(std::string_view bytes) const { return QString::fromUtf8(page.ToUtf8(bytes)); }
     /// Nothing when the code page cannot hold it.
     std::optional<std::string> Bytes(const QString& text) const { return page.FromUtf8(text.toStdString()); }
+
+    /// A tool tip that says exactly this: Qt takes for markup what looks like it.
+    static QString Tip(const QString& text) { return text.isEmpty() ? QString() : Qt::convertFromPlainText(text); }
 
     /// Makes the painter of a control, as a child of `parent`.
     Painter& Paint(Control& control, QWidget* parent);

@@ -35,6 +35,7 @@ public:
         view.setFont(Look::ChatFont());
         view.setTextInteractionFlags(Qt::TextBrowserInteraction | Qt::TextSelectableByKeyboard);
         view.setContextMenuPolicy(Qt::DefaultContextMenu);
+        view.viewport()->installEventFilter(this);
         connect(&view, &QTextBrowser::anchorClicked, this, [this](const QUrl& url) { Follow(url); });
     }
 
@@ -54,14 +55,13 @@ private:
         if (!anew && lines == shown) return;
         QScrollBar& bar = *Own()->verticalScrollBar();
         const bool atEnd = bar.value() >= bar.maximum() - 4;
-        const int scrolled = bar.value();
-        if (anew)
-            Show(lines, 0);
-        else
-            Show(lines, Kept(lines));
+        const QTextCursor topLine = Own()->cursorForPosition({0, 0});
+        const int topAt = Own()->cursorRect(topLine).top(), scrolled = bar.value();
+        Show(lines, anew ? 0 : Kept(lines));
         shown = std::move(lines);
-        // A reader who has scrolled back, or who selects, is left where he is.
-        bar.setValue(atEnd ? bar.maximum() : scrolled);
+        // A reader who has scrolled back is left where he is, also when lines above him are gone.
+        const int moved = anew ? 0 : Own()->cursorRect(topLine).top() - topAt;
+        bar.setValue(atEnd ? bar.maximum() : scrolled + moved);
     }
 
     /// Lines at the end of what is shown that are the beginning of what is to be shown.
@@ -77,6 +77,9 @@ private:
 
     void Show(const std::vector<Line>& lines, std::size_t kept) {
         QTextDocument& document = *Own()->document();
+        QTextCursor selection = Own()->textCursor();
+        const int anchor = selection.anchor(), end = selection.position(), length = document.characterCount();
+        int removed = 0;
         QTextCursor cursor(&document);
         cursor.beginEditBlock();
         if (kept == 0) {
@@ -88,6 +91,7 @@ private:
                 cursor.movePosition(QTextCursor::NextBlock, QTextCursor::KeepAnchor);
                 cursor.removeSelectedText();
             }
+            removed = length - document.characterCount();
             cursor.movePosition(QTextCursor::End);
         }
         QTextBlockFormat block;
@@ -103,16 +107,21 @@ private:
             Insert(cursor, lines[i]);
         }
         cursor.endEditBlock();
+        if (kept == 0 || anchor == end) return;
+        // What is selected up to the end does not grow with the new lines.
+        selection.setPosition(std::max(0, anchor - removed));
+        selection.setPosition(std::max(0, end - removed), QTextCursor::KeepAnchor);
+        Own()->setTextCursor(selection);
     }
 
     void Insert(QTextCursor& cursor, const Line& line) const {
         QTextCharFormat sender, text;
-        const QString name = board.Text(line.first);
+        const QString name = OneLine(board.Text(line.first), QLatin1Char(' '));
         sender.setForeground(Look::SenderColour(name));
         sender.setFontWeight(QFont::DemiBold);
         text.setForeground(ToColour(colour.value_or(Look::kUsualText)));
         cursor.insertText(name + QLatin1Char('\t'), sender);
-        const QString said = board.Text(line.second);
+        const QString said = OneLine(board.Text(line.second), QChar::LineSeparator);
         qsizetype from = 0;
         for (auto match = LinkPattern().globalMatch(said); match.hasNext();) {
             const auto link = match.next();
@@ -121,11 +130,30 @@ private:
             anchor.setAnchor(true);
             anchor.setAnchorHref(link.captured());
             anchor.setFontUnderline(true);
-            anchor.setToolTip(link.captured().toHtmlEscaped());
+            anchor.setToolTip(Board::Tip(link.captured()));
             cursor.insertText(link.captured(), anchor);
             from = link.capturedEnd();
         }
         cursor.insertText(said.mid(from), text);
+    }
+
+    /// A break inside a text begins no line of its own, which would stand there as somebody else's.
+    static QString OneLine(QString text, QChar breakSign) {
+        text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+        return text.replace(QLatin1Char('\n'), breakSign).replace(QLatin1Char('\r'), breakSign);
+    }
+
+    /// A press on the selection begins another one; dragging it away would run a loop of Qt's own.
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched != Own()->viewport()) return Painter::eventFilter(watched, event);
+        const auto* press = event->type() == QEvent::MouseButtonPress ? static_cast<QMouseEvent*>(event) : nullptr;
+        if (press != nullptr && press->button() == Qt::LeftButton && press->modifiers() == Qt::NoModifier &&
+            Own()->textCursor().hasSelection()) {
+            QTextCursor cursor = Own()->textCursor();
+            cursor.clearSelection();
+            Own()->setTextCursor(cursor);
+        }
+        return false;
     }
 
     /// A link comes from somebody else: where it leads is shown before it is opened.

@@ -145,6 +145,7 @@ private:
         if (showing || board.IsApplying() || IsForSeveral() || !current.isValid()) return;
         const long row = model.PositionOf(model.RowAt(current.row()));
         if (row < 0 || model.RowAt(current.row()) == Selected()) return;
+        board.Dirty(Model()); // a refusal takes the mark back
         board.Input([=, this](UserInput& input) { return input.Select(Model(), row, true); });
     }
 

@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyle>
 #include <QToolTip>
 
 namespace ombrin::desktop {
@@ -62,7 +63,7 @@ class ButtonPainter : public Painter {
 public:
     ButtonPainter(Board& board, Button& model, QWidget* parent)
         : Painter(board, model, new QPushButton(parent)), button(model) {
-        Own()->setAutoDefault(false);
+        Own()->setAutoDefault(true); // Enter presses the button that has the focus
         connect(Own(), &QPushButton::clicked, this,
                 [this] { this->board.Input([this](UserInput& input) { return input.Click(button); }); });
     }
@@ -77,7 +78,7 @@ private:
         const QIcon icon = fits ? QIcon() : Look::ButtonIcon(button.Name());
         Own()->setText(icon.isNull() ? caption : QString());
         Own()->setIcon(icon);
-        Own()->setToolTip(fits ? QString() : caption.toHtmlEscaped());
+        Own()->setToolTip(fits ? QString() : Board::Tip(caption));
         Own()->setAccessibleName(caption);
     }
     Button& button;
@@ -87,8 +88,10 @@ class CheckPainter : public Painter {
 public:
     CheckPainter(Board& board, CheckBox& model, QWidget* parent)
         : Painter(board, model, new QCheckBox(parent)), box(model) {
-        connect(Own(), &QCheckBox::clicked, this,
-                [this](bool on) { this->board.Input([this, on](UserInput& input) { return input.Check(box, on); }); });
+        connect(Own(), &QCheckBox::clicked, this, [this](bool on) {
+            this->board.Dirty(box); // a refusal takes the tick back
+            this->board.Input([this, on](UserInput& input) { return input.Check(box, on); });
+        });
     }
 
 private:
@@ -106,8 +109,8 @@ public:
         : Painter(board, model, new QRadioButton(parent)), option(model) {
         Own()->setAutoExclusive(false); // the models exclude one another
         connect(Own(), &QRadioButton::clicked, this, [this] {
+            this->board.Dirty(option); // a refusal takes the mark back
             this->board.Input([this](UserInput& input) { return input.Click(option); });
-            this->board.Dirty(option);
         });
     }
 
@@ -132,16 +135,28 @@ public:
 private:
     QLineEdit* Own() const { return static_cast<QLineEdit*>(Widget()); }
 
+    /// What the code page cannot hold is taken out again, before the eyes of who typed it; line breaks become blanks.
     void Edited(const QString& text) {
-        const auto bytes = board.Bytes(text);
-        MarkRefused(!bytes.has_value());
-        if (!bytes) { // the character is taken out again, before the eyes of who typed it
-            const int cursor = std::max(0, Own()->cursorPosition() - 1);
-            Own()->setText(board.Text(box.Text()));
-            Own()->setCursorPosition(cursor);
-            return;
+        QString kept;
+        const int typedTo = Own()->cursorPosition();
+        int cursor = typedTo;
+        for (int at = 0, next = 0; at < text.size(); at = next) {
+            next = at + (text.at(at).isHighSurrogate() ? 2 : 1);
+            const QString character = text.mid(at, next - at);
+            if (character == QLatin1Char('\n') || character == QLatin1Char('\r'))
+                kept += QLatin1Char(' ');
+            else if (board.Bytes(character))
+                kept += character;
+            else if (at < typedTo)
+                cursor -= next - at;
         }
-        board.Input([&](UserInput& input) { return input.Type(box, *bytes); });
+        MarkRefused(kept.size() != text.size());
+        if (kept != text) {
+            Own()->setText(kept);
+            Own()->setCursorPosition(cursor);
+        }
+        board.Dirty(box); // where the client refuses the input, its own text is shown again
+        board.Input([&](UserInput& input) { return input.Type(box, *board.Bytes(kept)); });
     }
 
     void MarkRefused(bool refused) {

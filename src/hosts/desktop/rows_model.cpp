@@ -1,5 +1,7 @@
 #include "hosts/desktop/rows_model.h"
 
+#include "hosts/desktop/board.h"
+
 namespace ombrin::desktop {
 
 RowsModel::RowsModel(RowList& rows, int columns, const CodePage& page, Look look, std::function<void()> changed)
@@ -75,10 +77,8 @@ QVariant RowsModel::data(const QModelIndex& index, int role) const {
                                    : Text(rows.SubItem(row, static_cast<std::size_t>(index.column())));
     case Qt::DecorationRole:
         return index.column() == 0 && look.icon ? QVariant(look.icon(rows.Image(row))) : QVariant();
-    case Qt::ToolTipRole: {
-        const QString tip = Text(rows.Tip(row));
-        return tip.isEmpty() ? QVariant() : QVariant(tip.toHtmlEscaped());
-    }
+    case Qt::ToolTipRole:
+        return rows.Tip(row).empty() ? QVariant() : QVariant(Board::Tip(Text(rows.Tip(row))));
     case Qt::ForegroundRole: {
         const auto colour = rows.RowColour(row) ? rows.RowColour(row) : look.colour();
         return colour ? QVariant(ToColour(*colour)) : QVariant();
