@@ -90,7 +90,7 @@ void ModalStack::Hide(Form& form) {
     for (Frame* frame : frames)
         if (&frame->form == &form) frame->ended = true;
     if (ending || !TakesTheActivation(form)) return;
-    Run(form.Deactivate);
+    if (wasOnTop) Run(form.Deactivate);
     if (wasOnTop && Top() != nullptr && TakesTheActivation(*Top())) Run(Top()->Activate);
 }
 

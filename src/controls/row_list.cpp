@@ -97,10 +97,9 @@ void RowList::Rehash(std::size_t bucketCount) {
         for (const std::uint32_t slot : chunk->slots) Index(slot);
 }
 
-void RowList::Place(std::uint32_t slot, std::size_t position) {
+void RowList::Place(std::uint32_t slot, Spot spot) {
+    auto [at, position] = spot;
     if (chunks.empty()) chunks.push_back(std::make_unique<Chunk>());
-    std::size_t at = 0;
-    while (at + 1 < chunks.size() && position > chunks[at]->slots.size()) position -= chunks[at++]->slots.size();
     if (chunks[at]->slots.size() == kChunkSize) {
         const bool atEnd = at + 1 == chunks.size() && position == kChunkSize;
         const std::size_t kept = atEnd ? kChunkSize : kChunkSize / 2; // a list that grows at its end fills its pieces
@@ -110,7 +109,7 @@ void RowList::Place(std::uint32_t slot, std::size_t position) {
         full.resize(kept);
         for (const std::uint32_t moved : cut->slots) rows[moved].chunk = cut.get();
         chunks.insert(chunks.begin() + static_cast<std::ptrdiff_t>(at) + 1, std::move(cut));
-        if (position >= kept && (position > kept || atEnd)) {
+        if (position > kept || atEnd) {
             position -= kept;
             ++at;
         }
@@ -120,7 +119,7 @@ void RowList::Place(std::uint32_t slot, std::size_t position) {
     rows[slot].chunk = chunks[at].get();
 }
 
-RowId RowList::Insert(std::size_t position, std::string_view text) {
+RowId RowList::Insert(Spot spot, std::string_view text) {
     std::uint32_t slot = 0;
     if (freeSlots.empty()) {
         slot = static_cast<std::uint32_t>(rows.size());
@@ -135,27 +134,28 @@ RowId RowList::Insert(std::size_t position, std::string_view text) {
     row.generation = nextGeneration++;
     row.sequence = nextSequence++;
     ++count;
-    Place(slot, position);
+    Place(slot, spot);
     if (count > buckets.size())
         Rehash(std::max<std::size_t>(16, buckets.size() * 2));
     else
         Index(slot);
-    Note(RowChange::What::Added, IdOf(slot), position);
+    if (onChange) Note(RowChange::What::Added, IdOf(slot), PositionOf(IdOf(slot)));
     return IdOf(slot);
 }
 
-RowId RowList::Append(std::string_view text) { return Insert(count, text); }
+RowId RowList::Append(std::string_view text) {
+    return Insert(chunks.empty() ? Spot{0, 0} : Spot{chunks.size() - 1, chunks.back()->slots.size()}, text);
+}
 
 RowId RowList::InsertSorted(std::string_view text) {
-    std::size_t first = 0, last = count;
-    while (first < last) {
-        const std::size_t middle = first + (last - first) / 2;
-        if (LessInSortedList(text, Text(At(middle))))
-            last = middle;
-        else
-            first = middle + 1;
-    }
-    return Insert(first, text);
+    const auto isBefore = [&](std::uint32_t slot) { return !LessInSortedList(text, rows[slot].text); };
+    // The last piece that begins with a row before the new one, and the place behind the last such row in it.
+    const auto behind = std::partition_point(chunks.begin(), chunks.end(),
+                                             [&](const auto& chunk) { return isBefore(chunk->slots.front()); });
+    if (behind == chunks.begin()) return Insert({0, 0}, text);
+    const auto& slots = (*(behind - 1))->slots;
+    const auto offset = std::partition_point(slots.begin(), slots.end(), isBefore) - slots.begin();
+    return Insert({static_cast<std::size_t>(behind - chunks.begin()) - 1, static_cast<std::size_t>(offset)}, text);
 }
 
 void RowList::Remove(RowId id) {

@@ -117,8 +117,12 @@ private:
     const More& Extra(RowId row) const;
     More& ExtraOf(RowId row);
     RowId IdOf(std::uint32_t slot) const { return {slot, rows[slot].generation}; }
-    RowId Insert(std::size_t position, std::string_view text);
-    void Place(std::uint32_t slot, std::size_t position);
+    /// A place among the rows: a piece, and a position in it.
+    struct Spot {
+        std::size_t chunk, offset;
+    };
+    RowId Insert(Spot spot, std::string_view text);
+    void Place(std::uint32_t slot, Spot spot);
     void Index(std::uint32_t slot);
     void Unindex(std::uint32_t slot);
     void Rehash(std::size_t bucketCount);

@@ -113,27 +113,36 @@ Refusal UserInput::SelectRow(Control& control, long row, bool on) {
     return Refused("has no rows");
 }
 
-Refusal UserInput::Select(Control& list, long row, bool on) { return SelectRow(list, row, on); }
+void UserInput::MouseUp(Control& control, int button) {
+    if (Reach(control)) return; // the click has changed the world under the button
+    const auto& handler = control.Kind() == ControlKind::ListBox ? static_cast<ListBox&>(control).MouseUp
+                                                                 : static_cast<ListView&>(control).MouseUp;
+    if (handler) handler(button);
+    if (view.OpenMenu() != nullptr && stack.Observer() != nullptr) stack.Observer()->MenuOpened(*view.OpenMenu());
+}
+
+Refusal UserInput::Select(Control& list, long row, bool on) {
+    if (const Refusal refusal = SelectRow(list, row, on)) return refusal;
+    MouseUp(list, kLeft);
+    return kTaken;
+}
 
 Refusal UserInput::DoubleClick(Control& control, long row) {
-    if (const Refusal refusal = SelectRow(control, row, true)) return refusal;
-    if (Reach(control)) return kTaken; // the click has changed the world under the second one
+    if (const Refusal refusal = Select(control, row, true)) return refusal;
+    if (Reach(control)) return kTaken;
     if (control.Kind() == ControlKind::ListBox) return Run(static_cast<ListBox&>(control).DblClick);
     return Run(static_cast<ListView&>(control).DblClick);
 }
 
 Refusal UserInput::RightClick(Control& control, long row) {
     if (const Refusal refusal = Reach(control)) return refusal;
-    const bool isListBox = control.Kind() == ControlKind::ListBox;
-    if (!isListBox && control.Kind() != ControlKind::ListView) return Refused("has no menu");
+    if (control.Kind() != ControlKind::ListBox && control.Kind() != ControlKind::ListView)
+        return Refused("has no menu");
     if (row == -1)
         view.CloseMenu();
     else if (const Refusal refusal = SelectRow(control, row, true))
         return refusal;
-    if (Reach(control)) return kTaken;
-    const auto& handler = isListBox ? static_cast<ListBox&>(control).MouseUp : static_cast<ListView&>(control).MouseUp;
-    if (handler) handler(kRight);
-    if (view.OpenMenu() != nullptr && stack.Observer() != nullptr) stack.Observer()->MenuOpened(*view.OpenMenu());
+    MouseUp(control, kRight);
     return kTaken;
 }
 

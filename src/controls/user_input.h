@@ -53,6 +53,7 @@ private:
     /// What every input that is taken does first.
     void Take(Control& control);
     Refusal SelectRow(Control& list, long row, bool on);
+    void MouseUp(Control& list, int button);
 
     View& view;
     ModalStack& stack;

@@ -14,6 +14,8 @@ public:
     virtual ~Clock() = default;
     /// Never runs backwards; its zero means nothing.
     virtual TimePoint Now() const = 0;
+    /// False for a clock that only moves when it is told to: there is no use in waiting for it.
+    virtual bool RunsByItself() const { return true; }
     /// Local time and date in the user's short forms, in plain ASCII.
     virtual std::string TimeText() const = 0;
     virtual std::string DateText() const = 0;

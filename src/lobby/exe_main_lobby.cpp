@@ -15,8 +15,9 @@ constexpr std::string_view kReserved = ":;~";
 
 } // namespace
 
-ExeMainLobby::ExeMainLobby(ModalStack& stack, Settings& settings, Localisation& language, Trap& trap)
-    : Form(stack, "ExeMainLobby", "Ardvelle Game Selection"), settings(settings), language(language), trap(trap) {
+ExeMainLobby::ExeMainLobby(ModalStack& stack, Settings& settings, Session& session, Localisation& language, Trap& trap)
+    : Form(stack, "ExeMainLobby", "Ardvelle Game Selection"), settings(settings), session(session), language(language),
+      trap(trap) {
     Load = [this] { Form_Load(); };
     Activate = [this] { Form_Activate(); };
     Deactivate = [this] { this->trap.log.TraceMessage("main lobby dialog closed"); };
@@ -28,10 +29,8 @@ ExeMainLobby::ExeMainLobby(ModalStack& stack, Settings& settings, Localisation& 
     ExeGameList.DblClick = [this] { ExeGameSelect_Click(); };
     ExeGameSelect.Click = [this] { ExeGameSelect_Click(); };
     Password.GotFocus = [this] { Password.SelectAll(); };
-    Password.KeyPress = [this](int& key) {
-        if (key != UserInput::kEnter) return;
-        key = 0;
-        ExeGameSelect_Click();
+    Password.KeyPress = [this](const int& key) {
+        if (key == UserInput::kEnter) ExeGameSelect_Click();
     };
     RememberPasswords.Click = [this] {
         this->trap(
@@ -44,6 +43,7 @@ void ExeMainLobby::Form_Load() {
     trap(
         __func__,
         [&] {
+            LoadTracingOn(session, settings);
             Fill(std::exchange(LobbyList, {}));
             if (ExeGameList.rows.Count() > 0) ExeGameList.Select(ExeGameList.rows.At(0), true);
             RememberPasswords.SetOn(settings.GetSetting(kSection, kRemember) == "1");

@@ -6,13 +6,14 @@
 #include "controls/simple_models.h"
 #include "foundation/settings.h"
 #include "foundation/trap.h"
+#include "session/wire/session.h"
 #include "ui/text/localisation.h"
 
 namespace ombrin {
 
 class ExeMainLobby : public Form {
 public:
-    ExeMainLobby(ModalStack& stack, Settings& settings, Localisation& language, Trap& trap);
+    ExeMainLobby(ModalStack& stack, Settings& settings, Session& session, Localisation& language, Trap& trap);
 
     ListBox ExeGameList{*this, "ExeGameList"};
     Label Label1{*this, "Label1", "Password:"};
@@ -37,6 +38,7 @@ private:
     std::string SelectedLobby() const;
 
     Settings& settings;
+    Session& session;
     Localisation& language;
     Trap& trap;
 };

@@ -4,6 +4,16 @@
 
 namespace ombrin {
 
+namespace {
+
+/// As a person sees it: a row that was never painted has the list's own colour.
+std::optional<Colour> ColourOf(const ListView& list, RowId row) {
+    const auto painted = list.rows.RowColour(row);
+    return painted ? painted : list.ForeColour();
+}
+
+} // namespace
+
 clsIgnoredUserList::clsIgnoredUserList(Settings& settings, Trap& trap) : settings(settings), trap(trap) {
     trap.log.TraceMessage("clsIgnoredUserList class initialized");
 }
@@ -53,7 +63,7 @@ void IgnoredUsers::IgnoreUser_Click() {
         const RowId row = list.SelectedItem();
         const std::string name = list.rows.Text(row);
         if (name == desk.session.m_UserName) return;
-        if (list.rows.RowColour(row) == kIgnoredColour) return;
+        if (ColourOf(list, row) == kIgnoredColour) return;
         m_IgnoredUsers->AddIgnoredUser(name, list);
     });
 }
@@ -65,8 +75,7 @@ void IgnoredUsers::UnignoreUser_Click() {
         const RowId row = list.SelectedItem();
         const std::string name = list.rows.Text(row);
         if (name == desk.session.m_UserName) return;
-        const std::optional<Colour> colour = list.rows.RowColour(row) ? list.rows.RowColour(row) : list.ForeColour();
-        if (colour != TextColor(desk.settings, kWhite)) m_IgnoredUsers->RemoveIgnoredUser(name, list);
+        if (ColourOf(list, row) != TextColor(desk.settings, kWhite)) m_IgnoredUsers->RemoveIgnoredUser(name, list);
     });
 }
 

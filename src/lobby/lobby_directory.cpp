@@ -29,7 +29,7 @@ void LobbyDirectory::AddLobbiesToListBox(std::string_view data, ListBox& list) {
         std::string displayed = LobbyFilter::DisplayedGames(desk.iniFiles);
         if (displayed.empty()) {
             if (filter.Visible()) throw RuntimeError(ErrorNumber::FormAlreadyShown);
-            filter.CreateForFirstRun(data);
+            filter.Create(data);
             filter.ShowModal();
             displayed = filter.SelectedGames;
         }

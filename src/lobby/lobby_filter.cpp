@@ -44,11 +44,6 @@ void LobbyFilter::Create(std::string_view lobbyListData) {
     }
 }
 
-void LobbyFilter::CreateForFirstRun(std::string_view lobbyListData) {
-    Create(lobbyListData);
-    MarkAll(false);
-}
-
 void LobbyFilter::MarkAll(bool on) {
     for (std::size_t i = 0; i < GameList.rows.Count(); ++i) GameList.Select(GameList.rows.At(i), on);
 }

@@ -29,10 +29,8 @@ public:
     std::string SelectedGames; ///< names, each closed by ";"
 
     /// As a dialog that was just made: the stored filter, and the lobbies of the last list with the displayed ones
-    /// marked.
+    /// marked. While nothing is stored, as on the first run, there is no way out without a choice.
     void Create(std::string_view lobbyListData);
-    /// On the first run: the lobbies of the list, none marked; there is no way out without a choice.
-    void CreateForFirstRun(std::string_view lobbyListData);
 
     static std::string DisplayedGames(IniFiles& files);
 

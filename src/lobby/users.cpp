@@ -5,6 +5,7 @@
 #include "session/wire/codec.h"
 
 #include <array>
+#include <utility>
 
 namespace ombrin {
 
@@ -36,6 +37,10 @@ Users::Users(Desk desk, IgnoredUsers& ignored, LobbyDirectory& lobbies, Buddies&
              Sound& sound)
     : desk(desk), ignored(ignored), lobbies(lobbies), buddies(buddies), connection(connection), sound(sound) {
     desk.view.UserList.MouseUp = [this](int button) { UserList_MouseUp(button); };
+    desk.view.UserList.DblClick = [this] { this->desk.TraceMessage("user list double clicked"); };
+    desk.view.lbAllUsers.MouseUp = [this](int button) {
+        if (button == UserInput::kRight) this->desk.view.PopUp(this->desk.view.AllUsersMenu);
+    };
 }
 
 void Users::AddGameLobbyUsers(std::string_view data) {
@@ -47,6 +52,7 @@ void Users::AddGameLobbyUsers(std::string_view data) {
         for (auto name = GetCommand(data, kFieldEnd); !name.empty(); name = GetCommand(data, kFieldEnd)) {
             const StatusImage image = ImageOf(GetCommand(data, kFieldEnd));
             own = own || name == session.m_UserName;
+            if (IsFull(desk.view.UserList.rows)) continue;
             const RowId row = desk.view.UserList.Add(name);
             desk.view.UserList.rows.SetImage(row, image.inList);
             ignored.UserIgnored(name);
@@ -87,7 +93,9 @@ void Users::AddAllUsersToListBox(std::string_view data) {
         desk.TraceMessage("adding all users to all users list box");
         ListBox& list = desk.view.lbAllUsers;
         list.Clear();
-        for (auto name = GetCommand(data, kFieldEnd); !name.empty(); name = GetCommand(data, kFieldEnd)) list.Add(name);
+        for (auto name = GetCommand(data, kFieldEnd); !name.empty() && !IsFull(list.rows);
+             name = GetCommand(data, kFieldEnd))
+            list.Add(name);
     });
 }
 
@@ -97,7 +105,8 @@ void Users::AddUserToAllUsersListBox(std::string_view data) {
         const std::string_view lobby = GetCommand(data, kFieldEnd);
         if (name.empty()) return;
         desk.TraceMessage(Join("adding user ", name, " to all users list box"));
-        if (!desk.view.lbAllUsers.rows.Find(name)) desk.view.lbAllUsers.Add(name);
+        RowList& rows = desk.view.lbAllUsers.rows;
+        if (!rows.Find(name) && !IsFull(rows)) desk.view.lbAllUsers.Add(name);
         lobbies.UpdateLobbyUserCount(lobby, true);
     });
 }
@@ -113,6 +122,14 @@ void Users::RemoveUserFromAllUsersListBox(std::string_view data) {
         if (const RowId row = rows.Find(name); row && gone == "1") rows.Remove(row);
         lobbies.UpdateLobbyUserCount(lobby, false);
     });
+}
+
+bool Users::IsFull(const RowList& rows) {
+    if (rows.Count() < kMostUsers) return false;
+    if (!std::exchange(saidFull, true))
+        desk.TraceMessage(
+            Join("the server names more than ", std::to_string(kMostUsers), " users; the others are left out"));
+    return true;
 }
 
 void Users::UserList_MouseUp(int button) {

@@ -10,6 +10,9 @@ namespace ombrin {
 
 class Users {
 public:
+    /// Rows of each list at most, far more than a service has users: what a server can make this client hold.
+    static constexpr std::size_t kMostUsers = 200'000;
+
     Users(Desk desk, IgnoredUsers& ignored, LobbyDirectory& lobbies, Buddies& buddies, Connection& connection,
           Sound& sound);
 
@@ -28,6 +31,7 @@ public:
 
 private:
     void UserList_MouseUp(int button);
+    bool IsFull(const RowList& rows);
 
     Desk desk;
     IgnoredUsers& ignored;
@@ -35,6 +39,7 @@ private:
     Buddies& buddies;
     Connection& connection;
     Sound& sound;
+    bool saidFull = false;
 };
 
 } // namespace ombrin

@@ -14,11 +14,11 @@ constexpr std::string_view kConnectTrace = "attempting to connect to the server.
 
 } // namespace
 
-Dialogs::Dialogs(ModalStack& stack, Settings& settings, IniFiles& files, Localisation& language, Boxes& boxes,
-                 ConfigurableButtons& targets, Trap& trap)
-    : ChooseLanguage(stack, language, trap), Connection(stack, language, trap), LobbyFilter(stack, files, trap),
-      ExeMainLobby(stack, settings, language, trap), UsrNmPwIP(stack, settings, language, boxes, targets, trap),
-      CreateAccount(stack, language, trap) {}
+Dialogs::Dialogs(ModalStack& stack, Settings& settings, Session& session, IniFiles& files, Localisation& language,
+                 Boxes& boxes, ConfigurableButtons& targets, Trap& trap)
+    : ChooseLanguage(stack, language, trap), Connection(stack, settings, session, language, trap),
+      LobbyFilter(stack, files, trap), ExeMainLobby(stack, settings, session, language, trap),
+      UsrNmPwIP(stack, settings, language, boxes, targets, trap), CreateAccount(stack, language, trap) {}
 
 GameLobby::GameLobby(Platform given)
     : platform(std::move(given)), stack(platform.waiter, platform.holdEvents), boxes(stack),
@@ -27,7 +27,7 @@ GameLobby::GameLobby(Platform given)
       settings(platform.files, platform.places.SettingsFile()), language(iniFiles, trap), messages(boxes, language),
       targets(iniFiles, platform.opener, boxes, trap, platform.places.AppPath()), view(platform.alarms),
       layout(view, platform.measure, log), input(view, stack),
-      dialogs(stack, settings, iniFiles, language, boxes, targets, trap),
+      dialogs(stack, settings, session, iniFiles, language, boxes, targets, trap),
       viewLanguage(view, language, dialogs.ChooseLanguage, trap),
       textColours(settings, trap,
                   {&view.lbLobbies, &view.msflxMainChatLines, &view.MainText, &view.RoomText, &view.UserList,
@@ -62,7 +62,7 @@ void GameLobby::Start(std::optional<std::string> userData) {
     session.m_UserListSeen = false;
     InitializeMSFlexGrid(view.msflxMainChatLines, false);
     InitializeMSFlexGrid(view.msflexRoomLines, false);
-    session.TracingOn = settings.GetSetting("Settings", "TracingOn") == "1";
+    LoadTracingOn(session, settings);
     layout.UserControl_Resize();
     view.SetEnabled(false);
     dialogs.UsrNmPwIP.Closed = false;
@@ -119,6 +119,11 @@ void GameLobby::UserControl_Terminate() {
 std::string GameLobby::SetAXParams(std::string_view pUserName) {
     session.UserName = pUserName;
     return {};
+}
+
+void GameLobby::SetUserName(std::string_view name) {
+    session.UserName = name;
+    Properties.Set("UserName", std::string(name));
 }
 
 void GameLobby::SendData(std::string_view Data) {

@@ -10,6 +10,7 @@
 #include "platform/network.h"
 #include "platform/waiter.h"
 #include "session/areas.h"
+#include "session/stored_properties.h"
 #include "ui/layout.h"
 #include "ui/text/view_language.h"
 
@@ -38,8 +39,8 @@ struct Platform {
 
 /// All the dialogs, which exist from the start.
 struct Dialogs {
-    Dialogs(ModalStack& stack, Settings& settings, IniFiles& files, Localisation& language, Boxes& boxes,
-            ConfigurableButtons& targets, Trap& trap);
+    Dialogs(ModalStack& stack, Settings& settings, Session& session, IniFiles& files, Localisation& language,
+            Boxes& boxes, ConfigurableButtons& targets, Trap& trap);
 
     ombrin::ChooseLanguage ChooseLanguage;
     ombrin::Connection Connection;
@@ -72,7 +73,9 @@ public:
     // The public surface
     std::string SetAXParams(std::string_view pUserName);
     const std::string& UserName() const { return session.UserName; }
-    void SetUserName(std::string_view name) { session.UserName = name; }
+    void SetUserName(std::string_view name);
+    /// The stored properties; the setter of each reports its change there.
+    StoredProperties Properties;
     void Refresh() {}
     void SetGameLobby(std::string_view Buf) { areas->lobbies.SetGameLobby(Buf); }
     void DisplayMainLobby(std::string_view Buf) { areas->lobbies.DisplayMainLobby(Buf); }

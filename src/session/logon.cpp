@@ -104,19 +104,15 @@ void Logon::DisplayLogonBanner() {
             session.m_RemoteHost = dialog.HostMachine.Text();
             desk.link.SendData(client_message::Logon(session.m_UserData, dialog.Password.Text()));
             dialogs.mainLobby.LobbySelected = true;
-            dialogs.connection.Canceled = false;
-            dialogs.connection.ShowModal();
-            if (!dialogs.connection.Canceled) return;
+            if (!dialogs.connection.WaitAndAskCanceled()) return;
         }
     });
 }
 
 void Logon::RunCancelLoop(std::string_view connectTrace) {
     while (true) {
-        dialogs.connection.Canceled = false;
         // The connection can have come while a box of an earlier step stood open.
-        if (!desk.session.m_ServerConnected) dialogs.connection.ShowModal();
-        if (!dialogs.connection.Canceled) return;
+        if (desk.session.m_ServerConnected || !dialogs.connection.WaitAndAskCanceled()) return;
         desk.TraceMessage("connection to the server canceled by user");
         connector.GiveUp();
         DisplayLogonBanner();
@@ -141,9 +137,7 @@ void Logon::DisplayCreateAccount(bool ShowLogon) {
             if (!desk.session.m_ServerConnected) return;
             desk.link.SendData(client_message::CreateAccount(dialog.LogonName.Text(), dialog.Password.Text(),
                                                              dialog.ConfirmPassword.Text()));
-            dialogs.connection.Canceled = false;
-            dialogs.connection.ShowModal();
-            if (!dialogs.connection.Canceled) return;
+            if (!dialogs.connection.WaitAndAskCanceled()) return;
         }
     });
 }
@@ -171,7 +165,7 @@ void Logon::LogonRefused(const LanguageText& why) {
     dialogs.mainLobby.LobbySelected = false;
     dialogs.connection.Hide();
     desk.messages.DisplayMessage(why);
-    DisplayLogonBanner();
+    if (!dialogs.logon.Visible()) DisplayLogonBanner();
 }
 
 void Logon::AccountRefused(const LanguageText& why) {

@@ -23,10 +23,8 @@ UsrNmPwIP::UsrNmPwIP(ModalStack& stack, Settings& settings, Localisation& langua
     NewAccount.Click = [this] { NewAccount_Click(); };
     for (TextBox* box : {&LogonName, &Password, &HostMachine, &HTTPPort}) {
         box->GotFocus = [box] { box->SelectAll(); };
-        box->KeyPress = [this](int& key) {
-            if (key != UserInput::kEnter) return;
-            key = 0;
-            Connect_Click();
+        box->KeyPress = [this](const int& key) {
+            if (key == UserInput::kEnter) Connect_Click();
         };
     }
     Default = &LogonName;
@@ -68,17 +66,20 @@ void UsrNmPwIP::Connect_Click() {
                 if (HasForbidden(Password, "passwords")) return;
                 settings.SaveSetting(kSection, "UserPassword", Password.Text());
             }
-            if (const std::string& host = HostMachine.Text(); !host.empty()) {
-                constexpr std::string_view kUpper = "HTTP://", kLower = "http://";
-                if (host.starts_with(kUpper) || host.starts_with(kLower))
-                    HostMachine.SetText(std::string(host, kUpper.size()));
-                settings.SaveSetting(kSection, "IP", HostMachine.Text());
-            }
-            if (!HTTPPort.Text().empty()) settings.SaveSetting(kSection, "HTTPPort", HTTPPort.Text());
+            KeepHostAndPort();
             ConnectPressed = true;
             Hide();
         },
         Name());
+}
+
+/// A scheme in front of the host is cut off, in the two spellings that people paste.
+void UsrNmPwIP::KeepHostAndPort() {
+    constexpr std::string_view kUpper = "HTTP://", kLower = "http://";
+    const std::string& host = HostMachine.Text();
+    if (host.starts_with(kUpper) || host.starts_with(kLower)) HostMachine.SetText(std::string(host, kUpper.size()));
+    if (!HostMachine.Text().empty()) settings.SaveSetting(kSection, "IP", HostMachine.Text());
+    if (!HTTPPort.Text().empty()) settings.SaveSetting(kSection, "HTTPPort", HTTPPort.Text());
 }
 
 void UsrNmPwIP::CloseButton_Click() {
@@ -100,6 +101,7 @@ void UsrNmPwIP::NewAccount_Click() {
         [&] {
             if (targets.HasTarget("CreateAccount", "CreateAccountURL"))
                 return targets.ConfigurableMenuOrButtonClicked("CreateAccount", "CreateAccountURL");
+            KeepHostAndPort();
             NewAccountPressed = true;
             Hide();
         },

@@ -45,6 +45,7 @@ private:
     void Connect_Click();
     void CloseButton_Click();
     void NewAccount_Click();
+    void KeepHostAndPort();
     bool HasForbidden(const TextBox& box, std::string_view what);
 
     Settings& settings;

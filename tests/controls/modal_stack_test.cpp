@@ -87,7 +87,7 @@ TEST_F(ModalStackTest, AFormHiddenUnderAnotherOneIsGoneAtOnceAndItsRoutineReturn
         .Then([&] {
             Said();
             one.Hide();
-            EXPECT_THAT(Said(), ElementsAre("hidden one", "deactivate one")) << "the top one stays active";
+            EXPECT_THAT(Said(), ElementsAre("hidden one")) << "it was not the active one";
         })
         .Then([&] {
             EXPECT_THAT(Visible(), ElementsAre("two"));

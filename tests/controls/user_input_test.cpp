@@ -32,7 +32,7 @@ protected:
         view.UserList.DblClick = Says("UserList dblclick");
         view.UserList.MouseUp = [this](int button) {
             said.push_back("UserList mouse " + std::to_string(button));
-            view.PopUp(view.UserMenu);
+            if (button == UserInput::kRight) view.PopUp(view.UserMenu);
         };
         view.lbLobbies.Click = Says("lbLobbies click");
         view.msflxMainChatLines.Click = Says("cell");
@@ -237,7 +237,7 @@ TEST_F(UserInputTest, ARightClickSelectsItsRowAndOpensTheMenu) {
 
 TEST_F(UserInputTest, TheSecondClickMeetsTheWorldThatTheFirstOneLeft) {
     EXPECT_FALSE(input.DoubleClick(view.UserList, 1));
-    EXPECT_THAT(Said(), ElementsAre("UserList click", "UserList dblclick"));
+    EXPECT_THAT(Said(), ElementsAre("UserList click", "UserList mouse 1", "UserList dblclick"));
     const std::function<void()> kChanges[] = {
         [&] {
             user.Then([&] {
@@ -271,7 +271,7 @@ TEST_F(UserInputTest, ADoubleClickWhoseFirstClickOpensADialogWaitsForIt) {
         dialog.Hide();
     });
     EXPECT_FALSE(input.DoubleClick(view.UserList, 0));
-    EXPECT_THAT(said, ElementsAre("UserList dblclick"));
+    EXPECT_THAT(said, ElementsAre("UserList mouse 1", "UserList dblclick"));
 }
 
 TEST_F(UserInputTest, KeysGoToTheirHandlerAndThenIntoTheBoxUnlessSwallowed) {

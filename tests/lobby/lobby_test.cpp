@@ -105,7 +105,7 @@ TEST_F(BeforeLobby, ARefusedPasswordAsksForLobbyAndPasswordUntilTheServerIsConte
     EXPECT_EQ(Texts(dialog.ExeGameList.rows), Rows{"Half Life : 3"});
     Ticks(dialog.RememberPasswords, true);
     Types(dialog.Password, "sesame");
-    EXPECT_EQ(Key(dialog.Password, UserInput::kEnter), 0);
+    Key(dialog.Password, UserInput::kEnter);
     EXPECT_EQ(Heard(), "Ombrin:2:ann;Half Life;10.0.0.5;sesame;:~");
     EXPECT_EQ(client.Store().GetSetting("Lobby Passwords", "Half Life"), "sesame");
     Sends("46:~");

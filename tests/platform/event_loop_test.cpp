@@ -208,6 +208,19 @@ TEST_F(EventLoopTest, WaitSleepsWhileHeldAlthoughAPostHasRun) {
     EXPECT_GE(std::chrono::steady_clock::now() - before, 50ms) << "a held loop would spin";
 }
 
+TEST_F(EventLoopTest, WaitReturnsForAnAlarmOfAClockThatRunsAndSleepsOverOneThatStands) {
+    const SystemClock running;
+    EventLoop other(running);
+    for (const auto& [looked, limit] : {std::pair(&other, Milliseconds(60s)), std::pair(&loop, Milliseconds(50))}) {
+        looked->At(looked->Now() + 5ms, [] {});
+        const auto before = std::chrono::steady_clock::now();
+        looked->Wait(-1, limit);
+        const auto waited = std::chrono::steady_clock::now() - before;
+        EXPECT_GE(waited, looked == &other ? 4ms : 50ms);
+        EXPECT_LT(waited, 30s);
+    }
+}
+
 TEST_F(EventLoopTest, WaitReturnsForWhateverIsDue) {
     Pipe own, other;
     const auto watch = loop.OnReady(own.readEnd.Number(), EventLoop::Interest::Read, [] {});
@@ -218,10 +231,6 @@ TEST_F(EventLoopTest, WaitReturnsForWhateverIsDue) {
     };
     loop.Post([] {});
     EXPECT_FALSE(waits()) << "for a post";
-    RunAll();
-    loop.At(loop.Now() + 5ms, [] {});
-    EXPECT_FALSE(waits()) << "for an alarm";
-    clock.MoveTo(loop.NextAlarm());
     RunAll();
     other.Fill();
     EXPECT_FALSE(waits()) << "for a descriptor of the host";

@@ -81,6 +81,10 @@ TEST_F(Arrival, AMessageWithoutAnEndIsThrownAwayAtItsLimitAndTheNextIsHandled) {
     Sends("and its end:;~1:dan:after:;~");
     EXPECT_EQ(Chat().back(), "dan: after");
     EXPECT_EQ(Chat().size(), 2u);
+    Sends("1:cid:" + std::string(Link::kTailLimit - 5, 'x'));
+    Sends(":;~x");
+    Sends("1:dan:again:;~");
+    EXPECT_EQ(Chat().back(), "dan: again") << "the one character behind the end is thrown away here too";
 }
 
 TEST_F(Arrival, UnknownCodesAreLoggedAndEmptyOnesVanish) {

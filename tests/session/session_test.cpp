@@ -82,7 +82,7 @@ TEST_F(Session, TheLogonDialogIsFilledFromTheStoreAndItsInputIsTested) {
     EXPECT_EQ(BoxText(), "Host machine and HTTP port must be entered.");
     Answers(BoxResult::Ok);
     Types(dialog.HostMachine, "http://lobby7");
-    EXPECT_EQ(Key(dialog.HTTPPort, UserInput::kEnter), 0);
+    EXPECT_EQ(Key(dialog.HTTPPort, UserInput::kEnter), UserInput::kEnter) << "the key is let through";
     EXPECT_EQ(Top(), "Connection");
     EXPECT_EQ(client.Store().GetSetting("Settings", "IP"), "lobby7");
     EXPECT_EQ(Record(*this), "a b;temp;lobby7");
@@ -389,6 +389,61 @@ TEST_F(Session, AnAccountCanBeMadeOverTheSocketOfARefusedLogon) {
     EXPECT_EQ(Heard(), "Ombrin:2:eve;Go;lobby.example;;:~");
     EXPECT_EQ(Heard(), "Ombrin:19:eve:~") << "the name of the logon that was accepted";
     EXPECT_EQ(Heard(), "") << "nothing is sent twice on the way back through the waits";
+}
+
+TEST_F(Session, ACancelEndsTheWaitThatIsOnTheScreenAndNoOlderOne) {
+    HasChosen();
+    Shows();
+    Connects();
+    Accepts();
+    Do([&] { client.DisplayCreateAccount(true); });
+    for (TextBox* box :
+         {&forms.CreateAccount.LogonName, &forms.CreateAccount.Password, &forms.CreateAccount.ConfirmPassword})
+        Types(*box, "eve");
+    Presses(forms.CreateAccount.Create); // an older wait on Connection
+    Sends("31:~");
+    Answers(BoxResult::Ok);
+    Presses(forms.CreateAccount.Cancel);
+    EXPECT_EQ(Top(), "UsrNmPwIP");
+    Presses(forms.UsrNmPwIP.Connect); // and a later one
+    Presses(forms.Connection.CancelButton);
+    EXPECT_EQ(Top(), "");
+}
+
+TEST_F(Session, ASecondRefusalUnderTheOpenDialogSendsNothing) {
+    HasChosen();
+    Shows();
+    Connects();
+    Accepts();
+    Heard();
+    Sends("24:~");
+    Answers(BoxResult::Ok);
+    Sends("25:~");
+    EXPECT_EQ(BoxText(), "Logon Error: User already logged on.");
+    Answers(BoxResult::Ok);
+    EXPECT_EQ(Top(), "UsrNmPwIP");
+    EXPECT_EQ(Heard(), "");
+}
+
+TEST_F(Session, StoredPropertiesReportTheirChangesAndSurviveABag) {
+    std::vector<std::string> changed;
+    client.Properties.PropertyChanged = [&](std::string_view name) { changed.emplace_back(name); };
+    StoredProperties::Bag bag;
+    client.Properties.WriteProperties(bag);
+    EXPECT_EQ(std::get<std::string>(bag.at("UserName")), "0");
+    EXPECT_EQ(std::get<bool>(bag.at("Enabled")), false);
+    EXPECT_EQ(bag.size(), 7u);
+    client.SetUserName("bob");
+    EXPECT_TRUE(client.Properties.Set("BackColor", 255));
+    EXPECT_FALSE(client.Properties.Set("BackColor", std::string("red")));
+    EXPECT_FALSE(client.Properties.Set("Nothing", 1));
+    EXPECT_EQ(changed, (std::vector<std::string>{"UserName", "BackColor"}));
+    StoredProperties other;
+    client.Properties.WriteProperties(bag);
+    bag["Enabled"] = 7; // of another kind
+    other.ReadProperties(bag);
+    EXPECT_EQ(std::get<std::int32_t>(*other.Get("BackColor")), 255);
+    EXPECT_EQ(std::get<bool>(*other.Get("Enabled")), false);
 }
 
 TEST_F(Session, OtherAnswersOfTheServer) {

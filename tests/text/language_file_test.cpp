@@ -132,7 +132,8 @@ TEST_F(LanguageFile, EveryCaptionBelongsToAControlOfItsPlace) {
     Settings settings(files, "/settings.ini");
     recording::RecordingOpener opener([](const recording::Event&) {});
     ConfigurableButtons targets(inis, opener, boxes, trap, "/app");
-    Dialogs dialogs(stack, settings, inis, language, boxes, targets, trap);
+    Session session;
+    Dialogs dialogs(stack, settings, session, inis, language, boxes, targets, trap);
     View view(loop);
     for (const CaptionKey& row : kCaptionKeys) {
         SCOPED_TRACE(std::string(row.place) + "." + std::string(row.control));

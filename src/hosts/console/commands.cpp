@@ -151,10 +151,10 @@ struct Commands::Table {
         const long key = a.Number("key"), shift = a.Number("shift", 0);
         if (key < 1 || key > 255 || shift < 0 || shift > 7) throw Refused{"no such key"};
         // A handler that waits has set the key by then, and the reply says what it was set to.
-        int pressed = static_cast<int>(key);
-        c.key = &pressed;
-        Check(c.client.Input().Key(control, pressed, static_cast<int>(shift)));
-        return {{"swallowed", pressed == 0}};
+        const auto pressed = std::make_shared<int>(static_cast<int>(key)); // commands under its wait have their own
+        c.key = pressed;
+        Check(c.client.Input().Key(control, *pressed, static_cast<int>(shift)));
+        return {{"swallowed", *pressed == 0}};
     }
 
     static Json Tick(Commands& c, A a) {
@@ -187,7 +187,11 @@ struct Commands::Table {
 
     static Json Get(Commands& c, A a) {
         const std::string at = a.Text("at");
-        if (const Control* control = ControlNamed(c, at)) return Json::parse(Describe(*control, c.page));
+        if (const Control* control = ControlNamed(c, at)) {
+            const Container* front = c.client.Stack().Top();
+            if (front == nullptr) front = &c.client.MainView();
+            return Json::parse(Describe(*control, &control->Parent() == front, c.page));
+        }
         const Form* form = FormNamed(c, at);
         if (form == nullptr) throw Refused{"no such control or form"};
         return Json::parse(Describe(*form, c.page));
@@ -312,7 +316,7 @@ const Commands::Table::Row Commands::Table::kRows[] = {
 
 std::string Commands::Run(const std::string& line) {
     current.clear();
-    key = nullptr;
+    key.reset();
     const Json command = Json::parse(line, nullptr, false);
     Json reply{{"reply", nullptr}, {"ok", true}};
     try {
@@ -339,7 +343,7 @@ std::string Commands::Run(const std::string& line) {
 
 std::string Commands::ReplyWhileWaiting() {
     Json reply{{"reply", current}, {"ok", true}};
-    if (key != nullptr) reply["swallowed"] = *key == 0;
+    if (key) reply["swallowed"] = *key == 0;
     return reply.dump();
 }
 

@@ -7,6 +7,7 @@
 #include "platform/recording/recording_network.h"
 #include "session/game_lobby.h"
 
+#include <memory>
 #include <string>
 
 namespace ombrin::console {
@@ -36,7 +37,7 @@ private:
     World world;
     const CodePage& page;
     std::string current;      ///< name of the command that runs
-    const int* key = nullptr; ///< where it is a key press: the key, 0 once it was swallowed
+    std::shared_ptr<int> key; ///< where it is a key press: the key, 0 once it was swallowed
     bool shown = false;
 };
 

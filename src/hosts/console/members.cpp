@@ -1,6 +1,7 @@
 #include "hosts/console/members.h"
 
 #include <array>
+#include <cstdint>
 
 namespace ombrin::console {
 
@@ -42,6 +43,27 @@ bool Fits(const Member& member, const Arguments& arguments) {
     return true;
 }
 
+/// A stored property is read without an argument, and set with one of its own kind.
+std::optional<Value> CallProperty(StoredProperties& properties, std::string_view name, const Arguments& arguments,
+                                  std::string& why) {
+    const StoredProperties::Value* held = properties.Get(name);
+    if (held == nullptr) return std::nullopt;
+    if (arguments.empty()) {
+        if (const auto* number = std::get_if<std::int32_t>(held)) return Value{Kind::Number, "", *number, false};
+        if (const auto* truth = std::get_if<bool>(held)) return Value{Kind::Truth, "", 0, *truth};
+        return TextValue(std::get<std::string>(*held));
+    }
+    const Value& given = arguments.front();
+    StoredProperties::Value value = given.text;
+    if (given.kind == Kind::Number) value = static_cast<std::int32_t>(given.number);
+    if (given.kind == Kind::Truth) value = given.truth;
+    if (arguments.size() == 1 && given.number >= INT32_MIN && given.number <= INT32_MAX &&
+        properties.Set(name, std::move(value)))
+        return Nothing();
+    why = "these are not its arguments";
+    return std::nullopt;
+}
+
 } // namespace
 
 std::optional<Value> CallMember(GameLobby& client, std::string_view member, const std::vector<Value>& arguments,
@@ -52,7 +74,7 @@ std::optional<Value> CallMember(GameLobby& client, std::string_view member, cons
         if (Fits(row, arguments)) return row.call(client, arguments);
         why = "these are not its arguments";
     }
-    return std::nullopt;
+    return CallProperty(client.Properties, member, arguments, why);
 }
 
 } // namespace ombrin::console

@@ -13,10 +13,12 @@ constexpr Colour kUsualColour = 0;
 
 class Reader {
 public:
-    Reader(const Control& control, const CodePage& page) : control(control), page(page) {}
+    Reader(const Control& control, bool inFront, const CodePage& page)
+        : control(control), inFront(inFront), page(page) {}
 
     Json Read() {
-        Json out{{"visible", control.Visible()}, {"enabled", control.Enabled()}, {"focus", control.HasFocus()}};
+        Json out{
+            {"visible", control.Visible()}, {"enabled", control.Enabled()}, {"focus", inFront && control.HasFocus()}};
         switch (control.Kind()) {
         case ControlKind::ListBox:
             Read(static_cast<const ListBox&>(control), out);
@@ -125,12 +127,15 @@ private:
     }
 
     const Control& control;
+    bool inFront;
     const CodePage& page;
 };
 
 } // namespace
 
-std::string Describe(const Control& control, const CodePage& page) { return Reader(control, page).Read().dump(); }
+std::string Describe(const Control& control, bool inFront, const CodePage& page) {
+    return Reader(control, inFront, page).Read().dump();
+}
 
 std::string Describe(const Form& form, const CodePage& page) {
     Json out{{"visible", form.Visible()},

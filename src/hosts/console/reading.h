@@ -11,7 +11,8 @@
 namespace ombrin::console {
 
 /// The fields of a control: `"visible"`, `"enabled"`, `"focus"` and those of its kind.
-std::string Describe(const Control& control, const CodePage& page);
+/// `inFront` tells whether its form, or the main view without a form over it, is what a person types into now.
+std::string Describe(const Control& control, bool inFront, const CodePage& page);
 std::string Describe(const Form& form, const CodePage& page);
 std::string DescribeMarks(GameLobby& client, const CodePage& page);
 std::string DescribeEvent(const recording::Event& event, const CodePage& page);

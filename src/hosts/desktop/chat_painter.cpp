@@ -1,11 +1,13 @@
 #include "hosts/desktop/chat_painter.h"
 
 #include "hosts/desktop/look.h"
+#include "hosts/desktop/own_texts.h"
 #include "hosts/desktop/rows_model.h"
 
 #include <QDesktopServices>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QTextBlock>
@@ -27,7 +29,7 @@ class ChatPainter : public Painter {
 public:
     ChatPainter(Board& board, FlexGrid& grid, QWidget* parent)
         : Painter(board, grid, new QTextBrowser(parent)), grid(grid) {
-        QTextBrowser& view = *Own();
+        QTextBrowser& view = *Shown();
         view.setOpenLinks(false);
         view.setOpenExternalLinks(false);
         view.setUndoRedoEnabled(false);
@@ -40,7 +42,7 @@ public:
     }
 
 private:
-    QTextBrowser* Own() const { return static_cast<QTextBrowser*>(Widget()); }
+    QTextBrowser* Shown() const { return static_cast<QTextBrowser*>(Widget()); }
 
     using Line = std::pair<std::string, std::string>;
 
@@ -53,14 +55,14 @@ private:
         columnWidth = width;
         colour = grid.ForeColour();
         if (!anew && lines == shown) return;
-        QScrollBar& bar = *Own()->verticalScrollBar();
+        QScrollBar& bar = *Shown()->verticalScrollBar();
         const bool atEnd = bar.value() >= bar.maximum() - 4;
-        const QTextCursor topLine = Own()->cursorForPosition({0, 0});
-        const int topAt = Own()->cursorRect(topLine).top(), scrolled = bar.value();
+        const QTextCursor topLine = Shown()->cursorForPosition({0, 0});
+        const int topAt = Shown()->cursorRect(topLine).top(), scrolled = bar.value();
         Show(lines, anew ? 0 : Kept(lines));
         shown = std::move(lines);
         // A reader who has scrolled back is left where he is, also when lines above him are gone.
-        const int moved = anew ? 0 : Own()->cursorRect(topLine).top() - topAt;
+        const int moved = anew ? 0 : Shown()->cursorRect(topLine).top() - topAt;
         bar.setValue(atEnd ? bar.maximum() : scrolled + moved);
     }
 
@@ -76,8 +78,8 @@ private:
     }
 
     void Show(const std::vector<Line>& lines, std::size_t kept) {
-        QTextDocument& document = *Own()->document();
-        QTextCursor selection = Own()->textCursor();
+        QTextDocument& document = *Shown()->document();
+        QTextCursor selection = Shown()->textCursor();
         const int anchor = selection.anchor(), end = selection.position(), length = document.characterCount();
         int removed = 0;
         QTextCursor cursor(&document);
@@ -111,7 +113,7 @@ private:
         // What is selected up to the end does not grow with the new lines.
         selection.setPosition(std::max(0, anchor - removed));
         selection.setPosition(std::max(0, end - removed), QTextCursor::KeepAnchor);
-        Own()->setTextCursor(selection);
+        Shown()->setTextCursor(selection);
     }
 
     void Insert(QTextCursor& cursor, const Line& line) const {
@@ -145,35 +147,35 @@ private:
 
     /// A press on the selection begins another one; dragging it away would run a loop of Qt's own.
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (watched != Own()->viewport()) return Painter::eventFilter(watched, event);
+        if (watched != Shown()->viewport()) return Painter::eventFilter(watched, event);
         const auto* press = event->type() == QEvent::MouseButtonPress ? static_cast<QMouseEvent*>(event) : nullptr;
         if (press != nullptr && press->button() == Qt::LeftButton && press->modifiers() == Qt::NoModifier &&
-            Own()->textCursor().hasSelection()) {
-            QTextCursor cursor = Own()->textCursor();
+            Shown()->textCursor().hasSelection()) {
+            QTextCursor cursor = Shown()->textCursor();
             cursor.clearSelection();
-            Own()->setTextCursor(cursor);
+            Shown()->setTextCursor(cursor);
         }
         return false;
     }
 
     /// A link comes from somebody else: where it leads is shown before it is opened.
     void Follow(const QUrl& url) {
-        auto* box = new QMessageBox(QMessageBox::Question, QObject::tr("Open a link"),
-                                    QObject::tr("Open this address in your browser?"),
-                                    QMessageBox::Open | QMessageBox::Cancel, Own());
+        auto* box = new QMessageBox(QMessageBox::Question, Say(Own::OpenLink), Say(Own::OpenThisAddress),
+                                    QMessageBox::NoButton, Shown());
         box->setTextFormat(Qt::PlainText);
         box->setInformativeText(url.toString(QUrl::FullyEncoded));
         box->setAttribute(Qt::WA_DeleteOnClose);
-        box->setDefaultButton(QMessageBox::Cancel);
-        connect(box, &QMessageBox::finished, box, [url](int button) {
-            if (button == QMessageBox::Open) QDesktopServices::openUrl(url);
-        });
+        const QPushButton* open = box->addButton(Say(Own::Open), QMessageBox::AcceptRole);
+        QPushButton* cancel = box->addButton(Say(Own::Cancel), QMessageBox::RejectRole);
+        box->setDefaultButton(cancel);
+        box->setEscapeButton(cancel);
+        connect(open, &QPushButton::clicked, box, [url] { QDesktopServices::openUrl(url); });
         box->open();
     }
 
     /// Ctrl+C without a selection copies the current line, as the client does it.
     bool TakesKey(QKeyEvent& event) override {
-        if (!event.matches(QKeySequence::Copy) || Own()->textCursor().hasSelection()) return false;
+        if (!event.matches(QKeySequence::Copy) || Shown()->textCursor().hasSelection()) return false;
         int key = 'C';
         board.Input([&](UserInput& input) { return input.Key(grid, key, UserInput::kControl); });
         return true;

@@ -22,7 +22,7 @@ public:
                 {[&model](int image) { return Look::ListIcon(model.Name(), image); },
                  [&model] { return model.ForeColour(); }},
                 [&board, &model] { board.Dirty(model); }) {
-        QTreeView& view = *Own();
+        QTreeView& view = *Shown();
         view.setModel(&this->model);
         view.setRootIsDecorated(false);
         view.setItemsExpandable(false);
@@ -41,14 +41,14 @@ public:
     }
 
 protected:
-    QTreeView* Own() const { return static_cast<QTreeView*>(Widget()); }
+    QTreeView* Shown() const { return static_cast<QTreeView*>(Widget()); }
 
     virtual bool IsSelected(RowId row) const = 0;
     virtual RowId Selected() const = 0;
     virtual bool IsForSeveral() const { return false; }
 
     void ApplyOwn() override {
-        QTreeView& view = *Own();
+        QTreeView& view = *Shown();
         const int scrolled = view.verticalScrollBar()->value();
         model.Apply();
         ShowSelection();
@@ -60,7 +60,7 @@ protected:
     }
 
     void ShowSelection() {
-        QItemSelectionModel& selection = *Own()->selectionModel();
+        QItemSelectionModel& selection = *Shown()->selectionModel();
         showing = true;
         if (IsForSeveral()) {
             QItemSelection marked;
@@ -77,7 +77,7 @@ protected:
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (watched != Own()->viewport()) return Painter::eventFilter(watched, event);
+        if (watched != Shown()->viewport()) return Painter::eventFilter(watched, event);
         if (event->type() == QEvent::MouseButtonPress) return Press(static_cast<QMouseEvent&>(*event)), true;
         if (event->type() == QEvent::MouseButtonDblClick) {
             const auto& click = static_cast<QMouseEvent&>(*event);
@@ -94,16 +94,16 @@ protected:
                             (event.key() == Qt::Key_F10 && event.modifiers().testFlag(Qt::ShiftModifier));
         const long row = model.PositionOf(Selected());
         if (isMenu) {
-            const QRect place = row < 0 ? QRect() : Own()->visualRect(model.index(static_cast<int>(row), 0));
-            OpenMenu(row, Own()->viewport()->mapToGlobal(place.bottomLeft()));
+            const QRect place = row < 0 ? QRect() : Shown()->visualRect(model.index(static_cast<int>(row), 0));
+            OpenMenu(row, Shown()->viewport()->mapToGlobal(place.bottomLeft()));
             return true;
         }
         if ((event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) && row >= 0) {
             board.Input([=, this](UserInput& input) { return input.DoubleClick(Model(), row); });
             return true;
         }
-        if (event.key() == Qt::Key_Space && IsForSeveral() && Own()->currentIndex().isValid()) {
-            Toggle(model.RowAt(Own()->currentIndex().row()));
+        if (event.key() == Qt::Key_Space && IsForSeveral() && Shown()->currentIndex().isValid()) {
+            Toggle(model.RowAt(Shown()->currentIndex().row()));
             return true;
         }
         return false;
@@ -120,17 +120,17 @@ protected:
 private:
     /// The row as the client has it now; -1 below the rows, or for a row that is gone.
     long PositionAt(const QPoint& point) const {
-        const QModelIndex index = Own()->indexAt(point);
+        const QModelIndex index = Shown()->indexAt(point);
         return index.isValid() ? model.PositionOf(model.RowAt(index.row())) : -1;
     }
 
     void Press(const QMouseEvent& press) {
-        Own()->setFocus(Qt::MouseFocusReason);
+        Shown()->setFocus(Qt::MouseFocusReason);
         const long row = PositionAt(press.position().toPoint());
         if (press.button() == Qt::RightButton) return OpenMenu(row, press.globalPosition().toPoint());
         if (press.button() != Qt::LeftButton || row < 0) return;
         if (IsForSeveral())
-            Toggle(model.RowAt(Own()->indexAt(press.position().toPoint()).row()));
+            Toggle(model.RowAt(Shown()->indexAt(press.position().toPoint()).row()));
         else
             board.Input([=, this](UserInput& input) { return input.Select(Model(), row, true); });
     }
@@ -157,9 +157,9 @@ class ListBoxPainter : public ListPainter {
 public:
     ListBoxPainter(Board& board, ListBox& list, QWidget* parent)
         : ListPainter(board, list, list.rows, 1, parent), list(list) {
-        Own()->setHeaderHidden(true);
-        Own()->setSelectionMode(list.IsForSeveral() ? QAbstractItemView::MultiSelection
-                                                    : QAbstractItemView::SingleSelection);
+        Shown()->setHeaderHidden(true);
+        Shown()->setSelectionMode(list.IsForSeveral() ? QAbstractItemView::MultiSelection
+                                                      : QAbstractItemView::SingleSelection);
     }
 
 private:
@@ -173,8 +173,8 @@ class ListViewPainter : public ListPainter {
 public:
     ListViewPainter(Board& board, ListView& list, QWidget* parent)
         : ListPainter(board, list, list.rows, static_cast<int>(list.Headers().size()), parent), list(list) {
-        Own()->setSelectionMode(QAbstractItemView::SingleSelection);
-        Own()->setIconSize({14, 14});
+        Shown()->setSelectionMode(QAbstractItemView::SingleSelection);
+        Shown()->setIconSize({14, 14});
     }
 
 private:
@@ -184,11 +184,11 @@ private:
     void ApplyOwn() override {
         model.SetHeaders(list.Headers());
         // One column needs no heading of its own: the label above says what it is.
-        Own()->setHeaderHidden(list.Headers().size() == 1);
+        Shown()->setHeaderHidden(list.Headers().size() == 1);
         for (std::size_t column = 1; column <= list.Headers().size(); ++column) {
             const int width = list.HeaderWidth(column);
-            Own()->setColumnHidden(static_cast<int>(column) - 1, width <= 0);
-            if (width > 0) Own()->setColumnWidth(static_cast<int>(column) - 1, width);
+            Shown()->setColumnHidden(static_cast<int>(column) - 1, width <= 0);
+            if (width > 0) Shown()->setColumnWidth(static_cast<int>(column) - 1, width);
         }
         ListPainter::ApplyOwn();
     }

@@ -1,6 +1,7 @@
 #include "hosts/desktop/main_window.h"
 
 #include "hosts/desktop/look.h"
+#include "hosts/desktop/own_texts.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -36,6 +37,20 @@ protected:
         Look::PaintPanel(painter, QRect(left, top, place.width / kTwipsPerPixel, bottom / kTwipsPerPixel - top));
     }
 
+    /// Tab goes around on the page; the view behind it takes no keys.
+    bool focusNextPrevChild(bool next) override {
+        QWidget* const from = window()->focusWidget();
+        if (!isVisible() || from == nullptr) return QWidget::focusNextPrevChild(next);
+        const auto step = [next](QWidget* w) { return next ? w->nextInFocusChain() : w->previousInFocusChain(); };
+        for (QWidget* to = step(from); to != from; to = step(to)) {
+            if (!isAncestorOf(to) || !to->isVisible() || !to->isEnabled()) continue;
+            if ((to->focusPolicy() & Qt::TabFocus) != Qt::TabFocus) continue;
+            to->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+            return true;
+        }
+        return false;
+    }
+
 private:
     static constexpr int kMargin = 24 * kTwipsPerPixel;
     const UsrNmPwIP& dialog;
@@ -52,7 +67,6 @@ MainWindow::MainWindow(GameLobby& client, Board& board)
     logon->hide();
     MakeView();
     MakeLogon();
-    waiting->setText(tr("Waiting for the server…"));
     waiting->setAlignment(Qt::AlignCenter);
     waiting->setStyleSheet(QStringLiteral("background: #2f81c7; color: white; border-radius: 4px; padding: 4px 12px;"));
     waiting->hide();
@@ -60,6 +74,7 @@ MainWindow::MainWindow(GameLobby& client, Board& board)
     connect(&waits, &QTimer::timeout, this, [this] {
         // A form that is open says itself what is waited for.
         if (this->client.MainView().Enabled() || this->client.Stack().Top() != nullptr) return;
+        waiting->setText(Say(Own::Waiting));
         waiting->adjustSize();
         waiting->move((width() - waiting->width()) / 2, height() / 2);
         waiting->raise();

@@ -3,6 +3,7 @@
 #include "hosts/desktop/chat_painter.h"
 #include "hosts/desktop/list_painter.h"
 #include "hosts/desktop/look.h"
+#include "hosts/desktop/own_texts.h"
 
 #include <QCheckBox>
 #include <QKeyEvent>
@@ -22,14 +23,14 @@ class LabelPainter : public Painter {
 public:
     LabelPainter(Board& board, Label& model, QWidget* parent)
         : Painter(board, model, new QLabel(parent)), label(model) {
-        Own()->setTextFormat(Qt::PlainText);
-        Own()->setWordWrap(true);
-        Own()->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        Shown()->setTextFormat(Qt::PlainText);
+        Shown()->setWordWrap(true);
+        Shown()->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     }
 
 private:
-    QLabel* Own() const { return static_cast<QLabel*>(Widget()); }
-    void ApplyOwn() override { Own()->setText(board.Text(label.Caption())); }
+    QLabel* Shown() const { return static_cast<QLabel*>(Widget()); }
+    void ApplyOwn() override { Shown()->setText(board.Text(label.Caption())); }
     Label& label;
 };
 
@@ -37,15 +38,18 @@ class StatusPainter : public Painter {
 public:
     StatusPainter(Board& board, StatusBar& model, QWidget* parent)
         : Painter(board, model, new QLabel(parent)), bar(model) {
-        Own()->setTextFormat(Qt::PlainText);
-        Own()->setWordWrap(true);
-        Own()->setProperty("status", true);
-        Own()->setAccessibleName(QStringLiteral("Status"));
+        Shown()->setTextFormat(Qt::PlainText);
+        Shown()->setWordWrap(true);
+        Shown()->setProperty("status", true);
     }
 
 private:
-    QLabel* Own() const { return static_cast<QLabel*>(Widget()); }
-    void ApplyOwn() override { Own()->setText(board.Text(bar.Text())); }
+    QLabel* Shown() const { return static_cast<QLabel*>(Widget()); }
+    void ApplyOwn() override {
+        const QString text = board.Text(bar.Text());
+        Shown()->setText(text);
+        Shown()->setAccessibleName(text.isEmpty() ? QStringLiteral("Status") : text);
+    }
     StatusBar& bar;
 };
 
@@ -63,23 +67,23 @@ class ButtonPainter : public Painter {
 public:
     ButtonPainter(Board& board, Button& model, QWidget* parent)
         : Painter(board, model, new QPushButton(parent)), button(model) {
-        Own()->setAutoDefault(true); // Enter presses the button that has the focus
-        connect(Own(), &QPushButton::clicked, this,
+        Shown()->setAutoDefault(true); // Enter presses the button that has the focus
+        connect(Shown(), &QPushButton::clicked, this,
                 [this] { this->board.Input([this](UserInput& input) { return input.Click(button); }); });
     }
 
 private:
-    QPushButton* Own() const { return static_cast<QPushButton*>(Widget()); }
+    QPushButton* Shown() const { return static_cast<QPushButton*>(Widget()); }
     void ApplyOwn() override {
         QString caption = board.Text(button.Caption());
         if (caption.isEmpty()) caption = Look::BuiltInCaption(button.Name());
         // Where the caption is wider than its place, a picture stands for it and the whole of it is told beside.
-        const bool fits = Own()->fontMetrics().horizontalAdvance(caption) <= Own()->width() - 8;
+        const bool fits = Shown()->fontMetrics().horizontalAdvance(caption) <= Shown()->width() - 8;
         const QIcon icon = fits ? QIcon() : Look::ButtonIcon(button.Name());
-        Own()->setText(icon.isNull() ? caption : QString());
-        Own()->setIcon(icon);
-        Own()->setToolTip(fits ? QString() : Board::Tip(caption));
-        Own()->setAccessibleName(caption);
+        Shown()->setText(icon.isNull() ? caption : QString());
+        Shown()->setIcon(icon);
+        Shown()->setToolTip(fits ? QString() : Board::Tip(caption));
+        Shown()->setAccessibleName(caption);
     }
     Button& button;
 };
@@ -88,17 +92,17 @@ class CheckPainter : public Painter {
 public:
     CheckPainter(Board& board, CheckBox& model, QWidget* parent)
         : Painter(board, model, new QCheckBox(parent)), box(model) {
-        connect(Own(), &QCheckBox::clicked, this, [this](bool on) {
+        connect(Shown(), &QCheckBox::clicked, this, [this](bool on) {
             this->board.Dirty(box); // a refusal takes the tick back
             this->board.Input([this, on](UserInput& input) { return input.Check(box, on); });
         });
     }
 
 private:
-    QCheckBox* Own() const { return static_cast<QCheckBox*>(Widget()); }
+    QCheckBox* Shown() const { return static_cast<QCheckBox*>(Widget()); }
     void ApplyOwn() override {
-        Own()->setText(board.Text(box.Caption()));
-        Own()->setChecked(box.On());
+        Shown()->setText(board.Text(box.Caption()));
+        Shown()->setChecked(box.On());
     }
     CheckBox& box;
 };
@@ -107,18 +111,17 @@ class OptionPainter : public Painter {
 public:
     OptionPainter(Board& board, OptionButton& model, QWidget* parent)
         : Painter(board, model, new QRadioButton(parent)), option(model) {
-        Own()->setAutoExclusive(false); // the models exclude one another
-        connect(Own(), &QRadioButton::clicked, this, [this] {
+        connect(Shown(), &QRadioButton::clicked, this, [this] {
             this->board.Dirty(option); // a refusal takes the mark back
             this->board.Input([this](UserInput& input) { return input.Click(option); });
         });
     }
 
 private:
-    QRadioButton* Own() const { return static_cast<QRadioButton*>(Widget()); }
+    QRadioButton* Shown() const { return static_cast<QRadioButton*>(Widget()); }
     void ApplyOwn() override {
-        Own()->setText(board.Text(option.Caption()));
-        Own()->setChecked(option.On());
+        Shown()->setText(board.Text(option.Caption()));
+        Shown()->setChecked(option.On());
     }
     OptionButton& option;
 };
@@ -127,18 +130,18 @@ class TextPainter : public Painter {
 public:
     TextPainter(Board& board, TextBox& model, QWidget* parent)
         : Painter(board, model, new QLineEdit(parent)), box(model) {
-        if (model.IsPassword()) Own()->setEchoMode(QLineEdit::Password);
-        if (model.MaxLength() != 0) Own()->setMaxLength(static_cast<int>(model.MaxLength()));
-        connect(Own(), &QLineEdit::textEdited, this, [this](const QString& text) { Edited(text); });
+        if (model.IsPassword()) Shown()->setEchoMode(QLineEdit::Password);
+        if (model.MaxLength() != 0) Shown()->setMaxLength(static_cast<int>(model.MaxLength()));
+        connect(Shown(), &QLineEdit::textEdited, this, [this](const QString& text) { Edited(text); });
     }
 
 private:
-    QLineEdit* Own() const { return static_cast<QLineEdit*>(Widget()); }
+    QLineEdit* Shown() const { return static_cast<QLineEdit*>(Widget()); }
 
     /// What the code page cannot hold is taken out again, before the eyes of who typed it; line breaks become blanks.
     void Edited(const QString& text) {
         QString kept;
-        const int typedTo = Own()->cursorPosition();
+        const int typedTo = Shown()->cursorPosition();
         int cursor = typedTo;
         for (int at = 0, next = 0; at < text.size(); at = next) {
             next = at + (text.at(at).isHighSurrogate() ? 2 : 1);
@@ -152,31 +155,30 @@ private:
         }
         MarkRefused(kept.size() != text.size());
         if (kept != text) {
-            Own()->setText(kept);
-            Own()->setCursorPosition(cursor);
+            Shown()->setText(kept);
+            Shown()->setCursorPosition(cursor);
         }
         board.Dirty(box); // where the client refuses the input, its own text is shown again
         board.Input([&](UserInput& input) { return input.Type(box, *board.Bytes(kept)); });
     }
 
     void MarkRefused(bool refused) {
-        if (Own()->property("refused").toBool() == refused) return;
-        Own()->setProperty("refused", refused);
-        Own()->style()->unpolish(Own());
-        Own()->style()->polish(Own());
+        if (Shown()->property("refused").toBool() == refused) return;
+        Shown()->setProperty("refused", refused);
+        Shown()->style()->unpolish(Shown());
+        Shown()->style()->polish(Shown());
         if (refused)
-            QToolTip::showText(Own()->mapToGlobal(QPoint(0, Own()->height())),
-                               QObject::tr("This character cannot be sent to the server."), Own());
+            QToolTip::showText(Shown()->mapToGlobal(QPoint(0, Shown()->height())), Say(Own::CannotBeSent), Shown());
     }
 
     void ApplyOwn() override {
         const QString text = board.Text(box.Text());
-        if (Own()->text() != text) {
+        if (Shown()->text() != text) {
             MarkRefused(false);
-            Own()->setText(text);
+            Shown()->setText(text);
         }
-        if (box.SelLength() > 0 && !Own()->hasSelectedText())
-            Own()->setSelection(static_cast<int>(box.SelStart()), static_cast<int>(box.SelLength()));
+        if (box.SelLength() > 0 && !Shown()->hasSelectedText())
+            Shown()->setSelection(static_cast<int>(box.SelStart()), static_cast<int>(box.SelLength()));
     }
 
     bool TakesKey(QKeyEvent& event) override {

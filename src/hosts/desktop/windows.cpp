@@ -1,6 +1,7 @@
 #include "hosts/desktop/windows.h"
 
 #include "hosts/desktop/dialog_layouts.h"
+#include "hosts/desktop/own_texts.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -50,6 +51,7 @@ private:
         case DialogRow::Kind::Grow:
             grid->addWidget(WidgetNamed(row.controls.front()), at, 0, 1, 2);
             WidgetNamed(row.controls.front())->setMinimumHeight(180);
+            WidgetNamed(row.controls.front())->setAccessibleName(board.Text(form.Caption())); // it is what that names
             grid->setRowStretch(at, 1);
             break;
         case DialogRow::Kind::Pair: {
@@ -107,15 +109,13 @@ private:
         const QString host = board.Text(marks.m_RemoteHost), port = board.Text(marks.m_RemotePort);
         switch (link.WhyNot()) {
         case ConnectFailure::Refused:
-            return tr("%1 refuses the connection on port %2. Is the server running, and is the port right?")
-                .arg(host, port);
+            return Say(Own::Refused).arg(host, port);
         case ConnectFailure::UnknownHost:
-            return tr("There is no host named %1. Check its spelling, and whether this machine is on the network.")
-                .arg(host);
+            return Say(Own::UnknownHost).arg(host);
         case ConnectFailure::Unreachable:
-            return tr("%1 cannot be reached from here. Check this machine's network.").arg(host);
+            return Say(Own::Unreachable).arg(host);
         case ConnectFailure::TimedOut:
-            return tr("%1 does not answer. The server or a firewall on the way may be down or closed.").arg(host);
+            return Say(Own::TimedOut).arg(host);
         case ConnectFailure::None:
             break;
         }
@@ -163,11 +163,11 @@ private:
     static std::vector<std::pair<BoxResult, QString>> Captions(BoxButtons buttons) {
         switch (buttons) {
         case BoxButtons::Ok:
-            return {{BoxResult::Ok, tr("OK")}};
+            return {{BoxResult::Ok, Say(Own::Ok)}};
         case BoxButtons::OkCancel:
-            return {{BoxResult::Ok, tr("OK")}, {BoxResult::Cancel, tr("Cancel")}};
+            return {{BoxResult::Ok, Say(Own::Ok)}, {BoxResult::Cancel, Say(Own::Cancel)}};
         case BoxButtons::YesNo:
-            return {{BoxResult::Yes, tr("&Yes")}, {BoxResult::No, tr("&No")}};
+            return {{BoxResult::Yes, Say(Own::Yes)}, {BoxResult::No, Say(Own::No)}};
         }
         return {};
     }
@@ -188,8 +188,8 @@ public:
         grid->addWidget(answer, 1, 0);
         auto* line = new QHBoxLayout;
         line->addStretch();
-        auto* ok = new QPushButton(tr("OK"), this);
-        auto* cancel = new QPushButton(tr("Cancel"), this);
+        auto* ok = new QPushButton(Say(Own::Ok), this);
+        auto* cancel = new QPushButton(Say(Own::Cancel), this);
         ok->setDefault(true);
         for (QPushButton* button : {ok, cancel}) {
             button->setMinimumSize(84, 28);
@@ -227,9 +227,15 @@ void FormWindow::reject() {
 
 Windows::Windows(GameLobby& client, Board& board, MainWindow& main) : client(client), board(board), main(main) {
     client.Stack().SetObserver(this);
+    SetOwnLanguage([&client, &board] {
+        return board.Text(client.Inis().Read(Localisation::kFile, "CurrentLanguage", "Language")).toStdString();
+    });
 }
 
-Windows::~Windows() { client.Stack().SetObserver(nullptr); }
+Windows::~Windows() {
+    SetOwnLanguage([] { return std::string(); });
+    client.Stack().SetObserver(nullptr);
+}
 
 FormWindow* Windows::Make(Form& form) {
     QWidget* parent = QApplication::activeModalWidget();

@@ -17,6 +17,7 @@ class VirtualClock : public SystemClock {
 public:
     VirtualClock() : now(SystemClock::Now()) {}
     TimePoint Now() const override { return now; }
+    bool RunsByItself() const override { return false; }
     /// Never backwards.
     void MoveTo(TimePoint when) {
         if (when > now) now = when;

@@ -130,10 +130,9 @@ void EventLoop::Cancel(Id id) {
 
 TimePoint EventLoop::NextAlarm() const { return alarms.empty() ? TimePoint::max() : alarms.begin()->first.first; }
 
-/// Virtual time never arms it: there a due alarm follows from a step of the clock, which is a call.
 void EventLoop::ArmTimer() {
     itimerspec spec{};
-    if (!alarms.empty() && !held) {
+    if (!alarms.empty() && !held && clock.RunsByItself()) {
         const auto left = std::max(Milliseconds(1), std::chrono::duration_cast<Milliseconds>(NextAlarm() - Now()));
         spec.it_value.tv_sec = left.count() / 1000;
         spec.it_value.tv_nsec = left.count() % 1000 * 1'000'000;
@@ -202,7 +201,7 @@ void EventLoop::Wait(int other, Milliseconds limit) {
     if (!posts.empty() || !urgent.ready.empty()) return;
     if (!held) {
         if (!usual.ready.empty()) return;
-        if (!alarms.empty())
+        if (!alarms.empty() && clock.RunsByItself())
             limit = std::min(limit, std::max(Milliseconds(0), std::chrono::ceil<Milliseconds>(NextAlarm() - Now())));
     }
     std::array<pollfd, 2> looked{pollfd{poller, POLLIN, 0}, pollfd{other, POLLIN, 0}};

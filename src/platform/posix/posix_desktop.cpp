@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
@@ -39,14 +40,10 @@ std::string FirstPresent(const std::array<const char*, N>& programs) {
     return {};
 }
 
-/// Children that have ended leave nothing behind.
-void Reap(int process) {
-    if (process > 0) waitpid(process, nullptr, WNOHANG);
-}
-
 } // namespace
 
-int StartProgram(const std::vector<std::string>& arguments, std::string_view input, const std::string& directory) {
+int Programs::Start(const std::vector<std::string>& arguments, std::string_view input, const std::string& directory) {
+    std::erase_if(running, [](int process) { return waitpid(process, nullptr, WNOHANG) != 0; });
     std::vector<char*> list;
     list.reserve(arguments.size() + 1);
     for (const std::string& argument : arguments) list.push_back(const_cast<char*>(argument.c_str()));
@@ -60,14 +57,38 @@ int StartProgram(const std::vector<std::string>& arguments, std::string_view inp
     posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     if (!directory.empty()) posix_spawn_file_actions_addchdir_np(&actions, directory.c_str());
+    // What this process blocks or ignores is no affair of another program.
+    posix_spawnattr_t attributes;
+    posix_spawnattr_init(&attributes);
+    sigset_t none, usual;
+    sigemptyset(&none);
+    sigemptyset(&usual);
+    sigaddset(&usual, SIGPIPE);
+    posix_spawnattr_setsigmask(&attributes, &none);
+    posix_spawnattr_setsigdefault(&attributes, &usual);
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
     pid_t process = -1;
-    const int problem = posix_spawnp(&process, list[0], &actions, nullptr, list.data(), environ);
+    const int problem = posix_spawnp(&process, list[0], &actions, &attributes, list.data(), environ);
+    posix_spawnattr_destroy(&attributes);
     posix_spawn_file_actions_destroy(&actions);
     if (problem != 0) return -1;
+    running.push_back(process);
     // Short inputs only: they fit the pipe, so the write never waits for the program.
     fcntl(writeEnd.Number(), F_SETFL, O_NONBLOCK);
     if (!input.empty() && write(writeEnd.Number(), input.data(), input.size()) < 0) return -1;
     return process;
+}
+
+bool Programs::HasEnded(int process) {
+    if (waitpid(process, nullptr, WNOHANG) == 0) return false;
+    std::erase(running, process);
+    return true;
+}
+
+void Programs::Kill(int process) {
+    kill(process, SIGKILL);
+    waitpid(process, nullptr, 0);
+    std::erase(running, process);
 }
 
 void PosixSound::Play(std::string_view name) {
@@ -80,17 +101,15 @@ void PosixSound::Play(std::string_view name) {
     if (stat(file.c_str(), &info) != 0) return;
     const std::string player = FirstPresent(std::array{"pw-play", "paplay", "aplay"});
     if (player.empty()) return;
-    const int process = StartProgram({player, file}, {}, {});
-    Milliseconds waited{0};
-    while (process > 0 && waitpid(process, nullptr, WNOHANG) == 0) {
-        if (waited >= kLongestSound) {
-            kill(process, SIGTERM);
-            waitpid(process, nullptr, 0);
-            return;
-        }
+    const int process = programs.Start({player, file}, {}, {});
+    if (process < 0) return;
+    const auto start = std::chrono::steady_clock::now();
+    for (Milliseconds waited{0}; waited < kLongestSound; waited += kSlice) {
+        if (programs.HasEnded(process)) return;
         waiter.Block(kSlice);
-        waited += kSlice;
     }
+    // Where waits take no time, the sound goes on by itself.
+    if (std::chrono::steady_clock::now() - start >= kLongestSound / 2) programs.Kill(process);
 }
 
 void PosixClipboard::SetText(std::string_view text) {
@@ -98,16 +117,14 @@ void PosixClipboard::SetText(std::string_view text) {
     if (program.empty()) throw RuntimeError(ErrorNumber::InvalidProcedureCall, "there is no clipboard");
     std::vector<std::string> arguments{program};
     if (program == "xclip") arguments.insert(arguments.end(), {"-selection", "clipboard"});
-    Reap(StartProgram(arguments, page.ToUtf8(text), {}));
+    programs.Start(arguments, page.ToUtf8(text), {});
 }
 
 int PosixOpener::Open(std::string_view target, std::string_view workingDirectory) {
     constexpr int kNotFound = 2, kOpened = 33;
     if (target.empty() || target.front() == '-' || target.find('\0') != std::string_view::npos) return kNotFound;
-    const int process = StartProgram({"xdg-open", page.ToUtf8(target)}, {}, page.ToUtf8(workingDirectory));
-    if (process < 0) return kNotFound;
-    Reap(process);
-    return kOpened;
+    const int process = programs.Start({"xdg-open", page.ToUtf8(target)}, {}, page.ToUtf8(workingDirectory));
+    return process < 0 ? kNotFound : kOpened;
 }
 
 } // namespace ombrin

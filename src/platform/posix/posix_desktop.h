@@ -10,9 +10,18 @@
 
 namespace ombrin {
 
-/// Starts a program found on the PATH with an argument list; no shell. `input` goes to its standard input. Answers the
-/// process id, or -1 when there is no such program.
-int StartProgram(const std::vector<std::string>& arguments, std::string_view input, const std::string& directory);
+/// Programs found on the PATH, started with an argument list and no shell. Those that have ended are looked after at
+/// the next start.
+class Programs {
+public:
+    /// `input` goes to its standard input. The process id, or -1 when there is no such program.
+    int Start(const std::vector<std::string>& arguments, std::string_view input, const std::string& directory);
+    bool HasEnded(int process);
+    void Kill(int process);
+
+private:
+    std::vector<int> running;
+};
 
 /// Looks for the file in the sound folder, with and without ".wav"; plays by pw-play, paplay or aplay.
 class PosixSound : public Sound {
@@ -25,6 +34,7 @@ private:
     std::string folder; ///< as the system takes it
     const CodePage& page;
     Waiter& waiter;
+    Programs programs;
 };
 
 /// By wl-copy or xclip.
@@ -35,6 +45,7 @@ public:
 
 private:
     const CodePage& page;
+    Programs programs;
 };
 
 /// By xdg-open.
@@ -45,6 +56,7 @@ public:
 
 private:
     const CodePage& page;
+    Programs programs;
 };
 
 } // namespace ombrin

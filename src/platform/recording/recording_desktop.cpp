@@ -9,12 +9,12 @@ int FixedMeasure::LineCount(std::string_view text, int width) const {
     constexpr int kCharacterWidth = 8;
     const auto perLine = static_cast<std::size_t>(std::max(1, width / kCharacterWidth));
     int lines = 1;
-    while (text.size() > perLine) {
+    while (text.size() > perLine && text.find_first_not_of(' ', perLine) != std::string_view::npos) {
         const std::size_t blank = text.rfind(' ', perLine);
-        if (blank == std::string_view::npos || blank == 0)
-            text.remove_prefix(perLine);
-        else
-            text.remove_prefix(blank + 1);
+        const std::size_t word = blank == std::string_view::npos ? 0 : blank + 1;
+        const std::size_t wordLength = std::min(text.find(' ', word), text.size()) - word;
+        const bool insideAWord = blank == std::string_view::npos || (blank == 0 && wordLength > perLine);
+        text.remove_prefix(insideAWord ? perLine : word);
         ++lines;
     }
     return lines;

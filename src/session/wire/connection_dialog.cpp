@@ -2,12 +2,13 @@
 
 namespace ombrin {
 
-Connection::Connection(ModalStack& stack, Localisation& language, Trap& trap)
+Connection::Connection(ModalStack& stack, Settings& settings, Session& session, Localisation& language, Trap& trap)
     : Form(stack, "Connection", "Connecting"), language(language), trap(trap) {
-    Load = [this] {
+    Load = [this, &settings, &session] {
         this->trap(
             "Form_Load",
             [&] {
+                LoadTracingOn(session, settings);
                 this->trap.log.TraceMessage("cancel connection dialog displayed");
                 this->language.TranslateForm(*this);
             },
@@ -18,6 +19,13 @@ Connection::Connection(ModalStack& stack, Localisation& language, Trap& trap)
     CancelButton.Click = [this] { CancelButton_Click(); };
     CloseBox = [this] { CancelButton_Click(); };
     Default = &CancelButton;
+}
+
+bool Connection::WaitAndAskCanceled() {
+    const unsigned own = ++shows;
+    Canceled = false;
+    ShowModal();
+    return Canceled && shows == own;
 }
 
 void Connection::CancelButton_Click() {

@@ -44,6 +44,7 @@ void Link::Close() {
 std::optional<std::string> Link::TakeWholeMessages() {
     std::string data = socket->GetData();
     if (data.empty()) return std::nullopt;
+    const bool hasEnd = data.find(kMessageEnd) != std::string::npos;
     if (skipping) {
         const std::size_t end = data.find(kMessageEnd);
         if (end == std::string::npos) return std::string();
@@ -58,8 +59,8 @@ std::optional<std::string> Link::TakeWholeMessages() {
         whole = std::move(tail);
         whole.append(data, 0, end + 1);
         tail = data.substr(end + 1);
-        if (tail.size() == 1 && (tail.front() < '0' || tail.front() > '9')) tail.clear();
     }
+    if (hasEnd && tail.size() == 1 && (tail.front() < '0' || tail.front() > '9')) tail.clear();
     if (tail.size() > kTailLimit) {
         tail = {};
         skipping = true;

@@ -2,6 +2,8 @@
 // area writes which mark.
 #pragma once
 
+#include "foundation/settings.h"
+
 #include <cstdint>
 #include <string>
 
@@ -33,5 +35,10 @@ struct Session {
     std::int16_t HeartBeatInterval = 0;  ///< minutes, 0 for the usual ones
     std::int16_t HeartBeatCountdown = 0; ///< minutes until the next heartbeat
 };
+
+/// As at the start and whenever a dialog that may have changed it is loaded.
+inline void LoadTracingOn(Session& session, Settings& settings) {
+    session.TracingOn = settings.GetSetting("Settings", "TracingOn") == "1";
+}
 
 } // namespace ombrin

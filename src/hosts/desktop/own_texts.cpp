@@ -1,0 +1,57 @@
+#include "hosts/desktop/own_texts.h"
+
+namespace ombrin::desktop {
+
+namespace {
+
+struct Row {
+    Own text;
+    const char *english, *deutsch, *francais;
+};
+
+constexpr Row kRows[] = {
+    {Own::Waiting, "Waiting for the server…", "Warten auf den Server …", "En attente du serveur…"},
+    {Own::CannotBeSent, "This character cannot be sent to the server.",
+     "Dieses Zeichen kann nicht an den Server gesendet werden.", "Ce caractère ne peut pas être envoyé au serveur."},
+    {Own::OpenLink, "Open a link", "Link öffnen", "Ouvrir un lien"},
+    {Own::OpenThisAddress, "Open this address in your browser?", "Diese Adresse im Browser öffnen?",
+     "Ouvrir cette adresse dans votre navigateur ?"},
+    {Own::Ok, "OK", "OK", "OK"},
+    {Own::Cancel, "Cancel", "Abbrechen", "Annuler"},
+    {Own::Open, "&Open", "Ö&ffnen", "&Ouvrir"},
+    {Own::Yes, "&Yes", "&Ja", "&Oui"},
+    {Own::No, "&No", "&Nein", "&Non"},
+    {Own::Refused, "%1 refuses the connection on port %2. Is the server running, and is the port right?",
+     "%1 lehnt die Verbindung auf Port %2 ab. Läuft der Server, und stimmt der Port?",
+     "%1 refuse la connexion sur le port %2. Le serveur est-il démarré, et le port est-il le bon ?"},
+    {Own::UnknownHost, "There is no host named %1. Check its spelling, and whether this machine is on the network.",
+     "Es gibt keinen Rechner namens %1. Stimmt die Schreibweise, und ist dieser Rechner im Netz?",
+     "Aucune machine ne s'appelle %1. Vérifiez le nom, et que cet ordinateur est connecté au réseau."},
+    {Own::Unreachable, "%1 cannot be reached from here. Check this machine's network.",
+     "%1 ist von hier aus nicht erreichbar. Ist dieser Rechner im Netz?",
+     "%1 est inaccessible d'ici. Vérifiez le réseau de cet ordinateur."},
+    {Own::TimedOut, "%1 does not answer. The server may be down, or a firewall may stand in the way.",
+     "%1 antwortet nicht. Der Server ist vielleicht aus, oder eine Firewall steht im Weg.",
+     "%1 ne répond pas. Le serveur est peut-être arrêté, ou un pare-feu bloque le passage."},
+};
+
+std::function<std::string()>& Current() {
+    static std::function<std::string()> current = [] { return std::string(); };
+    return current;
+}
+
+} // namespace
+
+void SetOwnLanguage(std::function<std::string()> current) { Current() = std::move(current); }
+
+QString Say(Own text) {
+    const std::string language = Current()();
+    for (const Row& row : kRows) {
+        if (row.text != text) continue;
+        const char* said = language == "Deutsch" ? row.deutsch : language == "Français" ? row.francais : row.english;
+        return QString::fromUtf8(said);
+    }
+    return {};
+}
+
+} // namespace ombrin::desktop

@@ -1,0 +1,32 @@
+// Texts that are the window's own, in the languages that the client ships with.
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <string>
+
+namespace ombrin::desktop {
+
+enum class Own {
+    Waiting,
+    CannotBeSent,
+    OpenLink,
+    OpenThisAddress,
+    Ok,
+    Cancel,
+    Open,
+    Yes,
+    No,
+    Refused,     ///< %1 the host, %2 the port
+    UnknownHost, ///< %1 the host
+    Unreachable, ///< %1 the host
+    TimedOut,    ///< %1 the host
+};
+
+/// How the language in force is read, as UTF-8; set once by the program.
+void SetOwnLanguage(std::function<std::string()> current);
+
+/// English where the language is no other that is known here.
+QString Say(Own text);
+
+} // namespace ombrin::desktop
