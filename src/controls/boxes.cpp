@@ -49,6 +49,36 @@ void InputBoxForm::Cancel() {
     Hide();
 }
 
+FileChooserForm::FileChooserForm(ModalStack& stack, std::string title, std::string pattern)
+    : Form(stack, "FileChooser", std::move(title), FormKind::FileChooser), pattern(std::move(pattern)) {
+    CloseBox = [this] { Cancel(); };
+}
+
+void FileChooserForm::Accept(std::string_view path) {
+    result = path;
+    Hide();
+}
+
+void FileChooserForm::Cancel() {
+    result.clear();
+    Hide();
+}
+
+ColourChooserForm::ColourChooserForm(ModalStack& stack, Colour start)
+    : Form(stack, "ColourChooser", "", FormKind::ColourChooser), start(start) {
+    CloseBox = [this] { Cancel(); };
+}
+
+void ColourChooserForm::Accept(Colour colour) {
+    result = colour;
+    Hide();
+}
+
+void ColourChooserForm::Cancel() {
+    result.reset();
+    Hide();
+}
+
 BoxResult Boxes::Show(const std::string& text, const std::string& title, BoxButtons buttons, BoxIcon icon) {
     MessageBoxForm box(stack, text, title, buttons, icon);
     box.ShowModal();
@@ -59,6 +89,18 @@ std::string Boxes::Ask(const std::string& prompt) {
     InputBoxForm box(stack, prompt);
     box.ShowModal();
     return box.Result();
+}
+
+std::string Boxes::ChooseFile(const std::string& title, const std::string& pattern) {
+    FileChooserForm chooser(stack, title, pattern);
+    chooser.ShowModal();
+    return chooser.Result();
+}
+
+std::optional<Colour> Boxes::ChooseColour(Colour start) {
+    ColourChooserForm chooser(stack, start);
+    chooser.ShowModal();
+    return chooser.Result();
 }
 
 } // namespace ombrin

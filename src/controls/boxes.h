@@ -44,6 +44,33 @@ private:
     std::string prompt, result;
 };
 
+/// The choice of a file that is there.
+class FileChooserForm : public Form {
+public:
+    /// `pattern` as "*.exe"; empty shows every file.
+    FileChooserForm(ModalStack& stack, std::string title, std::string pattern);
+    const std::string& Pattern() const { return pattern; }
+    void Accept(std::string_view path);
+    void Cancel();
+    const std::string& Result() const { return result; } ///< empty after a cancel
+
+private:
+    std::string pattern, result;
+};
+
+class ColourChooserForm : public Form {
+public:
+    ColourChooserForm(ModalStack& stack, Colour start);
+    Colour Start() const { return start; }
+    void Accept(Colour colour);
+    void Cancel();
+    std::optional<Colour> Result() const { return result; } ///< nothing after a cancel
+
+private:
+    Colour start;
+    std::optional<Colour> result;
+};
+
 /// A title for boxes that are given none.
 inline constexpr const char* kUsualTitle = "Ombrin";
 
@@ -55,6 +82,8 @@ public:
                    BoxIcon icon = BoxIcon::None);
     void ShowPlain(const std::string& text) override { Show(text, kUsualTitle); }
     std::string Ask(const std::string& prompt);
+    std::string ChooseFile(const std::string& title, const std::string& pattern);
+    std::optional<Colour> ChooseColour(Colour start);
 
 private:
     ModalStack& stack;

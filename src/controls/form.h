@@ -7,7 +7,7 @@ namespace ombrin {
 
 class ModalStack;
 
-enum class FormKind { Form, MessageBox, InputBox };
+enum class FormKind { Form, MessageBox, InputBox, FileChooser, ColourChooser };
 
 /// A dialog. Its model exists from the start and outlives every wait on it; Load runs once, before it is first shown.
 class Form : public Container {

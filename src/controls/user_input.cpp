@@ -204,7 +204,31 @@ Refusal UserInput::PressButton(BoxResult button) {
         button == BoxResult::Ok ? box->Accept() : box->Cancel();
         return kTaken;
     }
-    return Refused("no box is on top");
+    const bool isChooser =
+        top != nullptr && (top->KindOfForm() == FormKind::FileChooser || top->KindOfForm() == FormKind::ColourChooser);
+    if (!isChooser) return Refused("no box is on top");
+    if (button != BoxResult::Cancel) return Refused("the box has no such button");
+    view.CloseMenu();
+    top->CloseBox();
+    return kTaken;
+}
+
+Refusal UserInput::AnswerFile(std::string_view path) {
+    auto* chooser = dynamic_cast<FileChooserForm*>(stack.TopModal());
+    if (chooser == nullptr) return Refused("no choice of a file is on top");
+    if (path.empty()) return Refused("no file");
+    view.CloseMenu();
+    chooser->Accept(path);
+    return kTaken;
+}
+
+Refusal UserInput::AnswerColour(Colour colour) {
+    auto* chooser = dynamic_cast<ColourChooserForm*>(stack.TopModal());
+    if (chooser == nullptr) return Refused("no choice of a colour is on top");
+    if (colour < 0 || colour > 0xFFFFFF) return Refused("no such colour");
+    view.CloseMenu();
+    chooser->Accept(colour);
+    return kTaken;
 }
 
 Refusal UserInput::AnswerText(std::string_view text) {

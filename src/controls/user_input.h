@@ -46,6 +46,8 @@ public:
     /// The box on top.
     Refusal PressButton(BoxResult button);
     Refusal AnswerText(std::string_view text);
+    Refusal AnswerFile(std::string_view path);
+    Refusal AnswerColour(Colour colour);
     /// The window's close box.
     Refusal Close(Form& form);
 

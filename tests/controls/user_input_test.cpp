@@ -274,6 +274,31 @@ TEST_F(UserInputTest, ADoubleClickWhoseFirstClickOpensADialogWaitsForIt) {
     EXPECT_THAT(said, ElementsAre("UserList mouse 1", "UserList dblclick"));
 }
 
+TEST_F(UserInputTest, AChooserTakesItsOwnKindOfAnswerOrACancel) {
+    const auto file = [&](std::function<void()> answer) {
+        user.Then(std::move(answer));
+        return boxes.ChooseFile("Game", "*.exe");
+    };
+    EXPECT_EQ(file([&] {
+                  EXPECT_TRUE(input.AnswerColour(255)) << "another kind of chooser";
+                  EXPECT_TRUE(input.AnswerText("x"));
+                  EXPECT_TRUE(input.AnswerFile(""));
+                  EXPECT_TRUE(input.PressButton(BoxResult::Ok));
+                  EXPECT_FALSE(input.AnswerFile("/g/hl.exe"));
+              }),
+              "/g/hl.exe");
+    EXPECT_EQ(file([&] { EXPECT_FALSE(input.PressButton(BoxResult::Cancel)); }), "");
+    EXPECT_EQ(file([&] { EXPECT_FALSE(input.Close(*stack.Top())); }), "");
+    user.Then([&] {
+        EXPECT_TRUE(input.AnswerColour(-1));
+        EXPECT_TRUE(input.AnswerColour(0x1000000));
+        EXPECT_FALSE(input.AnswerColour(255));
+    });
+    EXPECT_EQ(boxes.ChooseColour(0), 255);
+    user.Then([&] { EXPECT_FALSE(input.PressButton(BoxResult::Cancel)); });
+    EXPECT_EQ(boxes.ChooseColour(0), std::nullopt);
+}
+
 TEST_F(UserInputTest, KeysGoToTheirHandlerAndThenIntoTheBoxUnlessSwallowed) {
     TextBox& box = view.MainText;
     box.KeyPress = [&](int& key) {

@@ -165,6 +165,10 @@ struct Commands::Table {
     static Json Answer(Commands& c, A a) {
         if (a.Has("text"))
             Check(c.client.Input().AnswerText(a.Text("text")));
+        else if (a.Has("file"))
+            Check(c.client.Input().AnswerFile(a.Text("file")));
+        else if (a.Has("colour"))
+            Check(c.client.Input().AnswerColour(static_cast<Colour>(a.Number("colour"))));
         else
             Check(c.client.Input().PressButton(static_cast<BoxResult>(a.Number("button"))));
         return {};

@@ -2,9 +2,12 @@
 
 #include "hosts/desktop/dialog_layouts.h"
 #include "hosts/desktop/own_texts.h"
+#include "hosts/desktop/rows_model.h"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QColorDialog>
+#include <QFileDialog>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -12,6 +15,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QStyle>
+#include <QVBoxLayout>
 
 namespace ombrin::desktop {
 
@@ -208,6 +212,43 @@ private:
     QLineEdit* answer;
 };
 
+/// One of Qt's own choosers inside a window of the client's, so that nothing waits but the client's own loop.
+template <class Chooser>
+void Embed(Chooser* chooser, FormWindow& window) {
+    chooser->setWindowFlags(Qt::Widget);
+    chooser->setOption(Chooser::DontUseNativeDialog);
+    chooser->setSizeGripEnabled(false);
+    (new QVBoxLayout(&window))->addWidget(chooser);
+    QObject::connect(chooser, &QDialog::rejected, &window, [&window] { window.close(); });
+}
+
+class FileWindow : public FormWindow {
+public:
+    FileWindow(FileChooserForm& form, Board& board, QWidget* parent) : FormWindow(form, board, parent) {
+        auto* chooser = new QFileDialog(this);
+        Embed(chooser, *this);
+        chooser->setFileMode(QFileDialog::ExistingFile);
+        if (!form.Pattern().empty()) chooser->setNameFilters({board.Text(form.Pattern()), QStringLiteral("*")});
+        connect(chooser, &QFileDialog::fileSelected, this, [this](const QString& file) {
+            const auto path = this->board.Bytes(file);
+            if (!path) return close(), void(); // its name cannot be held
+            this->board.Input([path = *path](UserInput& input) { return input.AnswerFile(path); });
+        });
+    }
+};
+
+class ColourWindow : public FormWindow {
+public:
+    ColourWindow(ColourChooserForm& form, Board& board, QWidget* parent) : FormWindow(form, board, parent) {
+        auto* chooser = new QColorDialog(ToColour(form.Start()), this);
+        Embed(chooser, *this);
+        connect(chooser, &QColorDialog::colorSelected, this, [this](const QColor& colour) {
+            const Colour value = colour.red() | colour.green() << 8 | colour.blue() << 16;
+            this->board.Input([value](UserInput& input) { return input.AnswerColour(value); });
+        });
+    }
+};
+
 } // namespace
 
 FormWindow::FormWindow(Form& form, Board& board, QWidget* parent) : QDialog(parent), form(form), board(board) {
@@ -242,6 +283,8 @@ FormWindow* Windows::Make(Form& form) {
     if (parent == nullptr) parent = &main;
     if (auto* box = dynamic_cast<MessageBoxForm*>(&form)) return new MessageWindow(*box, board, parent);
     if (auto* box = dynamic_cast<InputBoxForm*>(&form)) return new InputWindow(*box, board, parent);
+    if (auto* chooser = dynamic_cast<FileChooserForm*>(&form)) return new FileWindow(*chooser, board, parent);
+    if (auto* chooser = dynamic_cast<ColourChooserForm*>(&form)) return new ColourWindow(*chooser, board, parent);
     const DialogLayout* layout = LayoutOf(form.Name());
     if (layout == nullptr) return nullptr;
     if (&form == &client.Forms().Connection)
