@@ -71,10 +71,9 @@ RowId RowList::Find(std::string_view key) const {
     return {};
 }
 
-/// Into its bucket's chain, which is in the order of the sequence numbers.
+/// Into the chain of its hash's bucket, which is in the order of the sequence numbers.
 void RowList::Index(std::uint32_t slot) {
     Row& row = rows[slot];
-    row.hash = HashOf(keyOf(row.text));
     Bucket& bucket = buckets[row.hash & (buckets.size() - 1)];
     std::uint32_t behind = bucket.last;
     while (behind != kNoSlot && rows[behind].sequence > row.sequence) behind = rows[behind].previous;
@@ -130,6 +129,7 @@ RowId RowList::Insert(Spot spot, std::string_view text) {
     }
     Row& row = rows[slot];
     row.text = text;
+    row.hash = HashOf(keyOf(row.text));
     row.alive = true;
     row.generation = nextGeneration++;
     row.sequence = nextSequence++;
@@ -188,6 +188,7 @@ void RowList::SetText(RowId id, std::string_view text) {
     if (row.text == text) return;
     Unindex(id.slot);
     row.text = text;
+    row.hash = HashOf(keyOf(row.text));
     Index(id.slot);
     Altered(id);
 }

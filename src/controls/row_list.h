@@ -5,6 +5,7 @@
 #include "controls/control.h"
 
 #include <cstdint>
+#include <deque>
 #include <limits>
 #include <memory>
 #include <optional>
@@ -131,7 +132,7 @@ private:
 
     KeyOf keyOf;
     std::size_t count = 0;
-    std::vector<Row> rows; ///< by slot
+    std::deque<Row> rows; ///< by slot; growing moves none of them
     std::vector<std::uint32_t> freeSlots;
     std::vector<std::unique_ptr<Chunk>> chunks; ///< the rows' order, in pieces
     std::vector<Bucket> buckets;
