@@ -7,10 +7,16 @@
 #include "hosts/desktop/windows.h"
 #include "support/recorded_world.h"
 
+#include <QElapsedTimer>
 #include <QObject>
+#include <QPoint>
 #include <deque>
 #include <functional>
+#include <ostream>
 #include <string>
+
+/// For failed expectations.
+inline void PrintTo(const QString& text, std::ostream* out) { *out << '"' << text.toStdString() << '"'; }
 
 namespace ombrin::test {
 
@@ -30,8 +36,8 @@ public:
     Dialogs& forms = client.Forms();
 
     void Step(std::function<void()> step) { steps.push_back(std::move(step)); }
-    /// Waits in the script until it holds; gives up, and fails the run, after ten seconds.
-    void Until(std::function<bool()> holds, std::string what);
+    /// Waits in the script until it holds; gives up, and fails the run, after so many milliseconds.
+    void Until(std::function<bool()> holds, std::string what, int patience = 10'000);
     /// Shows the window and runs the steps, then ends the program. False when a wait was in vain.
     bool Run();
 
@@ -40,15 +46,44 @@ public:
     void Accepts();
     void Sends(const std::string& data);
 
+    /// The oldest message that was not looked at yet, empty when there is none.
+    std::string Heard();
+
+    // The person, by what the window system hands to the window that has the focus. A key or button goes up in a step
+    // of its own, as its going down may wait in a form.
+    void Presses(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+    void Types(const QString& text);
+    /// By the Tab key; gives up, and fails the run, when it comes around.
+    void TabsTo(Control& control);
+    void Clicks(Control& control, Qt::MouseButton button = Qt::LeftButton);
+    void ClicksRow(Control& list, int row, Qt::MouseButton button = Qt::LeftButton);
+    void DoubleClicksRow(Control& list, int row);
+    void Click(const std::function<QWidget*()>& target, const std::function<QPoint()>& place,
+               Qt::MouseButton button = Qt::LeftButton);
+    /// A button of the box in front, or an entry of the open menu, by the mouse.
+    void ClicksText(const QString& caption);
+
     /// The window in front: a dialog, a box, or the main window.
     QWidget* Front();
-    QWidget* WidgetOf(Control& control) { return board.PainterOf(control)->Widget(); }
+    QWidget* WidgetOf(const Control& control) { return board.PainterOf(control)->Widget(); }
+    /// The shown widget of that control has the keys.
+    bool HasKeys(const Control& control);
+    QPoint PlaceOfRow(const Control& list, int row); ///< in the list's viewport
+
+    // Ways that many tests go
+    /// From the start to the lobby Go, with ann, bob and cid.
+    void LogsOn();
 
 private:
     void Next();
+    void Look(const std::function<bool()>& holds, const std::string& what, int patience, const QElapsedTimer& since);
+    void TabOn(const Control& control, int left);
+    void Fail(const std::string& what);
 
     std::deque<std::function<void()>> steps;
+    std::size_t heard = 0;
     bool failed = false;
+    bool inInput = false; ///< of several events, between which Qt dispatches; the next step waits for the last one
 };
 
 } // namespace ombrin::test

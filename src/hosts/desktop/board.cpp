@@ -27,7 +27,9 @@ void Painter::Apply() {
     widget->setVisible(control.Visible());
     if (widget->isEnabled() != control.Enabled()) widget->setEnabled(control.Enabled());
     ApplyOwn();
-    if (control.HasFocus() && control.Visible() && !widget->hasFocus() && widget->isVisible()) widget->setFocus();
+    // Once: afterwards a person may have moved it without the client, which refuses him while it waits.
+    if (control.HasFocus() && control.Visible() && widget->isVisible() && board.FocusMovedTo(control))
+        widget->setFocus();
 }
 
 bool Painter::eventFilter(QObject* watched, QEvent* event) {

@@ -13,6 +13,7 @@
 #include <functional>
 #include <memory>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace ombrin::desktop {
@@ -78,6 +79,10 @@ public:
     void Refused(const Refusal& refusal);
 
     bool IsApplying() const { return applying; }
+    /// True once, when the focus of a container has come to this control.
+    bool FocusMovedTo(const Control& control) {
+        return std::exchange(focuses[&control.Parent()], &control) != &control;
+    }
 
     template <class Handler>
     void Input(const Handler& handler) {
@@ -92,6 +97,7 @@ private:
     std::vector<Control*> dirty;
     std::vector<std::function<void()>> looks;
     std::unordered_map<const Control*, std::unique_ptr<Painter>> painters;
+    std::unordered_map<const Container*, const Control*> focuses; ///< as they were shown last
 };
 
 } // namespace ombrin::desktop

@@ -147,7 +147,7 @@ private:
 
     /// A press on the selection begins another one; dragging it away would run a loop of Qt's own.
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (watched != Shown()->viewport()) return Painter::eventFilter(watched, event);
+        if (watched == Widget()) return Painter::eventFilter(watched, event); // else its viewport
         const auto* press = event->type() == QEvent::MouseButtonPress ? static_cast<QMouseEvent*>(event) : nullptr;
         if (press != nullptr && press->button() == Qt::LeftButton && press->modifiers() == Qt::NoModifier &&
             Shown()->textCursor().hasSelection()) {

@@ -77,7 +77,7 @@ protected:
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (watched != Shown()->viewport()) return Painter::eventFilter(watched, event);
+        if (watched == Widget()) return Painter::eventFilter(watched, event); // else its viewport
         if (event->type() == QEvent::MouseButtonPress) return Press(static_cast<QMouseEvent&>(*event)), true;
         if (event->type() == QEvent::MouseButtonDblClick) {
             const auto& click = static_cast<QMouseEvent&>(*event);

@@ -87,7 +87,7 @@ void InAGame(QPainter& painter) {
 
 } // namespace
 
-void Look::Install(QApplication& application) {
+void Look::Install(QApplication&) {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QPalette palette;
     palette.setColor(QPalette::Window, kDeep);
@@ -103,8 +103,9 @@ void Look::Install(QApplication& application) {
     palette.setColor(QPalette::PlaceholderText, kDim);
     palette.setColor(QPalette::Mid, kEdge);
     QApplication::setPalette(palette);
-    application.setStyleSheet(QString::fromLatin1(kStyle));
 }
+
+void Look::Dress() { qApp->setStyleSheet(QString::fromLatin1(kStyle)); }
 
 QIcon Look::ButtonIcon(const std::string& button) {
     if (button != "SendMain" && button != "SendRoom") return {};

@@ -16,7 +16,10 @@ namespace ombrin::desktop {
 struct Look {
     static constexpr Colour kUsualText = 0x0000FF00; ///< of lists and chats that were given no colour
 
+    /// Style and palette, before the first window.
     static void Install(QApplication& application);
+    /// The style sheet, before the first control.
+    static void Dress();
     static QFont ChatFont();
     /// Picture number `image` of the list of that name; an empty one for 0.
     static QIcon ListIcon(const std::string& list, int image);

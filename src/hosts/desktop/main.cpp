@@ -45,8 +45,7 @@ int Run(QApplication& application, const std::optional<std::string>& home) {
         MainWindow window(client, board);
         Windows windows(client, board, window);
         const EndSignals signals(events, [&] { client.Stack().RequestEnd(); });
-        window.show();
-        events.Post([&] { client.UserControl_Show(std::nullopt); });
+        window.Opens([&] { events.Post([&] { client.UserControl_Show(std::nullopt); }); });
         loop.RunToTheEnd();
         try {
             client.UserControl_Terminate();

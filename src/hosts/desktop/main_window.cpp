@@ -58,10 +58,23 @@ private:
 
 } // namespace
 
-MainWindow::MainWindow(GameLobby& client, Board& board)
-    : client(client), board(board), logon(new LogonPage(client.Forms().UsrNmPwIP, this)), waiting(new QLabel(this)) {
+MainWindow::MainWindow(GameLobby& client, Board& board) : client(client), board(board) {
     setWindowTitle(QStringLiteral("Ombrin"));
     setMinimumSize(Layout::kLeastWidth, Layout::kLeastHeight);
+    resize(Layout::kDrawnWidth, Layout::kDrawnHeight);
+    RestorePlace();
+}
+
+void MainWindow::Opens(std::function<void()> then) {
+    opened = std::move(then);
+    show();
+}
+
+void MainWindow::Populate() {
+    if (logon != nullptr) return;
+    Look::Dress();
+    waiting = new QLabel(this);
+    logon = new LogonPage(client.Forms().UsrNmPwIP, this);
     logon->setObjectName(QStringLiteral("logon"));
     logon->setAutoFillBackground(true);
     logon->hide();
@@ -84,8 +97,7 @@ MainWindow::MainWindow(GameLobby& client, Board& board)
         PlaceControls();
         LookAtView();
     });
-    resize(Layout::kDrawnWidth, Layout::kDrawnHeight);
-    RestorePlace();
+    board.Frame();
 }
 
 void MainWindow::MakeView() {
@@ -193,10 +205,20 @@ void MainWindow::ShowLogon(bool on) {
 void MainWindow::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     Look::PaintBackground(painter, rect());
+    // Something is on the screen: now there is time for what makes it the client.
+    if (opened)
+        QMetaObject::invokeMethod(
+            this,
+            [this, then = std::exchange(opened, nullptr)] {
+                Populate();
+                then();
+            },
+            Qt::QueuedConnection);
 }
 
 void MainWindow::resizeEvent(QResizeEvent*) {
     client.Resize(width(), height());
+    if (logon == nullptr) return;
     PlaceControls();
     board.Schedule();
 }

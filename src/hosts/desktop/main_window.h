@@ -15,6 +15,11 @@ class MainWindow : public QWidget {
 public:
     MainWindow(GameLobby& client, Board& board);
 
+    /// Shows the empty window at once, makes its controls when it has been painted, and goes on with `then`.
+    void Opens(std::function<void()> then);
+    /// Makes the controls now. Nothing of the client may be shown before.
+    void Populate();
+
     /// The logon dialog covers the view.
     void ShowLogon(bool on);
 
@@ -34,8 +39,9 @@ private:
 
     GameLobby& client;
     Board& board;
-    QWidget* logon;
-    QLabel* waiting; ///< shows that the view waits for the server
+    std::function<void()> opened;
+    QWidget* logon = nullptr;
+    QLabel* waiting = nullptr; ///< shows that the view waits for the server
     QTimer waits;
     bool isWaiting = false;
 };

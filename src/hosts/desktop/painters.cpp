@@ -74,7 +74,13 @@ public:
 
 private:
     QPushButton* Shown() const { return static_cast<QPushButton*>(Widget()); }
+    /// What the button shows depends on its width.
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Resize) board.Dirty(button);
+        return Painter::eventFilter(watched, event);
+    }
     void ApplyOwn() override {
+        Shown()->ensurePolished();
         QString caption = board.Text(button.Caption());
         if (caption.isEmpty()) caption = Look::BuiltInCaption(button.Name());
         // Where the caption is wider than its place, a picture stands for it and the whole of it is told beside.

@@ -1,0 +1,145 @@
+// The desktop's ways to wait: what runs in them, and what does not.
+#include "desktop/stage.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QPaintEvent>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace ombrin::test {
+
+namespace {
+
+struct Painted : QWidget {
+    using QWidget::QWidget;
+    int paints = 0;
+
+protected:
+    void paintEvent(QPaintEvent*) override { ++paints; }
+};
+
+struct SocketPair {
+    SocketPair() {
+        EXPECT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, ends), 0);
+        EXPECT_EQ(write(ends[1], "x", 1), 1);
+    }
+    ~SocketPair() {
+        close(ends[0]);
+        close(ends[1]);
+    }
+    int ends[2];
+};
+
+class Loops : public testing::Test {
+protected:
+    Stage stage{"English"};
+    EventLoop& core = stage.world.loop;
+
+    void See(std::function<void()> look) { stage.Step(std::move(look)); }
+};
+
+TEST_F(Loops, ABlockingWaitPaintsAndDropsWhatThePersonDoesAndRunsNothingOfTheCore) {
+    const SocketPair sockets;
+    Painted picture(&stage.window);
+    picture.setGeometry(0, 0, 20, 20);
+    QTimer repaint;
+    QObject::connect(&repaint, &QTimer::timeout, &picture, [&] { picture.update(); });
+    int posts = 0, alarms = 0, arrivals = 0, dropped = 0;
+    EventLoop::Watch watch;
+    TextBox& name = stage.forms.UsrNmPwIP.LogonName;
+    Button& connect = stage.forms.UsrNmPwIP.Connect;
+    See([&] {
+        picture.show();
+        stage.window.setFocus();
+        stage.WidgetOf(name)->setFocus();
+        watch = core.OnReady(sockets.ends[0], EventLoop::Interest::Read, [&] { ++arrivals, watch.Drop(); });
+        core.At(core.Now(), [&] { ++alarms; });
+        core.Post([&] { ++posts; });
+        QTimer::singleShot(20, &stage, [&] {
+            ++dropped;
+            QTest::keyClick(stage.window.windowHandle(), Qt::Key_X);
+            QTest::mouseClick(stage.window.windowHandle(), Qt::LeftButton, {},
+                              stage.WidgetOf(connect)->geometry().center());
+            stage.window.close();
+        });
+        repaint.start(5);
+        QElapsedTimer length;
+        length.start();
+        stage.loop.Block(Milliseconds(150));
+        EXPECT_GE(length.elapsed(), 150);
+        repaint.stop();
+        EXPECT_EQ(posts + alarms + arrivals, 0);
+        EXPECT_GE(picture.paints, 5);
+        EXPECT_EQ(dropped, 1);
+    });
+    stage.Until([&] { return posts == 1 && alarms == 1 && arrivals == 1; }, "what the wait has held up");
+    See([&] {
+        EXPECT_EQ(name.Text(), "");
+        EXPECT_EQ(qobject_cast<QLineEdit*>(stage.WidgetOf(name))->text(), QString());
+        EXPECT_TRUE(stage.forms.UsrNmPwIP.Visible()) << "neither Connect nor the window's close box";
+        EXPECT_FALSE(stage.client.Stack().Ending());
+    });
+    stage.Types(QStringLiteral("y"));
+    See([&] { EXPECT_EQ(name.Text(), "y") << "what comes afterwards is taken"; });
+    EXPECT_TRUE(stage.Run());
+}
+
+TEST_F(Loops, NestedWaitsEndByTheirOwnMarksAndAtOnce) {
+    bool outer = false, inner = false, outerOver = false, innerOver = false, later = false;
+    See([&] {
+        stage.loop.RunUntil(outer);
+        outerOver = true;
+    });
+    See([&] {
+        stage.loop.RunUntil(inner);
+        innerOver = true;
+        EXPECT_FALSE(later) << "nothing more runs in a wait that has ended";
+    });
+    See([&] { outer = true; });
+    See([&] {
+        EXPECT_FALSE(outerOver) << "it stands below the other on the stack";
+        EXPECT_FALSE(innerOver) << "the end of another wait is not its own";
+        core.Post([&] { inner = true; });
+        core.Post([&] { later = true; });
+    });
+    See([&] { EXPECT_TRUE(outerOver && innerOver && later); });
+    EXPECT_TRUE(stage.Run());
+}
+
+TEST_F(Loops, AFloodOfTheCoresEventsLeavesPaintingAndTimersTheirTurn) {
+    Painted picture(&stage.window);
+    picture.setGeometry(0, 0, 20, 20);
+    bool flooding = true;
+    std::size_t events = 0;
+    std::function<void()> flood = [&] {
+        ++events;
+        if (flooding) core.Post(flood);
+    };
+    int ticks = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &stage, [&] {
+        ++ticks;
+        picture.update();
+    });
+    See([&] {
+        picture.show();
+        timer.start(10);
+        core.Post(flood);
+    });
+    stage.Until([&] { return ticks >= 20; }, "Qt's timers");
+    See([&] {
+        flooding = false;
+        EXPECT_GE(picture.paints, 10);
+        EXPECT_GT(events, 1000u);
+    });
+    EXPECT_TRUE(stage.Run());
+}
+
+} // namespace
+
+} // namespace ombrin::test

@@ -1,0 +1,32 @@
+// The desktop's tests run on no display, and keep nothing of the person who runs them.
+#include "hosts/desktop/look.h"
+
+#include <QApplication>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// What Qt complains about is a fault of ours, but for what it says about a machine without a display.
+void Hear(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type == QtDebugMsg || type == QtInfoMsg) return;
+    if (text.startsWith(QStringLiteral("This plugin does not support"))) return;
+    ADD_FAILURE() << text.toStdString();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    testing::InitGoogleTest(&argc, argv);
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    QCoreApplication::setOrganizationName(QStringLiteral("ombrin"));
+    const QTemporaryDir settings;
+    QSettings::setDefaultFormat(QSettings::IniFormat);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
+    ombrin::desktop::Look::Install(application);
+    qInstallMessageHandler(Hear);
+    return RUN_ALL_TESTS();
+}
