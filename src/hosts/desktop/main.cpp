@@ -61,6 +61,7 @@ int Run(QApplication& application, const std::optional<std::string>& home) {
 
 int main(int argc, char** argv) {
     std::setlocale(LC_TIME, "");
+    ombrin::EndSignals::Block(); // before Qt has threads of its own
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("ombrin"));
     QCoreApplication::setOrganizationName(QStringLiteral("ombrin"));

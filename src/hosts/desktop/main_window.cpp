@@ -65,6 +65,10 @@ MainWindow::MainWindow(GameLobby& client, Board& board) : client(client), board(
     RestorePlace();
 }
 
+MainWindow::~MainWindow() {
+    if (logon != nullptr) RememberPlace(); // a window that was opened
+}
+
 void MainWindow::Opens(std::function<void()> then) {
     opened = std::move(then);
     show();
@@ -225,7 +229,6 @@ void MainWindow::resizeEvent(QResizeEvent*) {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
-    RememberPlace();
     Form* top = client.Stack().TopModal();
     if (top != nullptr)
         board.Input([top](UserInput& input) { return input.Close(*top); });
@@ -234,13 +237,20 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 void MainWindow::RememberPlace() const {
-    QSettings().setValue(QStringLiteral("window/") + PlaceKey(*screen()), saveGeometry());
+    const QString key = PlaceKey(*screen());
+    QSettings settings;
+    settings.setValue(QStringLiteral("window/") + key, saveGeometry());
+    settings.setValue(QStringLiteral("window/last"), key);
 }
 
+/// On the screen of the last time, if it is there, at the place that the window had on it.
 void MainWindow::RestorePlace() {
+    const QSettings settings;
+    const QString last = settings.value(QStringLiteral("window/last")).toString();
     const QScreen* there = QGuiApplication::primaryScreen();
-    if (there != nullptr)
-        restoreGeometry(QSettings().value(QStringLiteral("window/") + PlaceKey(*there)).toByteArray());
+    for (const QScreen* screen : QGuiApplication::screens())
+        if (PlaceKey(*screen) == last) there = screen;
+    if (there != nullptr) restoreGeometry(settings.value(QStringLiteral("window/") + PlaceKey(*there)).toByteArray());
 }
 
 } // namespace ombrin::desktop

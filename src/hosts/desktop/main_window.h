@@ -14,6 +14,7 @@ namespace ombrin::desktop {
 class MainWindow : public QWidget {
 public:
     MainWindow(GameLobby& client, Board& board);
+    ~MainWindow() override;
 
     /// Shows the empty window at once, makes its controls when it has been painted, and goes on with `then`.
     void Opens(std::function<void()> then);

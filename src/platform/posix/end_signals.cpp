@@ -5,13 +5,27 @@
 
 namespace ombrin {
 
-EndSignals::EndSignals(EventLoop& loop, std::function<void()> ended) {
+namespace {
+
+sigset_t BothSignals() {
     sigset_t signals;
     sigemptyset(&signals);
     sigaddset(&signals, SIGINT);
     sigaddset(&signals, SIGTERM);
+    return signals;
+}
+
+} // namespace
+
+void EndSignals::Block() {
+    const sigset_t signals = BothSignals();
     sigprocmask(SIG_BLOCK, &signals, nullptr);
     std::signal(SIGPIPE, SIG_IGN);
+}
+
+EndSignals::EndSignals(EventLoop& loop, std::function<void()> ended) {
+    Block();
+    const sigset_t signals = BothSignals();
     descriptor.Reset(signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC));
     watch = loop.OnUrgent(descriptor.Number(), [this, ended = std::move(ended)] {
         signalfd_siginfo info{};

@@ -8,10 +8,13 @@
 
 namespace ombrin {
 
-/// Blocks both signals for the process, before any thread is started, and runs the callback for each that comes, also
-/// while the loop is held. SIGPIPE is ignored from then on.
+/// Runs the callback for each signal that comes, also while the loop is held. SIGPIPE is ignored from then on.
 class EndSignals {
 public:
+    /// Keeps both signals from ending the process. A program whose libraries start threads calls it before they do;
+    /// otherwise the constructor does it.
+    static void Block();
+
     EndSignals(EventLoop& loop, std::function<void()> ended);
 
 private:
