@@ -94,15 +94,29 @@ class Frames : public QObject {
 public:
     explicit Frames(QWidget& window) { window.installEventFilter(this); }
     std::vector<double> times;
-    std::function<void()> first;
 
 protected:
-    bool eventFilter(QObject* window, QEvent* event) override {
+    bool eventFilter(QObject*, QEvent* event) override {
         if (event->type() == QEvent::UpdateRequest) times.push_back(Milliseconds());
-        if (event->type() == QEvent::Paint && first)
-            QMetaObject::invokeMethod(window, std::exchange(first, nullptr), Qt::QueuedConnection);
         return false;
     }
+};
+
+/// Calls back once, when a widget has painted and the window is on its way to the screen.
+class FirstPaint : public QObject {
+public:
+    explicit FirstPaint(std::function<void()> painted) : painted(std::move(painted)) { qApp->installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::Paint) return false;
+        qApp->removeEventFilter(this);
+        QMetaObject::invokeMethod(this, painted, Qt::QueuedConnection);
+        return false;
+    }
+
+private:
+    std::function<void()> painted;
 };
 
 // The start: this program runs itself, once as the client and once as a bare window
@@ -122,11 +136,10 @@ int StartOurs(QApplication& application) {
     Program program(home.path().toStdString());
     program.client.Inis().Write("AVfLang.ini", "CurrentLanguage", "Language",
                                 "English"); // chosen when it was installed
-    Frames frames(program.window);
-    frames.first = [&] {
+    const FirstPaint painted([&] {
         TellPainted();
         program.client.Stack().RequestEnd();
-    };
+    });
     program.Run([&] { program.client.UserControl_Show(std::nullopt); });
     return 0;
 }
@@ -134,11 +147,10 @@ int StartOurs(QApplication& application) {
 int StartBare() {
     QWidget window;
     window.resize(Layout::kDrawnWidth, Layout::kDrawnHeight);
-    Frames frames(window);
-    frames.first = [] {
+    const FirstPaint painted([] {
         TellPainted();
         QCoreApplication::quit();
-    };
+    });
     window.show();
     return QApplication::exec();
 }
