@@ -30,9 +30,13 @@ public:
     }
 
 private:
-    struct Group {
-        std::vector<std::shared_ptr<tcp::socket>> sockets;
-        std::size_t bytesIn = 0;
+    struct Lobby {
+        double owed = 0; ///< bytes to each of it
+    };
+    struct Room {
+        Lobby& lobby;
+        std::vector<std::shared_ptr<tcp::socket>> sockets{};
+        double owed = 0; ///< bytes to each of it, besides the lobby's
     };
 
     void Accept() {
@@ -40,34 +44,40 @@ private:
             if (problem) return;
             socket.non_blocking(true);
             socket.set_option(tcp::no_delay(true));
-            if (groups.empty() || groups.back()->sockets.size() == task.group)
-                groups.push_back(std::make_unique<Group>());
+            if (accepted % task.lobby == 0) lobbies.push_back(std::make_unique<Lobby>());
+            if (accepted % task.room == 0) rooms.push_back(std::make_unique<Room>(Room{*lobbies.back()}));
+            ++accepted;
             auto shared = std::make_shared<tcp::socket>(std::move(socket));
-            groups.back()->sockets.push_back(shared);
-            Read(shared, *groups.back());
+            rooms.back()->sockets.push_back(shared);
+            Read(shared, *rooms.back());
             Accept();
         });
     }
 
-    void Read(const std::shared_ptr<tcp::socket>& socket, Group& group) {
-        socket->async_wait(tcp::socket::wait_read, [this, socket, &group](const asio::error_code& problem) {
+    void Read(const std::shared_ptr<tcp::socket>& socket, Room& room) {
+        socket->async_wait(tcp::socket::wait_read, [this, socket, &room](const asio::error_code& problem) {
+            if (problem) return;
             asio::error_code ended;
-            if (!problem) group.bytesIn += socket->read_some(asio::buffer(input), ended);
-            if (!problem && !ended) Read(socket, group);
+            const auto size = static_cast<double>(socket->read_some(asio::buffer(input), ended));
+            room.owed += size * task.toRoom;
+            room.lobby.owed += size * task.toLobby;
+            if (!ended) Read(socket, room);
         });
     }
 
     void Tick() {
-        for (const auto& group : groups) {
-            const std::size_t lines = group->bytesIn / task.lineIn;
-            group->bytesIn %= task.lineIn;
-            if (lines == 0) continue;
-            output.resize(lines * task.lineOut, 'x');
-            for (const auto& socket : group->sockets) {
+        for (const auto& room : rooms) {
+            room->owed += room->lobby.owed;
+            const auto due = static_cast<std::size_t>(room->owed);
+            room->owed -= static_cast<double>(due);
+            if (due == 0) continue;
+            output.resize(due, 'x');
+            for (const auto& socket : room->sockets) {
                 asio::error_code full; // what a socket cannot take is lost: the reader falls behind and it shows
                 socket->write_some(asio::buffer(output), full);
             }
         }
+        for (const auto& lobby : lobbies) lobby->owed = 0;
         tick.expires_after(std::chrono::milliseconds(task.millisecondsApart));
         tick.async_wait([this](const asio::error_code&) { Tick(); });
     }
@@ -76,7 +86,9 @@ private:
     asio::io_context loop{1};
     tcp::acceptor acceptor;
     asio::steady_timer tick;
-    std::vector<std::unique_ptr<Group>> groups;
+    std::vector<std::unique_ptr<Lobby>> lobbies;
+    std::vector<std::unique_ptr<Room>> rooms;
+    std::size_t accepted = 0;
     std::array<char, 65'536> input{};
     std::string output;
 };

@@ -7,9 +7,10 @@
 namespace ombrin::bench {
 
 struct RelayTask {
-    std::size_t group;     ///< connections that hear each other, in the order in which they come
-    std::size_t lineIn;    ///< bytes of a line as it comes
-    std::size_t lineOut;   ///< bytes of a line as it goes out to each of the group
+    std::size_t room;      ///< connections that hear each other, in the order in which they come
+    std::size_t lobby;     ///< connections that hear of each other; a multiple of the room
+    double toRoom;         ///< bytes to each of the room for a byte that comes from it
+    double toLobby;        ///< and to each of the lobby
     int millisecondsApart; ///< between two writes to a connection
 };
 

@@ -19,6 +19,12 @@ constexpr std::array kMigrations{
     "  password_hash TEXT NOT NULL,"
     "  created INTEGER NOT NULL DEFAULT (unixepoch())"
     ") WITHOUT ROWID",
+    "CREATE TABLE buddies ("
+    "  owner TEXT NOT NULL," // folded
+    "  folded TEXT NOT NULL,"
+    "  name TEXT NOT NULL,"
+    "  PRIMARY KEY (owner, folded)"
+    ") WITHOUT ROWID",
 };
 
 /// Milliseconds: an operator's look into the database may delay the service this long, no longer.
@@ -64,6 +70,9 @@ AccountStore::AccountStore(const std::string& path) {
     Migrate();
     find = Prepare("SELECT name, password_hash FROM accounts WHERE folded = ?1");
     add = Prepare("INSERT INTO accounts (folded, name, password_hash) VALUES (?1, ?2, ?3)");
+    listBuddies = Prepare("SELECT name FROM buddies WHERE owner = ?1");
+    addBuddy = Prepare("INSERT OR REPLACE INTO buddies (owner, folded, name) VALUES (?1, ?2, ?3)");
+    removeBuddy = Prepare("DELETE FROM buddies WHERE owner = ?1 AND folded = ?2");
     stored = ReadNumber("SELECT count(*) FROM accounts");
 }
 
@@ -71,18 +80,16 @@ AccountStore::~AccountStore() = default;
 
 std::optional<Account> AccountStore::Find(std::string_view name) {
     const Use use(find.get());
-    Bind(find, 1, Utf8(Folded(name)));
+    BindName(find, 1, name);
     const int result = sqlite3_step(find.get());
     if (result == SQLITE_DONE) return std::nullopt;
     if (result != SQLITE_ROW) Fail("looking up an account");
-    const auto stored = CodePage::Usual().FromUtf8(Column(find.get(), 0));
-    if (!stored) throw StoreError("accounts: a name in the database is no text of the code page");
-    return Account{*stored, Column(find.get(), 1)};
+    return Account{NameIn(find), Column(find.get(), 1)};
 }
 
 bool AccountStore::Add(const Account& account) {
     const Use use(add.get());
-    Bind(add, 1, Utf8(Folded(account.name)));
+    BindName(add, 1, account.name);
     Bind(add, 2, Utf8(account.name));
     Bind(add, 3, account.passwordHash);
     const int result = sqlite3_step(add.get());
@@ -90,6 +97,31 @@ bool AccountStore::Add(const Account& account) {
     if (result != SQLITE_DONE) Fail("adding an account");
     ++stored;
     return true;
+}
+
+std::vector<std::string> AccountStore::Buddies(std::string_view owner) {
+    const Use use(listBuddies.get());
+    BindName(listBuddies, 1, owner);
+    std::vector<std::string> names;
+    int result = SQLITE_ROW;
+    while ((result = sqlite3_step(listBuddies.get())) == SQLITE_ROW) names.push_back(NameIn(listBuddies));
+    if (result != SQLITE_DONE) Fail("reading buddies");
+    return names;
+}
+
+void AccountStore::AddBuddy(std::string_view owner, std::string_view buddy) {
+    const Use use(addBuddy.get());
+    BindName(addBuddy, 1, owner);
+    BindName(addBuddy, 2, buddy);
+    Bind(addBuddy, 3, Utf8(buddy));
+    if (sqlite3_step(addBuddy.get()) != SQLITE_DONE) Fail("adding a buddy");
+}
+
+void AccountStore::RemoveBuddy(std::string_view owner, std::string_view buddy) {
+    const Use use(removeBuddy.get());
+    BindName(removeBuddy, 1, owner);
+    BindName(removeBuddy, 2, buddy);
+    if (sqlite3_step(removeBuddy.get()) != SQLITE_DONE) Fail("removing a buddy");
 }
 
 std::size_t AccountStore::ReadNumber(std::string_view sql) {
@@ -117,6 +149,18 @@ AccountStore::Statement AccountStore::Prepare(std::string_view sql) {
                            &statement, nullptr) != SQLITE_OK)
         Fail("preparing a statement");
     return Statement(statement);
+}
+
+/// In the form in which names are compared.
+void AccountStore::BindName(const Statement& statement, int index, std::string_view name) {
+    Bind(statement, index, Utf8(Folded(name)));
+}
+
+/// The first column of the row that stands there.
+std::string AccountStore::NameIn(const Statement& statement) {
+    const auto name = CodePage::Usual().FromUtf8(Column(statement.get(), 0));
+    if (!name) throw StoreError("accounts: a name in the database is no text of the code page");
+    return *name;
 }
 
 void AccountStore::Bind(const Statement& statement, int index, std::string_view text) {

@@ -1,4 +1,5 @@
-// Accounts on the disk: names unique without regard to case, kept as typed, and hashes of passwords.
+// Accounts and lists of buddies on the disk. Names are unique without regard to case and kept as typed; of passwords
+// there are hashes.
 #pragma once
 
 #include <cstddef>
@@ -7,6 +8,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -37,6 +39,12 @@ public:
     bool Add(const Account& account);
     std::size_t Count() const { return stored; }
 
+    /// The owner need not have an account; nor need a buddy.
+    std::vector<std::string> Buddies(std::string_view owner);
+    /// A name that is listed already gets this spelling.
+    void AddBuddy(std::string_view owner, std::string_view buddy);
+    void RemoveBuddy(std::string_view owner, std::string_view buddy);
+
 private:
     struct CloseDatabase {
         void operator()(sqlite3* database) const;
@@ -50,12 +58,17 @@ private:
     void Migrate();
     std::size_t ReadNumber(std::string_view sql);
     Statement Prepare(std::string_view sql);
+    void BindName(const Statement& statement, int index, std::string_view name);
+    std::string NameIn(const Statement& statement);
     void Bind(const Statement& statement, int index, std::string_view text);
     [[noreturn]] void Fail(std::string_view doing);
 
     std::unique_ptr<sqlite3, CloseDatabase> database;
     Statement find;
     Statement add;
+    Statement listBuddies;
+    Statement addBuddy;
+    Statement removeBuddy;
     std::size_t stored = 0; ///< counted once: counting walks the whole table
 };
 

@@ -33,10 +33,16 @@ public:
         return Milliseconds(static_cast<std::int64_t>(-level / rate.perSecond * kMillisecondsPerSecond) + 1);
     }
 
+    /// As one that was never used.
+    bool Full(TimePoint now) const { return LevelAt(now) >= rate.burst; }
+
 private:
-    void Fill(TimePoint now) {
+    double LevelAt(TimePoint now) const {
         const std::chrono::duration<double> passed = now - filled;
-        level = std::min(rate.burst, level + passed.count() * rate.perSecond);
+        return std::min(rate.burst, level + passed.count() * rate.perSecond);
+    }
+    void Fill(TimePoint now) {
+        level = LevelAt(now);
         filled = now;
     }
 

@@ -109,10 +109,11 @@ Rate ReadRate(const Node& node) {
 }
 
 Limits ReadLimits(const Node& node) {
-    node.ExpectMembers({"users", "connectionsPerAddress", "accounts", "lobbyLines", "roomLines", "privateMessages",
-                        "passwordMemoryKiB", "passwordPasses"});
+    node.ExpectMembers({"users", "connectionsPerAddress", "accounts", "roomsPerLobby", "buddies", "lobbyLines",
+                        "roomLines", "privateMessages", "passwordMemoryKiB", "passwordPasses"});
     constexpr std::int64_t kMostUsers = 30'000; // a lobby's count has to fit the client's 16 bits
     constexpr std::int64_t kMostAccounts = 100'000'000;
+    constexpr std::int64_t kMostBuddies = 10'000;
     constexpr std::int64_t kMostMemory = 4'194'304; // 4 GiB
     constexpr std::int64_t kLeastMemory = 8;        // what Argon2 needs at least
     constexpr std::int64_t kMostPasses = 1'000;
@@ -127,6 +128,8 @@ Limits ReadLimits(const Node& node) {
     whole("users", limits.users, 1, kMostUsers);
     whole("connectionsPerAddress", limits.connectionsPerAddress, 1, kMostUsers);
     whole("accounts", limits.accounts, 0, kMostAccounts);
+    whole("roomsPerLobby", limits.roomsPerLobby, 0, kMostUsers);
+    whole("buddies", limits.buddies, 0, kMostBuddies);
     rate("lobbyLines", limits.lobbyLines);
     rate("roomLines", limits.roomLines);
     rate("privateMessages", limits.privateMessages);

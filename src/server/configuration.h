@@ -17,7 +17,9 @@ struct Limits {
     /// Connections from one address (one /64 network in IPv6) at once: a crowd behind one router, yet no single
     /// machine takes all descriptors.
     std::size_t connectionsPerAddress = 256;
-    std::size_t accounts = 100'000; ///< bounds the database
+    std::size_t accounts = 100'000;    ///< bounds the database
+    std::size_t roomsPerLobby = 1'000; ///< the whole list goes to whoever enters
+    std::size_t buddies = 200;         ///< of one user; each is looked up whenever somebody enters his lobby
     Rate lobbyLines{8, 2};
     Rate roomLines{8, 2};
     Rate privateMessages{8, 2};

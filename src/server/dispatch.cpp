@@ -18,6 +18,10 @@ constexpr Shape kNothing{0, 0, Form::Empty};
 
 /// Entering a lobby is told to everybody on the service.
 constexpr double kCostOfEntering = 20;
+/// Entering a room to everybody in the lobby, and so is leaving it, which costs nothing more.
+constexpr double kCostOfRoom = 10;
+/// A change of the database.
+constexpr double kCostOfStoring = 4;
 
 using enum Standing;
 
@@ -25,13 +29,13 @@ constexpr std::array kClientCodes{
     ClientCode{"0", NotLoggedOn, kNothing, TellLobbyNames},
     ClientCode{"2", LoggedOn, {kRecord, kRecord + 1}, EnterLobby, {}, kCostOfEntering},
     ClientCode{"3", LoggedOn, {kRecord + 1, kRecord + 1}, SayInLobby, Line::Lobby},
-    ClientCode{"4", LoggedOn, {kRecord + 5, kRecord + 5}, NotYet, {}, 1, "17"},
-    ClientCode{"5", LoggedOn, {kRecord + 2, kRecord + 2}, NotYet},
-    ClientCode{"7", LoggedOn, {kRecord + 2, kRecord + 3}, NotYet, {}, 1, "18"},
+    ClientCode{"4", LoggedOn, {kRecord + 5, kRecord + 5}, CreateRoom, {}, kCostOfRoom, "17"},
+    ClientCode{"5", LoggedOn, {kRecord + 2, kRecord + 2}, SayInRoom, Line::Room},
+    ClientCode{"7", LoggedOn, {kRecord + 2, kRecord + 3}, EnterRoom, {}, kCostOfRoom, "18"},
     ClientCode{"8", LoggedOn, {kRecord + 1, kRecord + 1}, LeaveRoom},
     ClientCode{"9", LoggedOn, {kRecord + 1, kRecord + 1}, DestroyRoom},
     ClientCode{"10", LoggedOn, {kRecord + 1, kRecord + 1}, NotYet},
-    ClientCode{"11", LoggedOn, {kRecord + 1, kRecord + 1}, NotYet},
+    ClientCode{"11", LoggedOn, {kRecord + 1, kRecord + 1}, PreviewRoom},
     ClientCode{"12", Anyone, {kRecord, kRecord, Form::Fields, true}, LeaveLobby},
     ClientCode{"14", LoggedOn, {kRecord + 1, kRecord + 1}, NotYet},
     ClientCode{"15", NotLoggedOn, {kRecord + 1, kRecord + 1}, LogOn},
@@ -39,9 +43,9 @@ constexpr std::array kClientCodes{
     ClientCode{"18", LoggedOn, {kRecord + 2, kRecord + 2}, SayPrivately, Line::Private},
     ClientCode{"19", LoggedOn, kBareName, TellBuddies},
     ClientCode{"20", LoggedOn, kBareName, NeverSent},
-    ClientCode{"21", LoggedOn, {2, 2}, NotYet},
-    ClientCode{"22", LoggedOn, {2, 2}, NotYet},
-    ClientCode{"23", LoggedOn, {kRecord + 2, kRecord + 2}, NotYet},
+    ClientCode{"21", LoggedOn, {2, 2}, AddBuddy, {}, kCostOfStoring},
+    ClientCode{"22", LoggedOn, {2, 2}, RemoveBuddy, {}, kCostOfStoring},
+    ClientCode{"23", LoggedOn, {kRecord + 2, kRecord + 2}, RejectUser},
     ClientCode{"24", LoggedOn, kBareName, NeverSent},
     ClientCode{"25", LoggedOn, kNothing, NeverSent},
     ClientCode{"27", LoggedOn, kNothing, NeverSent},

@@ -20,12 +20,23 @@ void LeaveLobby(Service& service, Session& session, const Request& request);
 
 // handlers_chat.cpp
 void SayInLobby(Service& service, Session& session, const Request& request);
+void SayInRoom(Service& service, Session& session, const Request& request);
 void SayPrivately(Service& service, Session& session, const Request& request);
 
-// handlers_other.cpp
-void TellBuddies(Service& service, Session& session, const Request& request);
+// handlers_room.cpp
+void CreateRoom(Service& service, Session& session, const Request& request);
+void EnterRoom(Service& service, Session& session, const Request& request);
+void PreviewRoom(Service& service, Session& session, const Request& request);
 void LeaveRoom(Service& service, Session& session, const Request& request);
 void DestroyRoom(Service& service, Session& session, const Request& request);
+void RejectUser(Service& service, Session& session, const Request& request);
+
+// handlers_buddy.cpp
+void TellBuddies(Service& service, Session& session, const Request& request);
+void AddBuddy(Service& service, Session& session, const Request& request);
+void RemoveBuddy(Service& service, Session& session, const Request& request);
+
+// handlers_other.cpp
 /// What this server does not offer yet.
 void NotYet(Service& service, Session& session, const Request& request);
 /// What no client sends to this port.

@@ -24,6 +24,14 @@ void SayInLobby(Service& service, Session& session, const Request& request) {
     session.lobby->Send(server_message::LobbyLine(session.name, text));
 }
 
+void SayInRoom(Service& service, Session& session, const Request& request) {
+    const std::string_view text = request.fields[3];
+    if (!IsEncoded(text)) return service.Refuse(session, kBadLine);
+    // His room may have gone while the line was on its way.
+    if (session.room == nullptr || session.lobby->rooms.Find(request.fields[4]) != session.room) return;
+    session.room->Send(server_message::RoomLine(session.name, text));
+}
+
 void SayPrivately(Service& service, Session& session, const Request& request) {
     const std::string_view recipient = request.fields[3];
     const std::string_view text = request.fields[4];

@@ -3,6 +3,7 @@
 #include "foundation/text.h"
 #include "server/dispatch.h"
 #include "server/names.h"
+#include "server/room_moves.h"
 #include "session/wire/codec.h"
 #include "session/wire/server_message.h"
 
@@ -10,14 +11,22 @@ namespace ombrin::server {
 
 namespace {
 
-/// In a list of users: in the lobby, in no room.
+// In a list of users.
 constexpr std::string_view kInLobby = "1";
+constexpr std::string_view kInRoom = "2"; ///< its creator, too
 
 void SendUsersOf(const Lobby& lobby, Session& session) {
     std::vector<server_message::UserStatus> users;
     users.reserve(lobby.users.size());
-    for (const Session* user : lobby.users) users.push_back({user->name, kInLobby});
+    for (const Session* user : lobby.users) users.push_back({user->name, user->room == nullptr ? kInLobby : kInRoom});
     session.peer.Send(server_message::UsersOfLobby(users));
+}
+
+void SendRoomsOf(const Lobby& lobby, Session& session) {
+    std::vector<server_message::RoomRecord> rooms;
+    rooms.reserve(lobby.rooms.Count());
+    for (const Room& room : lobby.rooms.All()) rooms.push_back(RecordOf(room));
+    session.peer.Send(server_message::RoomsOfLobby(rooms));
 }
 
 void SendGreeting(const Service& service, Session& session) {
@@ -32,10 +41,12 @@ void AskAgain(Service& service, Session& session) {
 
 void Arrive(Service& service, Session& session, Lobby& lobby) {
     lobby.Add(session);
+    session.seenIn = &lobby;
     service.Note(session, "entered ", lobby.name);
+    service.buddies.TellWhere(session.name, lobby.name);
     session.peer.Send(server_message::LobbySet(lobby.name));
     SendUsersOf(lobby, session);
-    session.peer.Send(server_message::Bare("2")); // no rooms
+    SendRoomsOf(lobby, session);
     session.peer.Send(server_message::UsersOfService(service.users.Names()));
     SendGreeting(service, session);
     const server_message::UserStatus arrived{session.name, kInLobby};
@@ -77,12 +88,16 @@ void LeaveLobby(Service& service, Session& session, const Request& request) {
     if (!session.LoggedOn()) return session.peer.Send(server_message::Bare("20"));
     if (session.lobby != nullptr) {
         Lobby& left = *session.lobby;
+        QuitRoom(session, Hears::Yes);
         left.Remove(session);
         service.Note(session, "left ", left.name);
         left.Send(server_message::UserLeftLobby(session.name));
         service.SendToAll(server_message::UserWent(session.name, left.name, false));
     }
     session.peer.Send(server_message::LobbyList(service.lobbies.Counts()));
+    if (!session.heldBack) return;
+    session.heldBack->clear(); // the list that has just gone out counts them
+    session.heldBackBytes = 0;
 }
 
 } // namespace ombrin::server

@@ -23,7 +23,7 @@ void Lobby::Send(std::string_view message, const Session* except) const {
 
 Lobbies::Lobbies(std::span<const LobbySetup> setups) {
     for (const LobbySetup& setup : setups)
-        lobbies.push_back(std::make_unique<Lobby>(Lobby{setup.name, setup.password, {}}));
+        lobbies.push_back(std::make_unique<Lobby>(Lobby{setup.name, setup.password, {}, {}}));
 }
 
 Lobby* Lobbies::Find(std::string_view name) {

@@ -1,6 +1,7 @@
 // The lobbies and who is in them.
 #pragma once
 
+#include "server/rooms.h"
 #include "server/session.h"
 #include "session/wire/server_message.h"
 
@@ -18,6 +19,7 @@ struct Lobby {
     std::string name;
     std::string password;        ///< empty: open to all
     std::vector<Session*> users; ///< in the order in which they came
+    Rooms rooms{};
 
     void Add(Session& session);
     void Remove(Session& session);

@@ -35,8 +35,8 @@ bool Unseen(char c) {
     return kOthers.find(c) != std::string_view::npos;
 }
 
-bool Acceptable(std::string_view text, std::size_t longest) {
-    return !text.empty() && text.size() <= longest && Trim(text) == text && FirstOf(text, kForbiddenCharacters) == 0 &&
+bool Acceptable(std::string_view text, std::size_t longest, std::string_view forbidden) {
+    return !text.empty() && text.size() <= longest && Trim(text) == text && FirstOf(text, forbidden) == 0 &&
            std::none_of(text.begin(), text.end(), Unseen);
 }
 
@@ -49,9 +49,17 @@ std::string Folded(std::string_view name) {
 }
 
 bool AcceptableName(std::string_view name) {
-    return Acceptable(name, kLongestName) && Folded(name) != Folded(kServerName);
+    return Acceptable(name, kLongestName, kForbiddenCharacters) && Folded(name) != Folded(kServerName);
 }
 
-bool AcceptablePassword(std::string_view password) { return Acceptable(password, kLongestPassword); }
+bool AcceptablePassword(std::string_view password) {
+    return Acceptable(password, kLongestPassword, kForbiddenCharacters);
+}
+
+bool AcceptableRoomName(std::string_view name) { return Acceptable(name, kLongestRoomName, kForbiddenInRooms); }
+
+bool AcceptableRoomPassword(std::string_view password) {
+    return password.size() <= kLongestRoomPassword && FirstOf(password, kForbiddenInRooms) == 0;
+}
 
 } // namespace ombrin::server

@@ -20,4 +20,13 @@ std::string Folded(std::string_view name);
 bool AcceptableName(std::string_view name);
 bool AcceptablePassword(std::string_view password);
 
+inline constexpr std::string_view kForbiddenInRooms = ":;~(/)";
+inline constexpr std::size_t kLongestRoomName = 40;     ///< characters, as in the client's dialog
+inline constexpr std::size_t kLongestRoomPassword = 20; ///< characters, as in the client's dialog
+
+/// As for users: nothing that cannot be seen.
+bool AcceptableRoomName(std::string_view name);
+/// May be empty.
+bool AcceptableRoomPassword(std::string_view password);
+
 } // namespace ombrin::server

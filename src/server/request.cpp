@@ -16,10 +16,9 @@ std::optional<Request> ParseRequest(std::string_view message) {
     request.code = message.substr(0, codeEnd);
     std::string_view body = message.substr(codeEnd + 1);
     if (body.empty()) return request;
-    if (body.back() != kCodeEnd) return std::nullopt;
+    request.form = Form::Unreadable;
+    if (body.back() != kCodeEnd) return request;
     body.remove_suffix(1);
-
-    request.form = Form::Fields;
     if (!body.empty() && body.find(kFieldEnd) == std::string_view::npos) {
         request.form = Form::Text;
         request.text = body;
@@ -27,10 +26,11 @@ std::optional<Request> ParseRequest(std::string_view message) {
     }
     while (!body.empty()) {
         const std::size_t end = body.find(kFieldEnd);
-        if (end == std::string_view::npos || request.count == Request::kMostFields) return std::nullopt;
+        if (end == std::string_view::npos || request.count == Request::kMostFields) return request;
         request.fields[request.count++] = body.substr(0, end);
         body.remove_prefix(end + 1);
     }
+    request.form = Form::Fields;
     return request;
 }
 

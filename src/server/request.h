@@ -10,9 +10,10 @@ namespace ombrin::server {
 
 /// How the body of a message stands between its code and its end.
 enum class Form {
-    Fields, ///< `<field>;<field>;…:`, none at all included
-    Text,   ///< `<text>:`, with no ";"
-    Empty,  ///< nothing, not even the ":" in front of the end
+    Fields,     ///< `<field>;<field>;…:`, none at all included
+    Text,       ///< `<text>:`, with no ";"
+    Empty,      ///< nothing, not even the ":" in front of the end
+    Unreadable, ///< none of these; the code is known, as its sender may wait for an answer
 };
 
 struct Request {
@@ -25,7 +26,7 @@ struct Request {
     std::size_t count = 0; ///< of the fields
 };
 
-/// Nothing when the message, given without its "~", has not this shape.
+/// Nothing when the message, given without its "~", has no code.
 std::optional<Request> ParseRequest(std::string_view message);
 
 } // namespace ombrin::server

@@ -1,7 +1,10 @@
 #include "server/service.h"
 
 #include "server/dispatch.h"
+#include "server/room_moves.h"
 #include "session/wire/server_message.h"
+
+#include <algorithm>
 
 namespace ombrin::server {
 
@@ -27,7 +30,15 @@ Session& Service::Connected(Peer& peer, std::string address, std::string origin)
     Session& connected = *session;
     sessions.emplace(id, std::move(session));
     Note(connected, "connected");
+    Slow(connected);
     return connected;
+}
+
+void Service::Slow(Session& arrived) {
+    const Rate rate{static_cast<double>(configuration.limits.connectionsPerAddress), kArrivalsPerSecond};
+    Bucket& bucket = arrivals.try_emplace(arrived.origin, rate, Now()).first->second;
+    const Milliseconds wait = std::min(bucket.Spend(1, Now()), kLongestArrival);
+    if (wait > Milliseconds(0)) HoldFor(arrived, wait, [](Session&) {});
 }
 
 void Service::Receive(Session& session, std::string_view message) {
@@ -55,6 +66,7 @@ void Service::CloseSilent() {
     const TimePoint now = Now();
     for (const auto& [id, session] : sessions)
         if (!session->closing && now - session->lastHeard >= kSilence) Dismiss(*session, "was silent for too long");
+    std::erase_if(arrivals, [&](auto& origin) { return origin.second.Full(now); });
 }
 
 void Service::Refuse(Session& session, std::string_view text) {
@@ -85,16 +97,30 @@ void Service::LogOn(Session& session, std::string_view name) {
     users.Add(session);
     Note(session, "logged on from ", session.address);
     session.peer.Send(server_message::AddressSeen(session.address));
+    LoadBuddies(session);
+}
+
+void Service::LoadBuddies(Session& session) {
+    try {
+        buddies.Load(session, outside.accounts.Buddies(session.name));
+    } catch (const StoreError& problem) {
+        Note(session, std::string_view(problem.what()));
+        Refuse(session, "Your list of buddies cannot be read at the moment.");
+    }
 }
 
 void Service::LogOff(Session& session) {
     Lobby* left = session.lobby;
     users.Remove(session);
+    QuitRoom(session, Hears::No);
     if (left != nullptr) {
         left->Remove(session);
         left->Send(server_message::UserLeftLobby(session.name));
     }
     SendToAll(server_message::UserWent(session.name, left == nullptr ? "" : left->name, true));
+    buddies.Forget(session);
+    buddies.TellWhere(session.name, "");
+    session.seenIn = nullptr;
     Note(session, "logged off");
     session.name.clear();
     session.heldBack.reset();

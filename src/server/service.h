@@ -4,6 +4,7 @@
 
 #include "server/account_store.h"
 #include "server/alarms.h"
+#include "server/buddies.h"
 #include "server/configuration.h"
 #include "server/lobbies.h"
 #include "server/log.h"
@@ -44,6 +45,10 @@ public:
     /// How fast the messages of one connection are read, in units of one plain message; beyond it the connection
     /// waits, so that nothing is refused and nobody else is slowed.
     static constexpr Rate kPace{400, 200};
+    /// Connections from one address: as many at once as it may have, and then so many a second. Who comes faster is
+    /// not refused, but waits a moment to be read: logging on and off again is told to everybody.
+    static constexpr double kArrivalsPerSecond = 20;
+    static constexpr Milliseconds kLongestArrival{5'000};
 
     Service(const Configuration& configuration, Access access, Outside outside);
 
@@ -55,7 +60,8 @@ public:
     void ReceivedTooLong(Session& session);
     /// The connection has gone. The session is no more.
     void Ended(Session& session);
-    /// Closes the connections that have been silent for too long. To be called now and then.
+    /// Closes the connections that have been silent for too long. To be called now and then, as it also forgets the
+    /// addresses that nobody came from for a while.
     void CloseSilent();
 
     // For the handlers
@@ -89,11 +95,16 @@ public:
     const Outside outside;
     Lobbies lobbies;
     Users users;
+    Buddies buddies;
     LogonThrottle throttle;
 
 private:
+    void LoadBuddies(Session& session);
+    void Slow(Session& arrived);
+
     std::unordered_map<SessionId, std::unique_ptr<Session>> sessions;
     SessionId lastId = 0;
+    std::unordered_map<std::string, Bucket> arrivals; ///< by origin
 };
 
 } // namespace ombrin::server

@@ -13,6 +13,7 @@
 namespace ombrin::server {
 
 struct Lobby;
+struct Room;
 
 /// The connection behind a session. None of these calls comes back into the service before it has returned.
 class Peer {
@@ -37,6 +38,18 @@ struct LineLimit {
     bool told = false; ///< that a line went to nobody, since the last that went out
 };
 
+/// What a client's list of a room's users may show: what the last answer held, and who has entered the room since.
+struct ShownUsers {
+    std::string room;
+    std::vector<std::string> names; ///< also of those who have gone
+};
+
+/// What a user told with his first request for a room; it counts until he is in.
+struct AskedRoom {
+    std::string room;
+    bool publicAddress = false;
+};
+
 struct Session {
     SessionId id;
     Peer& peer;
@@ -45,9 +58,15 @@ struct Session {
 
     std::string name;       ///< empty before the logon
     Lobby* lobby = nullptr; ///< none before the first entering and between two lobbies
-    bool spoken = false;    ///< a message has come
-    bool closing = false;   ///< what still comes is not read
-    int holds = 0;          ///< reasons to read no message for now
+    Room* room = nullptr;   ///< in the lobby; none outside of rooms
+    ShownUsers shown{};
+    AskedRoom asked{};
+    /// Where his friends see him: after leaving a lobby he counts as in it until he enters the next.
+    const Lobby* seenIn = nullptr;
+    std::vector<std::string> buddies{}; ///< in his spelling
+    bool spoken = false;                ///< a message has come
+    bool closing = false;               ///< what still comes is not read
+    int holds = 0;                      ///< reasons to read no message for now
     TimePoint lastHeard;
     /// From the lobby list of the logon to the first entering: who came and went meanwhile.
     std::optional<std::vector<std::string>> heldBack;

@@ -41,6 +41,23 @@ TEST_F(AccountStoreTest, AnAccountOutlivesTheServerAsItWasTyped) {
     EXPECT_EQ(store.Count(), 2U);
 }
 
+TEST_F(AccountStoreTest, ADatabaseOfTheFirstVersionKeepsItsAccountsAndTakesBuddies) {
+    Execute("CREATE TABLE accounts (folded TEXT PRIMARY KEY, name TEXT NOT NULL, password_hash TEXT NOT NULL, "
+            "created INTEGER NOT NULL DEFAULT (unixepoch())) WITHOUT ROWID;"
+            "INSERT INTO accounts (folded, name, password_hash) VALUES ('ann', 'Ann', 'h'); PRAGMA user_version = 1");
+    {
+        AccountStore store(Path());
+        EXPECT_EQ(store.Find("ann")->name, "Ann");
+        store.AddBuddy("Ann", "J\xFCrgen");
+        store.AddBuddy("ann", "J\xDCRGEN");
+        store.AddBuddy("ann", "cid");
+        store.AddBuddy("bob", "ann");
+        store.RemoveBuddy("ANN", "Cid");
+    }
+    AccountStore store(Path());
+    EXPECT_EQ(store.Buddies("aNN"), std::vector<std::string>{"J\xDCRGEN"});
+}
+
 TEST_F(AccountStoreTest, ANameIsNeverReadAsSql) {
     AccountStore store(Path());
     EXPECT_TRUE(store.Add({"x'); --", "h"}));

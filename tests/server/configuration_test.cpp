@@ -14,7 +14,8 @@ TEST(ConfigurationFile, EverythingInItIsTakenOver) {
         "directPlayGames": [{"game": "Go", "application": "Go 3000"}],
         "directIPGames": [{"game": "Half Life", "executable": "hl.exe"}],
         "files": [{"name": "Ping.ocx", "directory": 2, "version": "3.33"}],
-        "limits": {"users": 10, "connectionsPerAddress": 11, "accounts": 12, "lobbyLines": {"burst": 1, "perSecond": 0.5},
+        "limits": {"users": 10, "connectionsPerAddress": 11, "accounts": 12, "roomsPerLobby": 13, "buddies": 14,
+                   "lobbyLines": {"burst": 1, "perSecond": 0.5},
                    "roomLines": {"burst": 2, "perSecond": 3}, "privateMessages": {"burst": 4, "perSecond": 5},
                    "passwordMemoryKiB": 64, "passwordPasses": 7}})");
     EXPECT_EQ(read.greeting, "Gr\xFC\xDF"
@@ -37,6 +38,8 @@ TEST(ConfigurationFile, EverythingInItIsTakenOver) {
     EXPECT_EQ(limits.users, 10U);
     EXPECT_EQ(limits.connectionsPerAddress, 11U);
     EXPECT_EQ(limits.accounts, 12U);
+    EXPECT_EQ(limits.roomsPerLobby, 13U);
+    EXPECT_EQ(limits.buddies, 14U);
     EXPECT_EQ(limits.lobbyLines.burst, 1);
     EXPECT_EQ(limits.lobbyLines.perSecond, 0.5);
     EXPECT_EQ(limits.roomLines.perSecond, 3);

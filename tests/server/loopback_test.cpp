@@ -5,6 +5,7 @@
 
 #include <csignal>
 #include <gmock/gmock.h>
+#include <memory>
 
 namespace ombrin::server::test {
 
@@ -100,6 +101,38 @@ TEST_F(Loopback, WhoStandsStillForAWhileMissesNothing) {
     for (int i = 0; i < kLines; ++i) still.ReadsUntil("!:;~");
     ann.Sends(client_message::LobbyLine("ann;Go;127.0.0.1", "and on"));
     still.ReadsUntil("1:ann:and on:;~");
+}
+
+TEST_F(Loopback, TenChatOnBesideOneOfEachKindThatMisbehaves) {
+    ServerProcess server(home.path, {"--open-accounts"}, R"({"lobbies": ["Go"],
+        "limits": {"passwordMemoryKiB": 8, "passwordPasses": 1}})");
+    const auto repeated = [](const std::string& message) {
+        std::string text;
+        constexpr int kTimes = 2'000;
+        for (int i = 0; i < kTimes; ++i) text += message;
+        return text;
+    };
+    const std::string record = "x;Go;127.0.0.1";
+    const std::string misbehaviours[] = {
+        repeated(client_message::LobbyLine(record, "me")),
+        repeated(client_message::CreateRoom(record, "R", "4", "0", "", "N") + client_message::DestroyRoom(record, "R")),
+        "Ombrin:3:x;Go;1;half", std::string(MessageCutter::kLongestMessage + 1, 'x'), "O"};
+    std::vector<std::unique_ptr<WireClient>> clients;
+    const auto enters = [&](const std::string& name) -> WireClient& {
+        clients.push_back(std::make_unique<WireClient>(server.port));
+        clients.back()->LogsOn(name);
+        clients.back()->Enters(name, "Go");
+        return *clients.back();
+    };
+    constexpr std::size_t kChatting = 10;
+    for (std::size_t i = 0; i < kChatting; ++i) enters("n" + std::to_string(i));
+    for (const std::string& misbehaviour : misbehaviours)
+        enters("x" + std::to_string(clients.size())).Sends(misbehaviour); // and none of them reads
+    for (std::size_t i = 0; i < kChatting; ++i) {
+        const std::string name = "n" + std::to_string(i);
+        clients[i]->Sends(client_message::LobbyLine(name + ";Go;127.0.0.1", "hi"));
+        for (std::size_t j = 0; j < kChatting; ++j) clients[j]->ReadsUntil("1:" + name + ":hi:;~");
+    }
 }
 
 TEST_F(Loopback, TenWrongPasswordsSlowOneAddressOnly) {

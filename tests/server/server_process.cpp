@@ -2,6 +2,7 @@
 
 #include "session/wire/client_message.h"
 
+#include <algorithm>
 #include <arpa/inet.h>
 #include <array>
 #include <charconv>
@@ -53,7 +54,9 @@ ScratchFolder::~ScratchFolder() { std::filesystem::remove_all(path); }
 ServerProcess::ServerProcess(const std::string& home, std::vector<std::string> options, std::string_view configuration)
     : logFile(home + "/log") {
     if (!configuration.empty()) std::ofstream(home + "/server.json") << configuration;
-    options.insert(options.begin(), {ARDVELLE_SERVER, "--port", "0", "--home", home});
+    if (std::find(options.begin(), options.end(), "--port") == options.end())
+        options.insert(options.begin(), {"--port", "0"});
+    options.insert(options.begin(), {ARDVELLE_SERVER, "--home", home});
     std::vector<char*> arguments;
     arguments.reserve(options.size() + 1);
     for (std::string& option : options) arguments.push_back(option.data());

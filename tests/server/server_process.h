@@ -22,8 +22,8 @@ public:
 
 class ServerProcess {
 public:
-    /// In `home`, on free ports; its configuration is written there when one is given. Waits for the line that says
-    /// ready, or for the program's end.
+    /// In `home`, on free ports unless an option names one; its configuration is written there when one is given. Waits
+    /// for the line that says ready, or for the program's end.
     ServerProcess(const std::string& home, std::vector<std::string> options, std::string_view configuration = {});
     ~ServerProcess();
     ServerProcess(const ServerProcess&) = delete;

@@ -120,20 +120,15 @@ TEST_F(LobbyTest, WhatCannotBeAnsweredEndsTheClientsWait) {
     Client& ann = InLobby("ann");
     const std::string record = ann.Record("Go");
     const std::pair<std::string, std::string> requests[] = {
-        {client_message::CreateRoom(record, "R", "4", "0", "", "Y"), "36:*;~17:~"},
-        {client_message::EnterRoom(record, "R", "Y"), "36:*;~18:~"},
-        {client_message::EnterPasswordRoom(record, "R", "p"), "36:*;~18:~"},
+        {client_message::EnterRoom(record, "R", "x"), "36:*;~18:~"},
+        {"Ombrin:7:too;few;:~", "36:*;~18:~"},
         {"Ombrin:4:too;few;:~", "36:*;~17:~"},
+        {"Ombrin:4:no end~", "36:*;~17:~"},
         {client_message::LeaveRoom(record, "R"), "9:~"},
         {client_message::DestroyRoom(record, "R"), "10:~"},
         {client_message::Launch(record, "R"), "36:*;~"},
-        {client_message::PreviewRoom(record, "R"), "36:*;~"},
-        {client_message::RoomLine(record, "hi", "R"), "36:*;~"},
         {client_message::BackFromGame(record, "R"), "36:*;~"},
-        {client_message::RejectUser(record, "R", "bob"), "36:*;~"},
         {client_message::JoinRunningGame(), "36:*;~"},
-        {client_message::AddBuddy("ann", "bob"), "36:*;~"},
-        {client_message::RemoveBuddy("ann", "bob"), "36:*;~"},
         {client_message::RequestFile("x.exe"), "36:*;~"},
         {client_message::BuddyList("ann"), "41:~"},
         {client_message::HeartBeat(), ""},
@@ -163,6 +158,12 @@ TEST_F(LobbyTest, LeavingNoLobbyIsAnsweredByTheListAlone) {
     ann.Says(client_message::LeaveLobby(ann.Record("temp")));
     EXPECT_EQ(ann.Reads(), "22:Go,1;Chess,0;~");
     EXPECT_EQ(bob.Reads(), "");
+
+    InLobby("cid");
+    ann.Says(client_message::LeaveLobby(ann.Record("temp")));
+    EXPECT_EQ(ann.Reads(), "22:Go,2;Chess,0;~");
+    ann.Enters("Go");
+    EXPECT_THAT(ann.Reads(), StartsWith("21:Go;~")) << "cid is counted in the list already";
 }
 
 } // namespace ombrin::server::test

@@ -256,4 +256,23 @@ TEST_F(OpenServer, WhatTheConfigurationNamesComesBehindTheLobbyList) {
               "45:10.0.0.1;~22:Go,0;Chess,0;~37:2:" + banner + banner + "~38:~39:Go;Go 3000;~40:Chess;chess.exe;~");
 }
 
+TEST_F(Logon, WhoComesAgainAndAgainWaitsAndNobodyElseDoes) {
+    const std::size_t atOnce = service.configuration.limits.connectionsPerAddress;
+    const auto asks = [](Client& client) {
+        client.Says(client_message::LobbyNames());
+        return client.Reads();
+    };
+    for (std::size_t i = 1; i < atOnce; ++i) Disconnects(Connects("x"));
+    EXPECT_NE(asks(Connects("x")), "");
+    Client& late = Connects("x");
+    EXPECT_EQ(asks(late), "");
+    EXPECT_NE(asks(Connects("y", "10.0.0.2")), "");
+    clock.Turn(Milliseconds(100));
+    EXPECT_NE(late.Reads(), "");
+    for (std::size_t i = 0; i < atOnce; ++i) Disconnects(Connects("x"));
+    Client& last = Connects("x");
+    clock.Turn(Service::kLongestArrival);
+    EXPECT_NE(asks(last), "") << "nobody waits longer";
+}
+
 } // namespace ombrin::server::test

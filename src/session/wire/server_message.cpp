@@ -30,6 +30,10 @@ std::string Lobbies(Text code, std::span<const LobbyCount> lobbies) {
     return message;
 }
 
+void AppendUser(std::string& message, const RoomUser& entry) {
+    Append(message, entry.user, entry.address, entry.publicAddress ? Text("Y") : Text("N"));
+}
+
 /// `<sender>:<text>:`
 std::string Line(Text sender, Text encodedText) { return Join(sender, ":", encodedText, ":"); }
 
@@ -51,6 +55,44 @@ std::string UsersOfLobby(std::span<const UserStatus> users) {
 }
 
 std::string LobbyLine(Text user, Text encodedLine) { return Message("1", Line(user, encodedLine)); }
+
+std::string RoomsOfLobby(std::span<const RoomRecord> rooms) {
+    std::string message = "2:";
+    for (const RoomRecord& entry : rooms)
+        Append(message, entry.room, entry.status, entry.address, std::to_string(entry.users),
+               std::to_string(entry.max));
+    message += kMessageEnd;
+    return message;
+}
+
+std::string UsersOfRoom(std::span<const RoomUser> users) {
+    std::string message = "3:";
+    for (const RoomUser& entry : users) AppendUser(message, entry);
+    message += kMessageEnd;
+    return message;
+}
+
+std::string RoomLine(Text user, Text encodedLine) { return Message("4", Line(user, encodedLine)); }
+
+std::string RoomCreated(const RoomUser& creator) {
+    std::string message = "5:";
+    AppendUser(message, creator);
+    message += kMessageEnd;
+    return message;
+}
+
+std::string RoomEntered(Text creator) { return Message("7", creator); }
+std::string UserLeftRoom(Text user) { return Message("8", user); }
+std::string RoomGone(Text room) { return Message("11", room); }
+
+std::string StatusOfUsers(std::span<const StatusChange> changes) {
+    std::string message = "13:";
+    for (const StatusChange& entry : changes)
+        Append(message, Join(entry.status, ":", entry.user), entry.room, entry.address);
+    message += kMessageEnd;
+    return message;
+}
+
 std::string UserLeftLobby(Text user) { return Message("15", user); }
 std::string LobbySet(Text lobby) { return Message("21", lobby); }
 std::string LobbyList(std::span<const LobbyCount> lobbies) { return Lobbies("22", lobbies); }

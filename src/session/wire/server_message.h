@@ -15,6 +15,27 @@ struct UserStatus {
     Text status;
 };
 
+struct RoomRecord {
+    Text room;
+    Text status;
+    Text address; ///< of the game's server
+    std::size_t users;
+    int max;
+};
+
+struct RoomUser {
+    Text user;
+    Text address;
+    bool publicAddress; ///< false: hidden from the other users' tool tips
+};
+
+struct StatusChange {
+    Text status;
+    Text user;
+    Text room; ///< may be empty
+    Text address;
+};
+
 struct LobbyCount {
     Text lobby;
     std::size_t users;
@@ -43,6 +64,22 @@ std::string Bare(Text code);
 std::string UsersOfLobby(std::span<const UserStatus> users);
 /// 1
 std::string LobbyLine(Text user, Text encodedLine);
+/// 2
+std::string RoomsOfLobby(std::span<const RoomRecord> rooms);
+/// 3
+std::string UsersOfRoom(std::span<const RoomUser> users);
+/// 4
+std::string RoomLine(Text user, Text encodedLine);
+/// 5
+std::string RoomCreated(const RoomUser& creator);
+/// 7
+std::string RoomEntered(Text creator);
+/// 8
+std::string UserLeftRoom(Text user);
+/// 11
+std::string RoomGone(Text room);
+/// 13
+std::string StatusOfUsers(std::span<const StatusChange> changes);
 /// 15
 std::string UserLeftLobby(Text user);
 /// 21

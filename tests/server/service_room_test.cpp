@@ -1,0 +1,343 @@
+#include "world.h"
+
+#include <algorithm>
+
+namespace ombrin::server::test {
+
+using testing::HasSubstr;
+using testing::Not;
+
+/// ann, bob, cid and dan are in "Go" and eve is in "Chess"; all have the address 10.0.0.1.
+class RoomTest : public World {
+protected:
+    explicit RoomTest(const Configuration& configuration = Lobbies()) : World(configuration) {}
+
+    static Configuration Lobbies() {
+        Configuration configuration = World::Lobbies();
+        configuration.limits.roomsPerLobby = 3;
+        return configuration;
+    }
+
+    struct Step {
+        const char* what;
+        Client& who;
+        std::string says;
+        std::vector<std::string> hear; ///< ann, bob, cid, dan, eve; those not named hear nothing
+    };
+    void Play(const std::vector<Step>& steps) {
+        for (const Step& step : steps) {
+            step.who.Says(step.says);
+            Hear(step.what, step.hear);
+        }
+    }
+    void Hear(const char* what, std::vector<std::string> hear) {
+        hear.resize(5);
+        std::size_t i = 0;
+        for (Client* user : {&ann, &bob, &cid, &dan, &eve})
+            EXPECT_EQ(user->Reads(), hear[i++]) << what << ", what " << user->name << " hears";
+    }
+
+    static std::string Creates(const Client& user, const std::string& room, const std::string& max = "4",
+                               const std::string& locked = "0", const std::string& password = "",
+                               const std::string& publicIP = "N") {
+        return client_message::CreateRoom(user.Record("Go"), room, max, locked, password, publicIP);
+    }
+    static std::string Asks(const Client& user, const std::string& room, const std::string& publicIP = "N") {
+        return client_message::EnterRoom(user.Record("Go"), room, publicIP);
+    }
+    static std::string Answers(const Client& user, const std::string& room, const std::string& password) {
+        return client_message::EnterPasswordRoom(user.Record("Go"), room, password);
+    }
+    static std::string Previews(const Client& user, const std::string& room) {
+        return client_message::PreviewRoom(user.Record("Go"), room);
+    }
+    static std::string Leaves(const Client& user, const std::string& room) {
+        return client_message::LeaveRoom(user.Record("Go"), room);
+    }
+    static std::string Destroys(const Client& user, const std::string& room) {
+        return client_message::DestroyRoom(user.Record("Go"), room);
+    }
+    static std::string Rejects(const Client& user, const std::string& room, const std::string& rejected) {
+        return client_message::RejectUser(user.Record("Go"), room, rejected);
+    }
+    static std::string Writes(const Client& user, const std::string& room, const std::string& line = "hi") {
+        return client_message::RoomLine(user.Record("Go"), line, room);
+    }
+    /// ann's room "Red Base" with bob in it.
+    void OpenRedBase() {
+        ann.Says(Creates(ann, "Red Base"));
+        bob.Says(Asks(bob, "Red Base"));
+        ForgetAllRead();
+    }
+
+    Client& ann = InLobby("ann");
+    Client& bob = InLobby("bob");
+    Client& cid = InLobby("cid");
+    Client& dan = InLobby("dan");
+    Client& eve = InLobby("eve", "Chess");
+};
+
+TEST_F(RoomTest, ARoomFromItsOpeningToItsEnd) {
+    const std::string opened = "2:Red Base;1;10.0.0.1;1;4;~13:5:ann;Red Base;10.0.0.1;~";
+    const std::string bobIn = "13:2:bob;Red Base;10.0.0.1;~";
+    const std::string cidIn = "13:2:cid;Red Base;10.0.0.1;~";
+    const std::string bobOut = "13:1:bob;Red Base;10.0.0.1;~";
+    const std::string ended = "13:1:ann;Red Base;10.0.0.1;1:cid;Red Base;10.0.0.1;~11:Red Base;~";
+    const std::string line = "4:cid:a%*|@b:;~";
+    Play({
+        {"create",
+         ann,
+         Creates(ann, "Red Base", "4", "0", "stale", "Y"),
+         {"5:ann;10.0.0.1;Y;~" + opened, opened, opened, opened}},
+        {"enter",
+         bob,
+         Asks(bob, "Red Base"),
+         {"3:bob;10.0.0.1;N;~" + bobIn, "3:ann;10.0.0.1;Y;bob;10.0.0.1;N;~7:ann;~" + bobIn, bobIn, bobIn}},
+        {"enter again",
+         cid,
+         Asks(cid, "Red Base", "Y"),
+         {"3:cid;10.0.0.1;Y;~" + cidIn, "3:cid;10.0.0.1;Y;~" + cidIn,
+          "3:ann;10.0.0.1;Y;bob;10.0.0.1;N;cid;10.0.0.1;Y;~7:ann;~" + cidIn, cidIn}},
+        {"line", cid, Writes(cid, "Red Base", "a%*|@b"), {line, line, line}},
+        {"forged line",
+         cid,
+         Writes(cid, "Red Base", "x:;ann:y"),
+         {"", "", "36:The server cannot read this request.;~"}},
+        {"line from outside", dan, Writes(dan, "Red Base"), {}},
+        {"leave", bob, Leaves(bob, "Red Base"), {"8:bob;~" + bobOut, "9:~" + bobOut, "8:bob;~" + bobOut, bobOut}},
+        {"late line", bob, Writes(bob, "Red Base"), {}},
+        {"leave once more", bob, Leaves(bob, "Red Base"), {"", "9:~"}},
+        {"destroy from outside", dan, Destroys(dan, "Red Base"), {"", "", "", "10:~"}},
+        {"destroy by a member", cid, Destroys(cid, "Red Base"), {"", "", "36:Only its creator can destroy a room.;~"}},
+        {"destroy", ann, Destroys(ann, "Red Base"), {"10:~" + ended, ended, "10:~" + ended, ended}},
+        {"destroy once more", ann, Destroys(ann, "Red Base"), {"10:~"}},
+        {"late entry", dan, Asks(dan, "Red Base"), {"", "", "", "19:~"}},
+        {"late line", cid, Writes(cid, "Red Base"), {}},
+        {"late preview", dan, Previews(dan, "Red Base"), {}},
+        {"late rejection", ann, Rejects(ann, "Red Base", "cid"), {}},
+    });
+}
+
+TEST_F(RoomTest, WhoComesSeesTheRoomsAndWhoIsInThem) {
+    OpenRedBase();
+    cid.Says(Creates(cid, "Key", "32", "1", ""));
+    Client& fay = LoggedOn("fay");
+    fay.Reads();
+    fay.Enters("Go");
+    EXPECT_THAT(fay.Reads(),
+                HasSubstr("0:ann;2;bob;2;cid;2;dan;1;fay;1;~2:Red Base;1;10.0.0.1;2;4;Key;4;10.0.0.1;1;32;~47:"));
+}
+
+TEST_F(RoomTest, ARoomIsOpenedWithGoodValuesOnly) {
+    struct Case {
+        const char* what;
+        std::string says;
+        bool good;
+    };
+    const std::string longest(40, 'x');
+    const Case cases[] = {
+        {"no name", Creates(ann, ""), false},
+        {"a name with a blank around it", Creates(ann, " R"), false},
+        {"a name that is too long", Creates(ann, longest + "x"), false},
+        {"the longest name", Creates(ann, longest), true},
+        {"a bracket", Creates(ann, "R(1"), false},
+        {"a slash", Creates(ann, "R/1"), false},
+        {"a colon", Creates(ann, "R:1"), false},
+        {"an invisible character", Creates(ann, "R\xAD"), false},
+        {"one user", Creates(ann, "R", "1"), false},
+        {"two users", Creates(ann, "R", "2"), true},
+        {"32 users", Creates(ann, "R", "32"), true},
+        {"33 users", Creates(ann, "R", "33"), false},
+        {"users with a blank", Creates(ann, "R", "4 "), false},
+        {"a lock of another kind", Creates(ann, "R", "4", "2"), false},
+        {"the longest password", Creates(ann, "R", "4", "1", std::string(20, 'p')), true},
+        {"a password that is too long", Creates(ann, "R", "4", "1", std::string(21, 'p')), false},
+        {"a password with a bracket", Creates(ann, "R", "4", "1", "p("), false},
+        {"the same, but it does not count", Creates(ann, "R", "4", "0", "p("), true},
+        {"a password that tears the message apart", Creates(ann, "R", "4", "0", "p;q"), false},
+        {"an address neither public nor not", Creates(ann, "R", "4", "0", "", "x"), false},
+    };
+    for (const Case& trial : cases) {
+        ann.Says(trial.says);
+        const std::string read = ann.Reads();
+        EXPECT_EQ(read.starts_with("5:"), trial.good) << trial.what;
+        if (!trial.good) {
+            EXPECT_TRUE(read.starts_with("36:") && read.ends_with(";~17:~")) << trial.what << ": " << read;
+        }
+        ann.Says(Destroys(ann, ""));
+        ann.Reads();
+    }
+    EXPECT_THAT(bob.Reads(), Not(HasSubstr("36:")));
+}
+
+TEST_F(RoomTest, ANameIsTakenOnceInALobbyAndRoomsAreLimited) {
+    OpenRedBase();
+    const std::string inRoom = "36:You are in a room already.;~";
+    Play({
+        {"taken", cid, Creates(cid, "Red Base"), {"", "", "17:~"}},
+        {"taken in other letters", cid, Creates(cid, "RED base"), {"", "", "17:~"}},
+        {"from a room", bob, Creates(bob, "Other"), {"", inRoom + "17:~"}},
+        {"into a second room", bob, Asks(bob, "Red Base"), {"", inRoom + "18:~"}},
+        {"preview from a room", bob, Previews(bob, "Red Base"), {"", inRoom}},
+        {"not seen from another lobby", eve, Asks(eve, "Red Base"), {"", "", "", "", "19:~"}},
+    });
+    eve.Says(Creates(eve, "Red Base"));
+    EXPECT_THAT(eve.Reads(), testing::StartsWith("5:eve;")) << "free in another lobby";
+    cid.Says(Creates(cid, "Two"));
+    dan.Says(Creates(dan, "Three"));
+    Client& fay = InLobby("fay");
+    fay.Says(Creates(fay, "Four"));
+    EXPECT_EQ(fay.Reads(), "36:There are too many rooms in this lobby.;~17:~");
+    fay.Says(client_message::LeaveLobby(fay.Record("Go")));
+    fay.Reads();
+    fay.Says(Creates(fay, "Four") + Asks(fay, "Two"));
+    EXPECT_EQ(fay.Reads(), "36:You are in no lobby.;~17:~36:You are in no lobby.;~18:~");
+}
+
+TEST_F(RoomTest, TheDoorOfARoomHasOneRuleAfterTheOther) {
+    ann.Says(Creates(ann, "Vault", "3", "1", "Secret9"));
+    ForgetAllRead();
+    const std::string bobIn = "13:2:bob;Vault;10.0.0.1;~";
+    const std::string bobOut = "13:1:bob;Vault;10.0.0.1;~";
+    const std::string cidIn = "13:2:cid;Vault;10.0.0.1;~";
+    Play({
+        {"asked for the password", bob, Asks(bob, "Vault", "Y"), {"", "34:~"}},
+        {"wrong", bob, Answers(bob, "Vault", "Wrong9"), {"", "33:~"}},
+        {"right, and his address stays public",
+         bob,
+         Answers(bob, "Vault", "Secret9"),
+         {"3:bob;10.0.0.1;Y;~" + bobIn, "3:ann;10.0.0.1;N;bob;10.0.0.1;Y;~7:ann;~" + bobIn, bobIn, bobIn}},
+        {"right at once, no word about his address",
+         cid,
+         Answers(cid, "Vault", "Secret9"),
+         {"3:cid;10.0.0.1;N;~" + cidIn, "3:cid;10.0.0.1;N;~" + cidIn,
+          "3:ann;10.0.0.1;N;bob;10.0.0.1;Y;cid;10.0.0.1;N;~7:ann;~" + cidIn, cidIn}},
+        {"full comes before the password", dan, Asks(dan, "Vault"), {"", "", "", "18:~"}},
+        {"a member rejects nobody",
+         cid,
+         Rejects(cid, "Vault", "bob"),
+         {"", "", "36:Only its creator can reject users from a room.;~"}},
+        {"a creator does not reject himself", ann, Rejects(ann, "Vault", "ANN"), {"36:You cannot reject yourself.;~"}},
+        {"who is not there is not rejected", ann, Rejects(ann, "Vault", "dan"), {}},
+        {"rejected, in other letters",
+         ann,
+         Rejects(ann, "vault", "BOB"),
+         {bobOut + "8:bob;~", bobOut + "42:~", bobOut + "8:bob;~", bobOut}},
+        {"rejected once more", ann, Rejects(ann, "Vault", "bob"), {}},
+        {"banned comes before all others", bob, Answers(bob, "Vault", "Secret9"), {"", "43:~"}},
+    });
+    bob.Says(client_message::Closing());
+    Client& again = LoggedOn("bob");
+    again.Enters("Go");
+    again.Reads();
+    again.Says(Asks(again, "Vault"));
+    EXPECT_EQ(again.Reads(), "43:~") << "a new logon changes nothing";
+    EXPECT_THAT(log.text, Not(testing::AnyOf(HasSubstr("Secret9"), HasSubstr("Wrong9"))));
+
+    Client& fay = InLobby("fay");
+    fay.Says(Creates(fay, "Key without a password", "4", "1", ""));
+    dan.Says(Asks(dan, "Key without a password"));
+    EXPECT_THAT(dan.Reads(), HasSubstr("7:fay;~")) << "locked, yet nothing to ask for";
+}
+
+struct WayOut {
+    const char* what;
+    std::string (*says)(const Client&);
+    std::string hears;  ///< the one who leaves, a member
+    std::string behind; ///< what follows for the others
+    bool gone;
+};
+
+TEST_F(RoomTest, HoweverOneLeavesHisRoomLearnsOfIt) {
+    const std::string left = "13:1:*;R;10.0.0.1;~";
+    const std::string ended = "13:1:*;R;10.0.0.1;1:bob;R;10.0.0.1;~11:R;~";
+    const WayOut ways[] = {
+        {"leaves the room", [](const Client& user) { return Leaves(user, "R"); }, "", "", false},
+        {"leaves the lobby", [](const Client& user) { return client_message::LeaveLobby(user.Record("Go")); },
+         "49:*;Go;0;~22:Go,4;Chess,1;~", "15:*;~49:*;Go;0;~", false},
+        {"says goodbye", [](const Client&) { return client_message::Closing(); }, "", "15:*;~49:*;Go;1;~", true},
+        {"goes without a word", nullptr, "", "15:*;~49:*;Go;1;~", true},
+    };
+    int number = 0;
+    for (const WayOut& way : ways) {
+        for (const bool creator : {false, true}) {
+            Client& fay = InLobby("fay" + std::to_string(++number));
+            Client& host = creator ? fay : ann;
+            host.Says(Creates(host, "R"));
+            bob.Says(Asks(bob, "R"));
+            if (!creator) fay.Says(Asks(fay, "R"));
+            ForgetAllRead();
+            if (way.says != nullptr)
+                fay.Says(way.says(fay));
+            else
+                Disconnects(fay);
+
+            const auto named = [&](std::string text) {
+                for (std::size_t at = text.find('*'); at != std::string::npos; at = text.find('*', at))
+                    text.replace(at, 1, fay.name);
+                return text;
+            };
+            const std::string toAll = creator ? ended : left;
+            EXPECT_EQ(fay.Reads(), way.gone ? "" : named((creator ? "9:~10:~" : "9:~") + toAll + way.hears))
+                << way.what;
+            EXPECT_EQ(bob.Reads(), named((creator ? "10:~" : "8:*;~") + toAll + way.behind)) << way.what;
+            EXPECT_EQ(cid.Reads(), named(toAll + way.behind)) << way.what;
+            if (fay.session != nullptr) Disconnects(fay);
+            ann.Says(Destroys(ann, "R"));
+            ForgetAllRead();
+        }
+    }
+}
+
+TEST_F(RoomTest, APreviewTakesOldNamesOffTheListFirst) {
+    OpenRedBase();
+    cid.Says(Creates(cid, "Key"));
+    ForgetAllRead();
+    const std::string annAndBob = "3:ann;10.0.0.1;N;bob;10.0.0.1;N;~";
+    Play({
+        {"first", dan, Previews(dan, "Red Base"), {"", "", "", annAndBob}},
+        {"again", dan, Previews(dan, "Red Base"), {"", "", "", "8:ann;~8:bob;~" + annAndBob}},
+        {"another", dan, Previews(dan, "Key"), {"", "", "", "8:ann;~8:bob;~3:cid;10.0.0.1;N;~"}},
+    });
+    Client& fay = InLobby("fay");
+    fay.Says(Asks(fay, "Red Base") + Leaves(fay, "Red Base")); // not what dan looks at
+    fay.Says(Asks(fay, "Key") + Leaves(fay, "Key"));
+    fay.Says(Asks(fay, "Key") + Leaves(fay, "Key"));
+    ForgetAllRead();
+    dan.Says(Previews(dan, "Red Base"));
+    EXPECT_EQ(dan.Reads(), "8:cid;~8:fay;~" + annAndBob) << "who came since, though he has gone";
+    dan.Says(Asks(dan, "Key"));
+    EXPECT_THAT(dan.Reads(), testing::StartsWith("8:ann;~8:bob;~3:cid;10.0.0.1;N;dan;10.0.0.1;N;~7:cid;~"));
+}
+
+TEST_F(RoomTest, WhatALongLookAtARoomRemembersIsBounded) {
+    OpenRedBase();
+    dan.Says(Previews(dan, "Red Base"));
+    constexpr std::size_t kVisitors = 200;
+    std::size_t most = 0;
+    std::string heard;
+    for (std::size_t i = 0; i < kVisitors; ++i) {
+        Client& visitor = InLobby("v" + std::to_string(i));
+        visitor.Says(Asks(visitor, "Red Base") + Leaves(visitor, "Red Base"));
+        heard += dan.Reads();
+        most = std::max(most, dan.session->shown.names.size());
+        Disconnects(visitor);
+    }
+    EXPECT_LE(most, 2U * kMostRoomUsers);
+    dan.Says(Previews(dan, "Red Base"));
+    heard += dan.Reads();
+    for (std::size_t i = 0; i < kVisitors; ++i) EXPECT_THAT(heard, HasSubstr("8:v" + std::to_string(i) + ";~"));
+}
+
+TEST_F(RoomTest, RoomLinesHaveALimitOfTheirOwn) {
+    OpenRedBase();
+    for (int i = 0; i < 20; ++i) bob.Says(Writes(bob, "Red Base", "x"));
+    std::string eight;
+    for (int i = 0; i < 8; ++i) eight += "4:bob:x:;~";
+    EXPECT_EQ(ann.Reads(), eight);
+    EXPECT_EQ(bob.Reads(), eight + "36:You are writing too fast. Your lines are not sent for a moment.;~");
+    bob.Says(client_message::LobbyLine(bob.Record("Go"), "y"));
+    EXPECT_EQ(ann.Reads(), "1:bob:y:;~");
+}
+
+} // namespace ombrin::server::test
