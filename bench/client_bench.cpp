@@ -19,6 +19,7 @@ class NoWaiter : public Waiter {
 public:
     void RunUntil(const bool&) override { std::abort(); } // no case opens a form
     void Block(Milliseconds) override {}
+    void Breathe() override {}
 };
 
 /// A client that is in a lobby.

@@ -1,5 +1,6 @@
 // A logged-on client under arrivals that are cut anywhere. In the input, the byte 255 ends an arrival; what is left of
-// the input arrives nested while forms are open, and a user who presses the first button closes them at the end.
+// the input arrives nested while forms are open, and a user who presses the first button closes them at the end. An
+// arrival that begins with the byte 254 is a press of the user instead.
 #include "fuzz_target.h"
 
 #include "foundation/runtime_error.h"
@@ -39,6 +40,7 @@ private:
             if (!Step()) client.Stack().RequestEnd();
     }
     void Block(Milliseconds) override {}
+    void Breathe() override {}
 
     /// An event, else the next arrival, else a press of the user; false when all are used up.
     bool Step() {
@@ -61,8 +63,68 @@ private:
         const std::size_t end = input.find('\xFF');
         const std::string_view arrival = input.substr(0, end);
         input.remove_prefix(end == std::string_view::npos ? input.size() : end + 1);
-        if (!arrival.empty()) server.Sends(arrival);
+        if (arrival.size() > 1 && arrival.front() == '\xFE')
+            Press(static_cast<unsigned char>(arrival[1]));
+        else if (!arrival.empty())
+            server.Sends(arrival);
         return true;
+    }
+
+    /// One of the things that a user does in a lobby and with rooms; the door refuses what he could not.
+    void Press(unsigned what) {
+        UserInput& input = client.Input();
+        View& view = client.MainView();
+        Dialogs& forms = client.Forms();
+        int enter = UserInput::kEnter;
+        switch (what % 16) {
+        case 0:
+            input.Click(view.Create);
+            break;
+        case 1:
+            input.Click(view.Enter);
+            break;
+        case 2:
+            input.Click(view.Leave);
+            break;
+        case 3:
+            input.Click(view.Destroy);
+            break;
+        case 4:
+            input.Click(view.PM);
+            break;
+        case 5:
+            input.Click(view.btnAddBuddy);
+            break;
+        case 6:
+            input.Click(view.btnRemoveBuddy);
+            break;
+        case 7:
+            input.DoubleClick(view.RoomList, 0);
+            break;
+        case 8:
+            input.DoubleClick(view.lbLobbies, 1);
+            break;
+        case 9:
+            input.RightClick(view.RoomUserList, 1), input.Choose(view.RejectUserMenu);
+            break;
+        case 10:
+            input.Type(view.RoomText, "hi"), input.Key(view.RoomText, enter, 0);
+            break;
+        case 11:
+            input.Type(forms.NewRoom.NewRoomName, "Base"), input.Click(forms.NewRoom.OKButton);
+            break;
+        case 12:
+            input.Type(forms.RoomPassword.Password, "gold"), input.Click(forms.RoomPassword.OKButton);
+            break;
+        case 13:
+            input.Type(forms.PMDialog.PrivateMessage, "psst"), input.Click(forms.PMDialog.PMSend);
+            break;
+        case 14:
+            input.AnswerText("zed");
+            break;
+        default:
+            client.CloseSocket();
+        }
     }
 
     void Press(Form& top) {

@@ -26,7 +26,7 @@ public:
     /// Raises 400 when it is visible already, and ProgramEnding when the program ends.
     void ShowModal();
     /// Shows the form beside the main view and returns at once. Raises 401 while a modal form is shown; a form that is
-    /// visible already stays as it is.
+    /// visible already comes to the front, unless a modal one is in its way.
     void Show();
     /// Ends the wait on it; a hidden form stays as it is.
     void Hide();

@@ -53,7 +53,10 @@ void ModalStack::ShowModal(Form& form) {
 
 void ModalStack::ShowModeless(Form& form) {
     if (ending) throw ProgramEnding{};
-    if (form.visible) return;
+    if (form.visible) {
+        if (TopModal() == nullptr && observer != nullptr) observer->FormRaised(form);
+        return;
+    }
     if (TopModal() != nullptr) throw RuntimeError(ErrorNumber::ModelessUnderModal);
     form.EnsureLoaded();
     if (!form.visible) Appear(form, false);
@@ -97,6 +100,9 @@ void ModalStack::Hide(Form& form) {
 void ModalStack::RequestEnd() {
     ending = true;
     for (Frame* frame : frames) frame->ended = true;
+    const std::vector<Form*> shown = visible;
+    for (Form* form : shown)
+        if (!form->modal) TakeAway(*form); // no wait of its own will do it
 }
 
 } // namespace ombrin

@@ -17,6 +17,7 @@ class FormObserver {
 public:
     virtual ~FormObserver() = default;
     virtual void FormShown(Form& form) = 0;
+    virtual void FormRaised(Form&) {} ///< one that is visible already comes to the front
     virtual void FormHidden(Form& form) = 0;
     virtual void MenuOpened(Menu& menu) = 0;
 };

@@ -183,6 +183,30 @@ void RowList::Clear() {
     if (onChange) onChange();
 }
 
+void RowList::SortBySubItem(std::size_t column) {
+    static const std::string kNone;
+    const auto key = [&](std::uint32_t slot) -> const std::string& {
+        const More* more = rows[slot].more.get();
+        return more != nullptr && column >= 1 && column <= more->subItems.size() ? more->subItems[column - 1] : kNone;
+    };
+    const auto isLess = [&](std::uint32_t a, std::uint32_t b) { return LessInSortedList(key(a), key(b)); };
+    std::vector<std::uint32_t> order;
+    order.reserve(count);
+    ForEach([&](RowId row) { order.push_back(row.slot); });
+    if (std::is_sorted(order.begin(), order.end(), isLess)) return;
+    std::stable_sort(order.begin(), order.end(), isLess);
+    auto next = order.begin();
+    for (const auto& chunk : chunks)
+        for (std::uint32_t& slot : chunk->slots) {
+            slot = *next++;
+            rows[slot].chunk = chunk.get();
+            rows[slot].sequence = nextSequence++;
+        }
+    Rehash(buckets.size()); // rows of one key are chained in their order
+    journal = {true, {}};
+    if (onChange) onChange();
+}
+
 void RowList::SetText(RowId id, std::string_view text) {
     Row& row = Of(id);
     if (row.text == text) return;

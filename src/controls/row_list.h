@@ -70,6 +70,9 @@ public:
     RowId InsertSorted(std::string_view text);
     void Remove(RowId row);
     void Clear();
+    /// Brings the rows into the order of a further column (from 1), compared as in a sorted list; equal ones keep
+    /// theirs. For short lists: it walks all rows.
+    void SortBySubItem(std::size_t column);
 
     // Of a row that is there:
     const std::string& Text(RowId row) const { return Of(row).text; }

@@ -45,4 +45,10 @@ void TextBox::Select(std::size_t start, std::size_t length) {
     Changed();
 }
 
+bool ComboBox::Choose(std::size_t index) {
+    if (index >= list.size()) return false;
+    SetText(list[index]);
+    return true;
+}
+
 } // namespace ombrin

@@ -82,7 +82,7 @@ public:
     };
 
     TextBox(Container& parent, std::string name, Form form)
-        : Control(parent, ControlKind::TextBox, std::move(name)), form(form) {}
+        : TextBox(parent, ControlKind::TextBox, std::move(name), form) {}
 
     const std::string& Text() const { return text; }
     /// By the client: nothing is cut, and the selection goes to the start.
@@ -102,6 +102,10 @@ public:
     /// Setting the key to 0 keeps it from the box.
     std::function<void(int& key)> KeyPress;
 
+protected:
+    TextBox(Container& parent, ControlKind kind, std::string name, Form form)
+        : Control(parent, kind, std::move(name)), form(form) {}
+
 private:
     /// No text box needs more than the wire carries in one message.
     static constexpr std::size_t kOwnLimit = 32'000;
@@ -110,6 +114,25 @@ private:
     Form form;
     std::string text;
     std::size_t selStart = 0, selLength = 0;
+};
+
+/// A text box with a list of texts to choose from, or such a list alone, whose text is one of its entries.
+class ComboBox : public TextBox {
+public:
+    enum class Style { FreeText, ListOnly };
+
+    ComboBox(Container& parent, std::string name, Style style)
+        : TextBox(parent, ControlKind::ComboBox, std::move(name), {}), style(style) {}
+
+    bool TakesFreeText() const { return style == Style::FreeText; }
+    const std::vector<std::string>& List() const { return list; }
+    void SetList(std::vector<std::string> entries) { Set(list, std::move(entries)); }
+    /// Takes the entry's text. False when there is none at this index, which counts from 0.
+    bool Choose(std::size_t index);
+
+private:
+    Style style;
+    std::vector<std::string> list;
 };
 
 } // namespace ombrin

@@ -16,6 +16,10 @@ Refusal Run(const Handler& handler) {
     return kTaken;
 }
 
+bool IsWrittenIn(const TextBox& box) {
+    return box.Kind() != ControlKind::ComboBox || static_cast<const ComboBox&>(box).TakesFreeText();
+}
+
 RowId RowAt(const RowList& rows, long row) { return row < 0 ? RowId{} : rows.At(static_cast<std::size_t>(row)); }
 
 } // namespace
@@ -110,10 +114,19 @@ Refusal UserInput::SelectRow(Control& control, long row, bool on) {
         list.Select(id);
         return Run(list.ItemClick);
     }
+    if (control.Kind() == ControlKind::ComboBox) {
+        auto& combo = static_cast<ComboBox&>(control);
+        if (row < 0 || static_cast<std::size_t>(row) >= combo.List().size()) return Refused("no such entry");
+        if (!on) return Refused("an entry stays chosen");
+        Take(combo);
+        combo.Choose(static_cast<std::size_t>(row));
+        return kTaken;
+    }
     return Refused("has no rows");
 }
 
 void UserInput::MouseUp(Control& control, int button) {
+    if (control.Kind() == ControlKind::ComboBox) return;
     if (Reach(control)) return; // the click has changed the world under the button
     const auto& handler = control.Kind() == ControlKind::ListBox ? static_cast<ListBox&>(control).MouseUp
                                                                  : static_cast<ListView&>(control).MouseUp;
@@ -128,6 +141,7 @@ Refusal UserInput::Select(Control& list, long row, bool on) {
 }
 
 Refusal UserInput::DoubleClick(Control& control, long row) {
+    if (control.Kind() == ControlKind::ComboBox) return Refused("takes no double click");
     if (const Refusal refusal = Select(control, row, true)) return refusal;
     if (Reach(control)) return kTaken;
     if (control.Kind() == ControlKind::ListBox) return Run(static_cast<ListBox&>(control).DblClick);
@@ -160,6 +174,7 @@ Refusal UserInput::Choose(MenuEntry& entry) {
 
 Refusal UserInput::Type(TextBox& box, std::string_view text) {
     if (const Refusal refusal = Reach(box)) return refusal;
+    if (!IsWrittenIn(box)) return Refused("an entry of its list can be chosen, nothing typed");
     if (text.find_first_of(std::string_view("\r\n\0", 3)) != std::string_view::npos) return Refused("one line only");
     Take(box);
     box.Type(text);
@@ -174,8 +189,10 @@ Refusal UserInput::Key(Control& control, int& key, int shift) {
         if (grid.KeyDown) grid.KeyDown(key, shift);
         return kTaken;
     }
-    if (control.Kind() != ControlKind::TextBox) return Refused("takes no keys");
+    if (control.Kind() != ControlKind::TextBox && control.Kind() != ControlKind::ComboBox)
+        return Refused("takes no keys");
     auto& box = static_cast<TextBox&>(control);
+    if (!IsWrittenIn(box)) return Refused("an entry of its list can be chosen, nothing typed");
     Take(box);
     if ((shift & kControl) != 0) return kTaken; // a shortcut, and no text
     if (box.KeyPress) box.KeyPress(key);

@@ -32,7 +32,8 @@ public:
     /// A button, an option button, or a list at its selected row.
     Refusal Click(Control& control);
     Refusal ClickCell(FlexGrid& grid, int row, int column);
-    /// A left click on a row; in a list for several rows, `on` sets or takes its mark.
+    /// A left click on a row, or the choice of an entry in a combo box; in a list for several rows, `on` sets or takes
+    /// the row's mark.
     Refusal Select(Control& list, long row, bool on);
     Refusal DoubleClick(Control& list, long row);
     /// The right button; row -1 is the empty area below the rows.

@@ -1,18 +1,41 @@
-// The buddy pane.
+// The buddy pane: who of the user's friends is on line, and where. The server keeps the list.
 #pragma once
 
-#include "lobby/desk.h"
+#include "lobby/private_messages.h"
+#include "lobby/row_limit.h"
 
 namespace ombrin {
 
 class Buddies {
 public:
-    explicit Buddies(Desk desk) : desk(desk) {}
+    Buddies(Desk desk, PrivateMessages& pm, Notices& notices, Sound& sound);
+
     /// Empties the pane and asks the server for the list.
     void Buddies_Click();
+    /// `<buddy>;<lobby>;` any number of times, the lobby empty for one who is not on line.
+    void DisplayBuddyList(std::string_view data);
+
+    // Public
+    void btnAddBuddy_Click() { AddBuddy_Click(); }
+    void btnRemoveBuddy_Click() { RemoveBuddy_Click(); }
 
 private:
+    void AddBuddy_Click();
+    void AddBuddyToBuddyList(const std::string& name);
+    void AddFrom(const std::string& name);
+    void RemoveBuddy_Click();
+    void BuddyPMMenu_Click();
+    void BuddyLV_MouseUp(int button);
+    bool IsAcceptable(const std::string& name);
+    void SetOnLine(RowId row, std::string_view lobby);
+    void SetOffLine(RowId row);
+    std::string SelectedBuddy() const;
+
     Desk desk;
+    PrivateMessages& pm;
+    Notices& notices;
+    Sound& sound;
+    RowLimit limit;
 };
 
 } // namespace ombrin

@@ -2,6 +2,7 @@
 
 #include "controls/user_input.h"
 #include "foundation/text.h"
+#include "lobby/copy_line.h"
 #include "session/wire/client_message.h"
 #include "session/wire/codec.h"
 
@@ -10,19 +11,27 @@
 namespace ombrin {
 
 Chat::Chat(Desk desk, IgnoredUsers& ignored, Sound& sound, Clipboard& clipboard, const TextMeasure& measure)
-    : desk(desk), ignored(ignored), sound(sound), clipboard(clipboard), measure(measure) {
+    : desk(desk), ignored(ignored), sound(sound), measure(measure) {
     View& view = desk.view;
     view.SendMain.Click = [this] { SendMain_Click(); };
     view.MainText.KeyPress = [this](int& key) { MainText_KeyPress(key); };
+    view.SendRoom.Click = [this] { SendRoom_Click(); };
+    view.RoomText.KeyPress = [this](int& key) { RoomText_KeyPress(key); };
     for (FlexGrid* grid : {&view.msflxMainChatLines, &view.msflexRoomLines})
-        grid->KeyDown = [this, grid](int& code, int shift) { CopyLine(*grid, code, shift); };
+        grid->KeyDown = [grid, &clipboard](int& code, int shift) { CopyLine(*grid, clipboard, code, shift); };
 }
 
 void Chat::AddGameLobbyChatLines(std::string_view data) {
-    desk.trap(__func__, [&] {
-        for (auto line = GetCommand(data, kFieldEnd); !line.empty(); line = GetCommand(data, kFieldEnd))
-            AddLineToFlexGrid(desk.view.msflxMainChatLines, line, true);
-    });
+    desk.trap(__func__, [&] { AddLines(desk.view.msflxMainChatLines, data); });
+}
+
+void Chat::AddRoomChatLines(std::string_view data) {
+    desk.trap(__func__, [&] { AddLines(desk.view.msflexRoomLines, data); });
+}
+
+void Chat::AddLines(FlexGrid& grid, std::string_view data) {
+    for (auto line = GetCommand(data, kFieldEnd); !line.empty(); line = GetCommand(data, kFieldEnd))
+        AddLineToFlexGrid(grid, line, true);
 }
 
 void Chat::AddLineToFlexGrid(FlexGrid& grid, std::string_view line, bool fromServer) {
@@ -82,26 +91,44 @@ void Chat::MainText_KeyPress(int& key) {
     });
 }
 
+void Chat::SendRoom_Click() {
+    desk.trap(__func__, [&] {
+        desk.TraceMessage("Send room pressed");
+        SendRoomText();
+        desk.view.RoomText.SetFocus();
+    });
+}
+
+void Chat::RoomText_KeyPress(int& key) {
+    desk.trap(__func__, [&] {
+        if (key != UserInput::kEnter) return;
+        key = 0;
+        SendRoomText();
+    });
+}
+
 void Chat::SendMainText() {
     TextBox& box = desk.view.MainText;
     if (box.Text().empty()) return;
-    const std::string encoded = EncodeData(box.Text());
-    box.SetText(encoded);
-    AddLineToFlexGrid(desk.view.msflxMainChatLines, Join(desk.session.m_UserName, ":", encoded, ":"), false);
+    const std::string encoded = ShowOwnLine(box, desk.view.msflxMainChatLines);
     desk.link.SendData(client_message::LobbyLine(desk.session.m_UserData, encoded));
     box.SetText("");
 }
 
-/// Ctrl+C: the text of the current line, never its sender.
-void Chat::CopyLine(FlexGrid& grid, int& code, int shift) {
-    constexpr int kC = 67;
-    if (code != kC || shift != UserInput::kControl) return;
-    try {
-        grid.SetCol(1);
-        clipboard.SetText(grid.Text());
-    } catch (const RuntimeError&) { // a clipboard that cannot be had is no failure here
-    }
-    code = 0;
+void Chat::SendRoomText() {
+    TextBox& box = desk.view.RoomText;
+    if (box.Text().empty()) return;
+    const std::string encoded = ShowOwnLine(box, desk.view.msflexRoomLines);
+    desk.link.SendData(client_message::RoomLine(desk.session.m_UserData, encoded, desk.session.m_CurrentRoom));
+    box.SetText("");
+}
+
+/// The line is shown when it is sent, as the server's copy of it will not be.
+std::string Chat::ShowOwnLine(TextBox& box, FlexGrid& grid) {
+    const std::string encoded = EncodeData(box.Text());
+    box.SetText(encoded);
+    AddLineToFlexGrid(grid, Join(desk.session.m_UserName, ":", encoded, ":"), false);
+    return encoded;
 }
 
 } // namespace ombrin

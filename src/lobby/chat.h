@@ -1,4 +1,4 @@
-// Chat in the lobby. The routine that adds a line serves every chat view.
+// Chat in the lobby and in a room. The routine that adds a line serves every chat view.
 #pragma once
 
 #include "lobby/ignored_users.h"
@@ -15,6 +15,7 @@ public:
 
     /// `<sender>:<text>:;` any number of times.
     void AddGameLobbyChatLines(std::string_view data);
+    void AddRoomChatLines(std::string_view data);
     /// One line `<sender>:<encoded text>:`. From the server the user's own lines are dropped, as they were shown when
     /// they were sent.
     void AddLineToFlexGrid(FlexGrid& grid, std::string_view line, bool fromServer);
@@ -22,14 +23,17 @@ public:
 private:
     void SendMain_Click();
     void MainText_KeyPress(int& key);
+    void SendRoom_Click();
+    void RoomText_KeyPress(int& key);
     void SendMainText();
-    void CopyLine(FlexGrid& grid, int& code, int shift);
+    void SendRoomText();
+    std::string ShowOwnLine(TextBox& box, FlexGrid& grid);
+    void AddLines(FlexGrid& grid, std::string_view data);
     void ReSizeFlexGridCellHeight(FlexGrid& grid, int row);
 
     Desk desk;
     IgnoredUsers& ignored;
     Sound& sound;
-    Clipboard& clipboard;
     const TextMeasure& measure;
 };
 

@@ -52,6 +52,7 @@ void LobbyDirectory::TakeLobby(const std::string& row) {
     desk.TraceMessage(Join("user selected lobby ", session.m_CurrentLobby));
     ReplaceLobbyNameInUserData(session.m_UserData, session.m_CurrentLobby);
     desk.language.SetLobbyCaption(desk.view.ChatFrame, session.m_CurrentLobby);
+    desk.view.CleanUpTimer.SetOn(true); // a change of lobby has stopped it
 }
 
 void LobbyDirectory::SwitchLobbies(std::string_view data) {

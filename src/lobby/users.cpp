@@ -5,7 +5,6 @@
 #include "session/wire/codec.h"
 
 #include <array>
-#include <utility>
 
 namespace ombrin {
 
@@ -15,14 +14,15 @@ namespace {
 /// nothing.
 struct StatusImage {
     std::string_view status;
-    int inList, inChange; ///< 0: no image there, no change here
+    int inList, inChange;       ///< 0: no image there, no change here
+    std::int16_t roomUsers = 0; ///< by a change, of the room that it names
 };
 
 constexpr std::array kStatusImages{
-    StatusImage{"1", 1, 1}, // in the lobby, in no room
-    StatusImage{"2", 2, 2}, // in a room
-    StatusImage{"3", 3, 3}, // in a game
-    StatusImage{"5", 0, 2},
+    StatusImage{"1", 1, 1, -1}, // in the lobby, in no room
+    StatusImage{"2", 2, 2, 1},  // in a room
+    StatusImage{"3", 3, 3, 0},  // in a game
+    StatusImage{"5", 0, 2, 0},
 };
 
 StatusImage ImageOf(std::string_view status) {
@@ -33,11 +33,11 @@ StatusImage ImageOf(std::string_view status) {
 
 } // namespace
 
-Users::Users(Desk desk, IgnoredUsers& ignored, LobbyDirectory& lobbies, Buddies& buddies, Connection& connection,
-             Sound& sound)
-    : desk(desk), ignored(ignored), lobbies(lobbies), buddies(buddies), connection(connection), sound(sound) {
+Users::Users(Desk desk, IgnoredUsers& ignored, LobbyDirectory& lobbies, Rooms& rooms, Buddies& buddies,
+             Connection& connection, Sound& sound)
+    : desk(desk), ignored(ignored), lobbies(lobbies), rooms(rooms), buddies(buddies), connection(connection),
+      sound(sound), limit(desk.trap.log, "users") {
     desk.view.UserList.MouseUp = [this](int button) { UserList_MouseUp(button); };
-    desk.view.UserList.DblClick = [this] { this->desk.TraceMessage("user list double clicked"); };
     desk.view.lbAllUsers.MouseUp = [this](int button) {
         if (button == UserInput::kRight) this->desk.view.PopUp(this->desk.view.AllUsersMenu);
     };
@@ -52,7 +52,7 @@ void Users::AddGameLobbyUsers(std::string_view data) {
         for (auto name = GetCommand(data, kFieldEnd); !name.empty(); name = GetCommand(data, kFieldEnd)) {
             const StatusImage image = ImageOf(GetCommand(data, kFieldEnd));
             own = own || name == session.m_UserName;
-            if (IsFull(desk.view.UserList.rows)) continue;
+            if (limit.IsFull(desk.view.UserList.rows)) continue;
             const RowId row = desk.view.UserList.Add(name);
             desk.view.UserList.rows.SetImage(row, image.inList);
             ignored.UserIgnored(name);
@@ -70,12 +70,15 @@ void Users::SetUserStatus(std::string_view data) {
             const std::string_view status = GetCommand(data, kCodeEnd);
             const std::string_view user = GetCommand(data, kFieldEnd);
             if (user.empty()) return;
-            GetCommand(data, kFieldEnd); // the room
-            GetCommand(data, kFieldEnd); // the user's address
-            RowList& rows = desk.view.UserList.rows;
-            const RowId row = rows.Find(user);
-            const int image = ImageOf(status).inChange;
-            if (row && image != 0) rows.SetImage(row, image);
+            const std::string_view room = GetCommand(data, kFieldEnd), address = GetCommand(data, kFieldEnd);
+            RowList& list = desk.view.UserList.rows;
+            const RowId row = list.Find(user);
+            if (!row) continue; // the room's count stays, too
+            const StatusImage known = ImageOf(status);
+            if (known.inChange != 0) list.SetImage(row, known.inChange);
+            if (known.roomUsers == 0) continue;
+            rooms.UpdateSelectedRoomUsers(user, room, address, known.roomUsers > 0);
+            rooms.UpdateRoomUserCount(room, known.roomUsers);
         }
     });
 }
@@ -93,7 +96,7 @@ void Users::AddAllUsersToListBox(std::string_view data) {
         desk.TraceMessage("adding all users to all users list box");
         ListBox& list = desk.view.lbAllUsers;
         list.Clear();
-        for (auto name = GetCommand(data, kFieldEnd); !name.empty() && !IsFull(list.rows);
+        for (auto name = GetCommand(data, kFieldEnd); !name.empty() && !limit.IsFull(list.rows);
              name = GetCommand(data, kFieldEnd))
             list.Add(name);
     });
@@ -106,7 +109,7 @@ void Users::AddUserToAllUsersListBox(std::string_view data) {
         if (name.empty()) return;
         desk.TraceMessage(Join("adding user ", name, " to all users list box"));
         RowList& rows = desk.view.lbAllUsers.rows;
-        if (!rows.Find(name) && !IsFull(rows)) desk.view.lbAllUsers.Add(name);
+        if (!rows.Find(name) && !limit.IsFull(rows)) desk.view.lbAllUsers.Add(name);
         lobbies.UpdateLobbyUserCount(lobby, true);
     });
 }
@@ -122,14 +125,6 @@ void Users::RemoveUserFromAllUsersListBox(std::string_view data) {
         if (const RowId row = rows.Find(name); row && gone == "1") rows.Remove(row);
         lobbies.UpdateLobbyUserCount(lobby, false);
     });
-}
-
-bool Users::IsFull(const RowList& rows) {
-    if (rows.Count() < kMostUsers) return false;
-    if (!std::exchange(saidFull, true))
-        desk.TraceMessage(
-            Join("the server names more than ", std::to_string(kMostUsers), " users; the others are left out"));
-    return true;
 }
 
 void Users::UserList_MouseUp(int button) {

@@ -4,17 +4,15 @@
 #include "lobby/buddies.h"
 #include "lobby/ignored_users.h"
 #include "lobby/lobby_directory.h"
+#include "lobby/rooms.h"
 #include "platform/desktop.h"
 
 namespace ombrin {
 
 class Users {
 public:
-    /// Rows of each list at most, far more than a service has users: what a server can make this client hold.
-    static constexpr std::size_t kMostUsers = 200'000;
-
-    Users(Desk desk, IgnoredUsers& ignored, LobbyDirectory& lobbies, Buddies& buddies, Connection& connection,
-          Sound& sound);
+    Users(Desk desk, IgnoredUsers& ignored, LobbyDirectory& lobbies, Rooms& rooms, Buddies& buddies,
+          Connection& connection, Sound& sound);
 
     /// `<user>;<status>;` any number of times: users of the lobby, all of them or one who comes.
     void AddGameLobbyUsers(std::string_view data);
@@ -31,15 +29,15 @@ public:
 
 private:
     void UserList_MouseUp(int button);
-    bool IsFull(const RowList& rows);
 
     Desk desk;
     IgnoredUsers& ignored;
     LobbyDirectory& lobbies;
+    Rooms& rooms;
     Buddies& buddies;
     Connection& connection;
     Sound& sound;
-    bool saidFull = false;
+    RowLimit limit;
 };
 
 } // namespace ombrin

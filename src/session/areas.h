@@ -5,6 +5,9 @@
 #include "lobby/chat.h"
 #include "lobby/ignored_users.h"
 #include "lobby/lobby_directory.h"
+#include "lobby/pinger.h"
+#include "lobby/private_messages.h"
+#include "lobby/rooms.h"
 #include "lobby/users.h"
 #include "session/keep_alive.h"
 #include "session/logon.h"
@@ -18,26 +21,42 @@ struct AreaNeeds {
     Clipboard& clipboard;
     const TextMeasure& measure;
     Alarms& alarms;
+    Pings& pings;
+    Notifier& notifier;
     LogonDialogs dialogs;
+    RoomDialogs roomDialogs;
+    PMDialog& pmDialog;
     LobbyFilter& lobbyFilter;
     const Layout& layout;
+    const std::string& roomWord;
+    std::string appPath;
     std::function<void()> closeClient;
 };
 
 struct Areas {
     Areas(Desk desk, const AreaNeeds& needs)
-        : session(desk.session), sound(needs.sound), general(desk), ignored(desk),
-          chat(desk, ignored, needs.sound, needs.clipboard, needs.measure), buddies(desk),
+        : session(desk.session), sound(needs.sound), general(desk), ignored(desk), position(desk.view, desk.trap.log),
+          frame(desk.view.RoomBorder, needs.roomWord), pinger(desk, needs.pings), notices(desk, needs.notifier),
+          chat(desk, ignored, needs.sound, needs.clipboard, needs.measure),
+          pm(desk, needs.pmDialog, ignored, chat, notices, needs.sound, needs.appPath),
+          buddies(desk, pm, notices, needs.sound), rooms(desk, needs.roomDialogs, position, frame, pinger, needs.sound),
           lobbies(desk, needs.dialogs.connection, needs.lobbyFilter, needs.dialogs.mainLobby),
-          users(desk, ignored, lobbies, buddies, needs.dialogs.connection, needs.sound), connector(desk, needs.alarms),
-          logon(desk, needs.dialogs, connector, needs.layout, needs.closeClient), keepAlive(desk) {}
+          users(desk, ignored, lobbies, rooms, buddies, needs.dialogs.connection, needs.sound),
+          connector(desk, needs.alarms), logon(desk, needs.dialogs, connector, needs.layout, needs.closeClient),
+          keepAlive(desk, {ignored, position, connector, logon}, needs.dialogs, frame) {}
 
     Session& session;
     Sound& sound;
     ServerMessages general;
     IgnoredUsers ignored;
+    RoomPosition position;
+    RoomFrame frame;
+    Pinger pinger;
+    Notices notices;
     Chat chat;
+    PrivateMessages pm;
     Buddies buddies;
+    Rooms rooms;
     LobbyDirectory lobbies;
     Users users;
     Connector connector;

@@ -15,10 +15,12 @@ constexpr std::string_view kConnectTrace = "attempting to connect to the server.
 } // namespace
 
 Dialogs::Dialogs(ModalStack& stack, Settings& settings, Session& session, IniFiles& files, Localisation& language,
-                 Boxes& boxes, ConfigurableButtons& targets, Trap& trap)
+                 Messages& messages, ConfigurableButtons& targets, Clipboard& clipboard, Trap& trap)
     : ChooseLanguage(stack, language, trap), Connection(stack, settings, session, language, trap),
       LobbyFilter(stack, files, trap), ExeMainLobby(stack, settings, session, language, trap),
-      UsrNmPwIP(stack, settings, language, boxes, targets, trap), CreateAccount(stack, language, trap) {}
+      UsrNmPwIP(stack, settings, language, messages.boxes, targets, trap), CreateAccount(stack, language, trap),
+      NewRoom(stack, messages, language, trap), RoomPassword(stack, messages, language, trap),
+      PMDialog(stack, settings, messages, language, clipboard, trap) {}
 
 GameLobby::GameLobby(Platform given)
     : platform(std::move(given)), stack(platform.waiter, platform.holdEvents), boxes(stack),
@@ -27,20 +29,35 @@ GameLobby::GameLobby(Platform given)
       settings(platform.files, platform.places.SettingsFile()), language(iniFiles, trap), messages(boxes, language),
       targets(iniFiles, platform.opener, boxes, trap, platform.places.AppPath()), view(platform.alarms),
       layout(view, platform.measure, log), input(view, stack),
-      dialogs(stack, settings, session, iniFiles, language, boxes, targets, trap),
+      dialogs(stack, settings, session, iniFiles, language, messages, targets, platform.clipboard, trap),
       viewLanguage(view, language, dialogs.ChooseLanguage, trap),
       textColours(settings, trap,
                   {&view.lbLobbies, &view.msflxMainChatLines, &view.MainText, &view.RoomText, &view.UserList,
-                   &view.lbAllUsers, &view.RoomList, &view.msflexRoomLines, &view.RoomUserList, &view.BuddyLV}),
+                   &view.lbAllUsers, &view.RoomList, &view.msflexRoomLines, &view.RoomUserList, &view.BuddyLV,
+                   &dialogs.NewRoom.NewRoomName, &dialogs.NewRoom.MaxUsers, &dialogs.NewRoom.Password,
+                   &dialogs.PMDialog.msflxPMLines, &dialogs.PMDialog.PrivateMessage, &dialogs.PMDialog.User,
+                   &dialogs.RoomPassword.Password}),
       link(platform.network, session, messages, log,
-           {[this] { Winsock_Connect(); }, [this](std::size_t) { Winsock_DataArrival(); }, [this] { Winsock_Close(); },
-            [this](ConnectFailure why) { Winsock_Failed(why); }}) {
-    const LogonDialogs logonDialogs{dialogs.UsrNmPwIP, dialogs.CreateAccount, dialogs.Connection, dialogs.ExeMainLobby};
-    areas = std::make_unique<Areas>(Desk{view, session, link, messages, language, settings, iniFiles, trap},
-                                    AreaNeeds{platform.sound, platform.clipboard, platform.measure, platform.alarms,
-                                              logonDialogs, dialogs.LobbyFilter, layout, [this] {
-                                                  if (CloseClient) CloseClient();
-                                              }});
+           {[this] { Winsock_Connect(); }, [this](std::size_t) { Winsock_DataArrival(); },
+            [this] { areas->keepAlive.Winsock_Close(); }, [this](ConnectFailure why) { Winsock_Failed(why); }}) {
+    areas = std::make_unique<Areas>(
+        Desk{view, session, link, messages, language, settings, iniFiles, trap},
+        AreaNeeds{.sound = platform.sound,
+                  .clipboard = platform.clipboard,
+                  .measure = platform.measure,
+                  .alarms = platform.alarms,
+                  .pings = platform.pings,
+                  .notifier = platform.notifier,
+                  .dialogs = {dialogs.UsrNmPwIP, dialogs.CreateAccount, dialogs.Connection, dialogs.ExeMainLobby},
+                  .roomDialogs = {dialogs.NewRoom, dialogs.RoomPassword},
+                  .pmDialog = dialogs.PMDialog,
+                  .lobbyFilter = dialogs.LobbyFilter,
+                  .layout = layout,
+                  .roomWord = viewLanguage.m_sRoomWord,
+                  .appPath = platform.places.AppPath(),
+                  .closeClient = [this] {
+                      if (CloseClient) CloseClient();
+                  }});
 }
 
 GameLobby::~GameLobby() = default;
@@ -179,10 +196,6 @@ void GameLobby::Winsock_DataArrival() {
                     false);
         }
     });
-}
-
-void GameLobby::Winsock_Close() {
-    trap(__func__, [&] { log.TraceMessage("Winsock closed"); });
 }
 
 /// Nothing of the client reacts to it; a host can show the reason beside the dialog that waits.

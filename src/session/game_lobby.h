@@ -8,6 +8,8 @@
 #include "platform/alarms.h"
 #include "platform/desktop.h"
 #include "platform/network.h"
+#include "platform/notifier.h"
+#include "platform/pings.h"
 #include "platform/waiter.h"
 #include "session/areas.h"
 #include "session/stored_properties.h"
@@ -30,6 +32,8 @@ struct Platform {
     Files& files;
     Sound& sound;
     Clipboard& clipboard;
+    Pings& pings;
+    Notifier& notifier;
     TargetOpener& opener;
     const TextMeasure& measure;
     Waiter& waiter;
@@ -40,7 +44,7 @@ struct Platform {
 /// All the dialogs, which exist from the start.
 struct Dialogs {
     Dialogs(ModalStack& stack, Settings& settings, Session& session, IniFiles& files, Localisation& language,
-            Boxes& boxes, ConfigurableButtons& targets, Trap& trap);
+            Messages& messages, ConfigurableButtons& targets, Clipboard& clipboard, Trap& trap);
 
     ombrin::ChooseLanguage ChooseLanguage;
     ombrin::Connection Connection;
@@ -48,9 +52,13 @@ struct Dialogs {
     ombrin::ExeMainLobby ExeMainLobby;
     ombrin::UsrNmPwIP UsrNmPwIP;
     ombrin::CreateAccount CreateAccount;
+    ombrin::NewRoom NewRoom;
+    ombrin::RoomPassword RoomPassword;
+    ombrin::PMDialog PMDialog;
 
     std::vector<Form*> All() {
-        return {&ChooseLanguage, &Connection, &LobbyFilter, &ExeMainLobby, &UsrNmPwIP, &CreateAccount};
+        return {&ChooseLanguage, &Connection, &LobbyFilter,  &ExeMainLobby, &UsrNmPwIP,
+                &CreateAccount,  &NewRoom,    &RoomPassword, &PMDialog};
     }
 };
 
@@ -84,6 +92,13 @@ public:
     void DisplayCreateAccount(bool ShowLogon) { areas->logon.DisplayCreateAccount(ShowLogon); }
     void ProcessLogonBanner() { areas->logon.ProcessLogonBanner(); }
     void SendData(std::string_view Data);
+    void ProcessRoomPassword() { areas->rooms.ProcessRoomPassword(); }
+    void DisplayPMDialog() { areas->pm.DisplayPMDialog(); }
+    void btnAddBuddy_Click() { areas->buddies.btnAddBuddy_Click(); }
+    void btnRemoveBuddy_Click() { areas->buddies.btnRemoveBuddy_Click(); }
+    bool IsSocketConnected() { return areas->keepAlive.IsSocketConnected(); }
+    /// Ends the connection and logs on anew: the only way back from a lost one. Waits in dialogs, as Show does.
+    void CloseSocket() { areas->keepAlive.CloseSocket(); }
 
     /// The main view's size in pixels, at any time.
     void Resize(int width, int height);
@@ -94,6 +109,7 @@ public:
     ModalStack& Stack() { return stack; }
     UserInput& Input() { return input; }
     const Session& Marks() const { return session; }
+    Position RoomPosition() const { return areas->position.Now(); }
     const Link& Connection() const { return link; }
     Settings& Store() { return settings; }
     IniFiles& Inis() { return iniFiles; }
@@ -101,7 +117,6 @@ public:
 private:
     void Winsock_Connect();
     void Winsock_DataArrival();
-    void Winsock_Close();
     void Winsock_Failed(ConnectFailure why);
     void Start(std::optional<std::string> userData);
     void ReadPresets();

@@ -7,7 +7,8 @@
 
 namespace ombrin {
 
-KeepAlive::KeepAlive(Desk desk) : desk(desk) {
+KeepAlive::KeepAlive(Desk desk, Peers peers, LogonDialogs dialogs, RoomFrame frame)
+    : desk(desk), peers(peers), dialogs(dialogs), frame(frame) {
     View& view = desk.view;
     view.HeartBeatTimer.Tick = [this] { HeartBeatTimer_Timer(); };
     view.Logoff.Click = [this] { Logoff_Click(); };
@@ -58,9 +59,70 @@ void KeepAlive::Logoff_Click() {
         session.m_IsRoomCreator = false;
         session.m_CurrentRoom.clear();
         session.m_SelectedRoom.clear();
+        frame.Show("");
         view.SetEnabled(false);
         desk.link.SendData(client_message::LeaveLobby(session.m_UserData));
     });
+}
+
+void KeepAlive::Winsock_Close() {
+    desk.trap(__func__, [&] {
+        desk.TraceMessage("Winsock closed");
+        if (desk.link.IsConnected()) desk.link.SendData(client_message::Closing());
+    });
+}
+
+bool KeepAlive::IsSocketConnected() {
+    if (desk.link.IsConnected()) return true;
+    desk.messages.DisplayMessage(text::kError15);
+    desk.view.SetEnabled(false);
+    return false;
+}
+
+void KeepAlive::CloseSocket() {
+    desk.trap(__func__, [&] {
+        desk.TraceMessage("CloseSocket() called.");
+        peers.connector.GiveUp();
+        UserLoggedOff();
+    });
+}
+
+void KeepAlive::UserLoggedOff() {
+    std::optional<Failure> failure;
+    try {
+        StartAnew();
+    } catch (const ProgramEnding&) {
+        throw;
+    } catch (...) {
+        failure = CurrentFailure();
+    }
+    if (failure) peers.connector.ReportFailure(*failure);
+}
+
+void KeepAlive::StartAnew() {
+    constexpr std::string_view kTrace = "attempting to connect to the server in routine UserLoggedOff.  Local port: ";
+    Session& session = desk.session;
+    View& view = desk.view;
+    view.lbLobbies.Clear();
+    view.lbAllUsers.Clear();
+    for (ListView* list : {&view.UserList, &view.RoomList, &view.RoomUserList, &view.BuddyLV}) list->Clear();
+    for (FlexGrid* grid : {&view.msflxMainChatLines, &view.msflexRoomLines}) ClearFlexGrid(*grid);
+    view.MainText.SetText("");
+    peers.position.Take(RoomEvent::LoggedOff);
+    dialogs.logon.Closed = dialogs.logon.ConnectPressed = false;
+    dialogs.mainLobby.LobbySelected = false;
+    session.m_IsRoomCreator = false;
+    session.m_CurrentRoom.clear();
+    session.m_SelectedRoom.clear();
+    frame.Show("");
+    session.m_ServerConnected = false;
+    session.m_bBannersEnabled = false;
+    peers.ignored.StartAnew();
+    session.HeartBeatCountdown = kUsualInterval;
+    peers.logon.DisplayLogonBanner();
+    if (peers.logon.LogonDialogClosed()) return;
+    peers.connector.Start(kTrace); // to the host of the last connection
+    if (session.m_StandAlone) peers.logon.RunCancelLoop(kTrace);
 }
 
 } // namespace ombrin

@@ -24,25 +24,31 @@ void LobbyList(Areas& a, Payload p) {
     a.lobbies.SwitchLobbies(p);
 }
 
+void OwnRoom(Areas& a, Payload p) {
+    a.rooms.RoomCreated();
+    a.rooms.AddRoomUserNames(p);
+    a.pinger.PingTimer_Timer();
+}
+
 constexpr std::array kServerCodes{
     ServerCode{"0", [](Areas& a, Payload p) { a.users.AddGameLobbyUsers(p); }},
     ServerCode{"1", [](Areas& a, Payload p) { a.chat.AddGameLobbyChatLines(p); }},
-    ServerCode{"2", kUnserved},
-    ServerCode{"3", kUnserved},
-    ServerCode{"4", kUnserved},
-    ServerCode{"5", kUnserved},
-    ServerCode{"7", kUnserved},
-    ServerCode{"8", kUnserved},
-    ServerCode{"9", kUnserved},
-    ServerCode{"10", kUnserved},
-    ServerCode{"11", kUnserved},
+    ServerCode{"2", [](Areas& a, Payload p) { a.rooms.AddGameLobbyRooms(p); }},
+    ServerCode{"3", [](Areas& a, Payload p) { a.rooms.AddRoomUserNames(p); }},
+    ServerCode{"4", [](Areas& a, Payload p) { a.chat.AddRoomChatLines(p); }},
+    ServerCode{"5", OwnRoom},
+    ServerCode{"7", [](Areas& a, Payload p) { a.rooms.RoomEntered(p); }},
+    ServerCode{"8", [](Areas& a, Payload p) { a.rooms.RemoveRoomUser(p); }},
+    ServerCode{"9", [](Areas& a, Payload) { a.rooms.LeaveRoom(); }},
+    ServerCode{"10", [](Areas& a, Payload) { a.rooms.DestroyRoom(); }},
+    ServerCode{"11", [](Areas& a, Payload p) { a.rooms.RemoveGameLobbyRoom(p); }},
     ServerCode{"12", kUnserved},
     ServerCode{"13", [](Areas& a, Payload p) { a.users.SetUserStatus(p); }},
-    ServerCode{"14", kUnserved},
+    ServerCode{"14", [](Areas& a, Payload p) { a.rooms.SetRoomStatus(p); }},
     ServerCode{"15", [](Areas& a, Payload p) { a.users.RemoveGameLobbyUser(p); }},
-    ServerCode{"17", kUnserved},
-    ServerCode{"18", kUnserved},
-    ServerCode{"19", kUnserved},
+    ServerCode{"17", [](Areas& a, Payload) { a.rooms.CreateRefused(); }},
+    ServerCode{"18", [](Areas& a, Payload) { a.rooms.EnterRefused(text::kError2); }},
+    ServerCode{"19", [](Areas& a, Payload) { a.rooms.EnterRefused(text::kError3); }},
     ServerCode{"20", [](Areas& a, Payload) { a.general.NotLoggedOn(); }},
     ServerCode{"21", [](Areas& a, Payload p) { a.lobbies.SetGameLobby(p); }},
     ServerCode{"22", LobbyList},
@@ -55,17 +61,17 @@ constexpr std::array kServerCodes{
     ServerCode{"30", [](Areas& a, Payload) { a.logon.AccountRefused(text::kError11); }},
     ServerCode{"31", [](Areas& a, Payload) { a.logon.AccountRefused(text::kError12); }},
     ServerCode{"32", [](Areas& a, Payload) { a.logon.AccountRefused(text::kError13); }},
-    ServerCode{"33", kUnserved},
-    ServerCode{"34", kUnserved},
-    ServerCode{"35", kUnserved},
+    ServerCode{"33", [](Areas& a, Payload) { a.rooms.PasswordRefused(); }},
+    ServerCode{"34", [](Areas& a, Payload) { a.rooms.ProcessRoomPassword(); }},
+    ServerCode{"35", [](Areas& a, Payload p) { a.pm.ReceivePrivateMessage(p); }},
     ServerCode{"36", [](Areas& a, Payload p) { a.general.DisplayGeneralErrorMessage(p); }},
     ServerCode{"37", kUnserved},
     ServerCode{"38", [](Areas& a, Payload) { a.general.TakeLogoffButton(); }},
     ServerCode{"39", kUnserved},
     ServerCode{"40", kUnserved},
-    ServerCode{"41", kUnserved},
-    ServerCode{"42", kUnserved},
-    ServerCode{"43", kUnserved},
+    ServerCode{"41", [](Areas& a, Payload p) { a.buddies.DisplayBuddyList(p); }},
+    ServerCode{"42", [](Areas& a, Payload) { a.rooms.Rejected(); }},
+    ServerCode{"43", [](Areas& a, Payload) { a.rooms.Banned(); }},
     ServerCode{"44", [](Areas&, Payload) {}}, // accepted and ignored
     ServerCode{"45", [](Areas& a, Payload p) { a.general.TakeAddress(p); }},
     ServerCode{"46", [](Areas& a, Payload p) { a.lobbies.PasswordRefused(p); }},

@@ -146,6 +146,29 @@ TEST(RowList, AClearedListForgetsItsRowsForGoodAndIsReadAnew) {
     EXPECT_EQ(list.Find("bob"), other);
 }
 
+TEST(RowList, SortedByAFurtherColumnItsRowsAreFoundInTheNewOrder) {
+    RowList list(BeforeColon);
+    list.Journal([] {});
+    constexpr int kRows = 1500; // several pieces
+    for (int i = 0; i < kRows; ++i)
+        list.SetSubItem(list.Append("twin:" + std::to_string(i)), 2, std::to_string(kRows + kRows - i));
+    const RowId last = list.At(kRows - 1);
+    list.TakeJournal();
+    list.SortBySubItem(2);
+    EXPECT_EQ(list.Find("twin"), last) << "the first of the twins now";
+    EXPECT_EQ(list.PositionOf(last), 0u);
+    EXPECT_TRUE(list.TakeJournal().everything);
+    for (int i = 1; i < kRows; ++i)
+        ASSERT_LE(list.SubItem(list.At(static_cast<std::size_t>(i - 1)), 2),
+                  list.SubItem(list.At(static_cast<std::size_t>(i)), 2));
+    list.SortBySubItem(2);
+    EXPECT_FALSE(list.TakeJournal().everything) << "nothing to do";
+    list.Remove(last);
+    EXPECT_EQ(list.PositionOf(list.Find("twin")), 0u);
+    EXPECT_EQ(list.Text(list.Append("twin:new")), "twin:new");
+    EXPECT_EQ(list.PositionOf(list.Find("twin")), 0u) << "one that is added stands behind";
+}
+
 TEST(RowList, AJournalHoldsItsBoundAndThenGivesUp) {
     RowList list;
     list.Journal([] {});

@@ -32,6 +32,7 @@ public:
         }
     }
     void Block(Milliseconds) override {}
+    void Breathe() override {}
 
 private:
     std::deque<std::function<void()>> steps;

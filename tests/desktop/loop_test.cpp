@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPaintEvent>
 #include <QTest>
+#include <QThread>
 #include <QTimer>
 #include <gtest/gtest.h>
 #include <sys/socket.h>
@@ -41,9 +42,11 @@ protected:
     EventLoop& core = stage.world.loop;
 
     void See(std::function<void()> look) { stage.Step(std::move(look)); }
+    void OnlyPaints(const std::function<void()>& wait, int atLeast, qint64 frame);
 };
 
-TEST_F(Loops, ABlockingWaitPaintsAndDropsWhatThePersonDoesAndRunsNothingOfTheCore) {
+/// `wait` lasts 150 ms at least, in which the window has to be painted so often.
+void Loops::OnlyPaints(const std::function<void()>& wait, int atLeast, qint64 frame) {
     const SocketPair sockets;
     Painted picture(&stage.window);
     picture.setGeometry(0, 0, 20, 20);
@@ -70,11 +73,12 @@ TEST_F(Loops, ABlockingWaitPaintsAndDropsWhatThePersonDoesAndRunsNothingOfTheCor
         repaint.start(5);
         QElapsedTimer length;
         length.start();
-        stage.loop.Block(Milliseconds(150));
+        wait();
         EXPECT_GE(length.elapsed(), 150);
+        EXPECT_LE(picture.paints, length.elapsed() / frame + 1);
         repaint.stop();
         EXPECT_EQ(posts + alarms + arrivals, 0);
-        EXPECT_GE(picture.paints, 5);
+        EXPECT_GE(picture.paints, atLeast);
         EXPECT_EQ(dropped, 1);
     });
     stage.Until([&] { return posts == 1 && alarms == 1 && arrivals == 1; }, "what the wait has held up");
@@ -87,6 +91,18 @@ TEST_F(Loops, ABlockingWaitPaintsAndDropsWhatThePersonDoesAndRunsNothingOfTheCor
     stage.Types(QStringLiteral("y"));
     See([&] { EXPECT_EQ(name.Text(), "y") << "what comes afterwards is taken"; });
     EXPECT_TRUE(stage.Run());
+}
+
+TEST_F(Loops, ABlockingWaitPaintsAndDropsWhatThePersonDoesAndRunsNothingOfTheCore) {
+    OnlyPaints([&] { stage.loop.Block(Milliseconds(150)); }, 5, 1);
+}
+
+TEST_F(Loops, LongWorkThatBreathesDoesTheSameWithThirtyFramesASecond) {
+    const auto work = [&] {
+        QElapsedTimer length;
+        for (length.start(); length.elapsed() < 150; QThread::msleep(1)) stage.loop.Breathe();
+    };
+    OnlyPaints(work, 2, 33);
 }
 
 TEST_F(Loops, NestedWaitsEndByTheirOwnMarksAndAtOnce) {
@@ -116,8 +132,11 @@ TEST_F(Loops, AFloodOfTheCoresEventsLeavesPaintingAndTimersTheirTurn) {
     picture.setGeometry(0, 0, 20, 20);
     bool flooding = true;
     std::size_t events = 0;
+    QElapsedTimer since;
+    since.start();
     std::function<void()> flood = [&] {
         ++events;
+        flooding = flooding && since.elapsed() < 5000; // ms
         if (flooding) core.Post(flood);
     };
     int ticks = 0;
@@ -133,6 +152,7 @@ TEST_F(Loops, AFloodOfTheCoresEventsLeavesPaintingAndTimersTheirTurn) {
     });
     stage.Until([&] { return ticks >= 20; }, "Qt's timers");
     See([&] {
+        EXPECT_TRUE(flooding) << "not only when it is over";
         flooding = false;
         EXPECT_GE(picture.paints, 10);
         EXPECT_GT(events, 1000u);

@@ -262,6 +262,23 @@ class Client(Console):
         """The lines of the lobby's chat as (sender, text)."""
         return [tuple(row) for row in self.get("msflxMainChatLines")["rows"][1:] if any(row)]
 
+    def room_lines(self):
+        return [tuple(row) for row in self.get("msflexRoomLines")["rows"][1:] if any(row)]
+
+    def private_lines(self):
+        return [tuple(row) for row in self.get("PMDialog.msflxPMLines")["rows"][1:] if any(row)]
+
+    def room_users(self):
+        return sorted(self.rows("RoomUserList"))
+
+    def buddies(self):
+        """Where each buddy is, by name."""
+        return {row["text"]: row["sub"][0] for row in self.get("BuddyLV")["rows"]}
+
+    def status_of(self, user):
+        """The picture of a user: 1 in the lobby, 2 in a room, 3 in a game."""
+        return next(row["image"] for row in self.get("UserList")["rows"] if row["text"] == user)
+
     def in_lobby(self, lobby=None):
         marks = self.marks()
         return marks["Enabled"] and not self.forms() and lobby in (None, marks["m_CurrentLobby"])
@@ -282,6 +299,31 @@ class Client(Console):
 
     def sees_line(self, sender, text):
         self.until(f"the line {text!r} of {sender}", lambda: (sender, text) in self.lines())
+
+    def sees_rooms(self, *rows):
+        self.until(f"the rooms {', '.join(rows) or 'none'}", lambda: self.rows("RoomList") == list(rows))
+
+    def sees_in_room(self, *names, room=None):
+        """These users in the room that he is in, or that he looks at."""
+        self.until(f"the users {', '.join(names)} of a room", lambda: self.room_users() == sorted(names) and (
+            room is None or self.marks()["m_CurrentRoom"] == room))
+
+    def sees_room_line(self, sender, text):
+        self.until(f"the line {text!r} of {sender} in the room", lambda: (sender, text) in self.room_lines())
+
+    def sees_private_line(self, sender, text):
+        self.until(f"the private line {text!r} of {sender}", lambda: (sender, text) in self.private_lines())
+
+    def sees_buddies(self, **places):
+        self.until(f"the buddies {places}", lambda: self.buddies() == places)
+
+    def sees_no_room(self):
+        self.until("the lobby without a room", lambda: (
+            not self.marks()["m_CurrentRoom"] and self.marks()["Enabled"] and not self.forms()))
+
+    def sees_the_end(self):
+        """The server is gone."""
+        self.until("the end of the connection", lambda: not self.marks()["connected"])
 
     def reads_box(self, press=OK):
         """The text of the message box that comes; presses one of its buttons."""
@@ -333,10 +375,62 @@ class Client(Console):
     def go_to(self, lobby):
         self.do("dblclick", at="lbLobbies", row=self.row_of("lbLobbies", lobby))
 
-    def choose_for_user(self, user, entry):
-        """An entry of the menu that the right button opens on a user."""
-        self.do("rightclick", at="UserList", row=self.row_of("UserList", user))
+    def choose_for(self, at, row, entry):
+        """An entry of the menu that the right button opens on a row."""
+        self.do("rightclick", at=at, row=self.row_of(at, row))
         self.do("choose", entry=entry)
+
+    def choose_for_user(self, user, entry):
+        self.choose_for("UserList", user, entry)
+
+    def create_room(self, name, users=" 2", password=None):
+        self.press("Create")
+        self.sees_form("NewRoom")
+        self.type("NewRoom.NewRoomName", name)
+        self.do("select", at="NewRoom.MaxUsers", row=self.get("NewRoom.MaxUsers")["list"].index(users))
+        self.do("check", at="NewRoom.PasswordRoom", on=password is not None)
+        if password is not None:
+            self.type("NewRoom.Password", password)
+        self.press("NewRoom.OKButton")
+
+    def room_row(self, name):
+        return next(number for number, row in enumerate(self.rows("RoomList")) if row.startswith(name + " ("))
+
+    def preview(self, room):
+        self.do("select", at="RoomList", row=self.room_row(room))
+
+    def enter_room(self, room):
+        self.preview(room)
+        self.press("Enter")
+
+    def give_password(self, password):
+        self.sees_form("RoomPassword")
+        self.type("RoomPassword.Password", password)
+        self.press("RoomPassword.OKButton")
+
+    def say_in_room(self, text):
+        self.type("RoomText", text)
+        self.press("SendRoom")
+
+    def write_to(self, user, text):
+        """A private message by way of the user's row."""
+        self.choose_for_user(user, "PMMenu")
+        self.answer_privately(text)
+
+    def answer_privately(self, text):
+        """To whom the dialog addresses."""
+        self.type("PMDialog.PrivateMessage", text)
+        self.press("PMDialog.PMSend")
+
+    def add_buddy(self, name):
+        self.press("btnAddBuddy")
+        self.do("answer", text=name)
+
+    def log_on_again(self):
+        """After a lost connection, with what the dialog holds."""
+        self.do("call", member="CloseSocket", args=[])
+        self.sees_form("UsrNmPwIP")
+        self.press("UsrNmPwIP.Connect")
 
     # -- behind the screen
 

@@ -1,63 +1,14 @@
-#!/usr/bin/python3
-"""Whole-system cases: cases.py [-l] [WORD …]
-
-Runs the cases whose name holds one of the words, all of them without a word; -l lists them. Each case has a server and
-clients of its own. When one fails, what every process said is printed.
-"""
+"""Logon and accounts, lobbies, chat in a lobby, the end."""
 import configparser
-import os
 import signal
-import socket
-import sys
-import time
 
-from evening import LANGUAGE_FILE, Evening, Failure, Refused, equal, leave_nothing_when_stopped
+from casebook import TWO_LOBBIES, case, closed_port, lobby_of, processor_time
+from evening import LANGUAGE_FILE, Failure, equal
 
-CASES = []
-
-TWO_LOBBIES = {"lobbies": [{"name": "Chess"}, {"name": "Go"}]}
 GREETING = "Rules of the house: be kind; have fun ~ always"
 WITH_A_PASSWORD = {"lobbies": [{"name": "Chess"}, {"name": "Vault", "password": "gold"}]}
 NOT_CONNECTED = "ERROR:  No longer connected to the server, data cannot be sent."
 CYAN = 0x00FFFF00       # the colour of ignored users
-
-
-def case(function):
-    CASES.append(function)
-    return function
-
-
-def name_of(function):
-    return function.__name__.replace("_", " ")
-
-
-def lobby_of(evening, *names, server=None, lobby="Chess"):
-    """A server with two lobbies and everybody named in the first of them; server and clients."""
-    server = server or evening.server(TWO_LOBBIES, "--open-accounts")
-    clients = []
-    for name in names:
-        client = evening.client(name, lobbies=("Chess", "Go"))
-        client.do("show")
-        client.log_on(server)
-        client.sees_lobby(lobby)
-        clients.append(client)
-    for client in clients:
-        client.sees_users(*names)
-    return server, *clients
-
-
-def processor_time(process):
-    """Seconds that a process has computed so far."""
-    with open(f"/proc/{process}/stat", encoding="ascii") as stat:
-        fields = stat.read().rsplit(")", 1)[1].split()
-    return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
-
-
-def closed_port():
-    with socket.socket() as probe:
-        probe.bind(("127.0.0.1", 0))
-        return probe.getsockname()[1]
-
 
 # -- logon and accounts
 
@@ -457,43 +408,3 @@ def a_client_ends_under_three_nested_forms_whatever_ends_it(evening):
         end(client)
         equal(client.ended(), 0, f"the exit status after {name}")
         equal(client.errors(), [], f"complaints after {name}")
-
-
-# -- running them
-
-
-def run(function):
-    """True when the case passed."""
-    start = time.monotonic()
-    evening = Evening()
-    try:
-        function(evening)
-        evening.finish()
-    except Exception as why:    # whatever it is, the other cases are still to run
-        kind = "" if type(why) in (Failure, Refused) else type(why).__name__ + ": "
-        line = why.__traceback__
-        while line.tb_next and line.tb_next.tb_frame.f_code.co_filename == __file__:
-            line = line.tb_next
-        print(f"FAILED  {name_of(function)}\n        line {line.tb_lineno}: {kind}{why}\n{evening.report()}",
-              flush=True)
-        return False
-    finally:
-        evening.close()
-    print(f"ok      {name_of(function)} ({time.monotonic() - start:.1f} s)", flush=True)
-    return True
-
-
-def main(arguments):
-    leave_nothing_when_stopped()
-    if arguments == ["-l"]:
-        print("\n".join(map(name_of, CASES)))
-        return 0
-    chosen = [function for function in CASES
-              if not arguments or any(word in name_of(function) for word in arguments)]
-    results = [run(function) for function in chosen]
-    print(f"{sum(results)} passed, {len(results) - sum(results)} failed")
-    return 0 if results and all(results) else 1
-
-
-if __name__ == "__main__":
-    sys.exit(main(sys.argv[1:]))

@@ -1,8 +1,9 @@
 #!/usr/bin/python3
-"""Plays an evening with a server and three clients and tells it. What is told was read from a client's screen."""
+"""An evening of three friends with a server, told while it goes on. What is told was read from a client's screen; what
+does not come out as it should stops it."""
 import sys
 
-from evening import Evening, Failure, leave_nothing_when_stopped
+from evening import OK, Evening, Failure, equal, leave_nothing_when_stopped
 
 SET_UP = {
     "greeting": "Good evening, and have fun: it is Chess night!",
@@ -11,6 +12,9 @@ SET_UP = {
 }
 
 COLOURS = {0x0000FF00: "green", 0x00FFFF00: "cyan", 0x00FFFFFF: "white"}    # red is the low byte
+
+
+YES = 6                 # a button of a message box
 
 
 def tell(text):
@@ -29,6 +33,27 @@ def listed(words):
 
 def caption(client, at):
     return client.get(at)["caption"].replace("&", "")
+
+
+def words(client, key, english):
+    """A text of the system in the client's language."""
+    if client.language == "English":
+        return english
+    return client.do("ini", file="AVfLang.ini", section=client.language, key=key)["value"]
+
+
+def tell_box(client, does, key, english, press=OK):
+    """What the user does brings a box with this text."""
+    text = client.reads_box(press)
+    equal(text, words(client, key, english), f"what {client.name} reads when he {does}")
+    tell(f"{client.name} {does} and reads: \"{text}\"")
+
+
+def tell_room(client):
+    """The room that a client shows."""
+    rooms = listed(client.rows("RoomList")) or "none"
+    users = listed(client.room_users()) or "nobody"
+    tell(f"  {client.name}'s screen: \"{caption(client, 'RoomBorder')}\" with {users}; rooms: {rooms}.")
 
 
 def tell_screen(client):
@@ -50,6 +75,7 @@ def guest(evening, name, language):
     """Starts a client for the first time, up to the logon dialog."""
     client = evening.client(name, language=None)
     client.told = 0
+    client.language = language
     client.do("show")
     client.sees_form("ChooseLanguage")
     buttons = [f"ChooseLanguage.Radio{number}" for number in range(1, 15)]
@@ -128,6 +154,176 @@ def enter_with_password(client, lobby, passwords):
             tell(f"{client.name} tries \"{password}\" and reads: \"{client.get('ExeMainLobby.StatusBar')['text']}\".")
 
 
+def open_a_room(ann, bob, cid):
+    ann.create_room("Base", users=" 4", password="gold")
+    ann.sees_in_room("Ann", room="Base")
+    tell("Ann creates the room \"Base\" for 4 with a password.")
+    for friend in (bob, cid):
+        friend.sees_rooms("Base (1/4)")
+        friend.until("the key on the room", lambda: friend.get("RoomList")["rows"][0]["image"] == 3)
+        friend.until("Ann's picture", lambda: friend.status_of("Ann") == 2)
+    bob.preview("Base")
+    bob.sees_in_room("Ann")
+    tell("Bob looks into it without entering.")
+    tell_room(bob)
+    bob.press("Enter")
+    bob.give_password("silver")
+    tell_box(bob, "enters with \"silver\"", "Error5", "Error: Invalid password!")
+    bob.give_password("gold")
+    bob.sees_in_room("Ann", "Bob", room="Base")
+    ann.sees_in_room("Ann", "Bob")
+    cid.sees_rooms("Base (2/4)")
+    equal(bob.marks()["m_RoomHostAddress"], "127.0.0.1", "the host's address")
+    tell("Bob tries \"gold\" and is in.")
+    tell_room(ann)
+
+
+def chat_in_the_room(ann, bob, cid):
+    for speaker, listener, text in ((ann, bob, "welcome; are you ready?"), (bob, ann, "5 min: ok ~")):
+        speaker.say_in_room(text)
+        listener.sees_room_line(speaker.name, text)
+        tell(f"{speaker.name} says in the room: {text}")
+    speak(cid, "where is everybody?", [ann, bob])
+    equal(cid.room_lines(), [], "what Cid sees of the room's chat")
+    tell("  Lines of the room on Cid's screen: 0.")
+
+
+def write_privately(bob, cid):
+    cid.write_to("Bob", "let me in; please")
+    bob.sees_private_line("Cid", "let me in; please")
+    tell(f"Cid writes to Bob alone. \"{caption(bob, 'PMDialog')}\" opens on Bob's screen with his line.")
+    bob.answer_privately("the word is gold")
+    cid.sees_private_line("Bob", "the word is gold")
+    tell(f"  Cid's dialog: {'; '.join(f'{who}: {text}' for who, text in cid.private_lines())}")
+    for friend in (bob, cid):
+        friend.press("PMDialog.OKButton")
+
+
+def reject_and_ban(ann, bob, cid):
+    cid.enter_room("Base")
+    cid.give_password("gold")
+    ann.sees_in_room("Ann", "Bob", "Cid")
+    tell("Cid enters.")
+    tell_room(ann)
+    ann.choose_for("RoomUserList", "Cid", "RejectUserMenu")
+    tell("Ann right-clicks him and chooses \"Reject\".")
+    tell_box(cid, "is put out", "RoomRejection", "You were rejected from the room.")
+    cid.sees_no_room()
+    ann.sees_in_room("Ann", "Bob")
+    cid.enter_room("Base")
+    tell_box(cid, "tries again", "RoomBanned", "You are banned from this room.")
+    cid.sees_no_room()
+    tell_room(cid)
+
+
+def ignore_cid(ann, bob, cid):
+    ignore(ann, "Cid")
+    cid.write_to("Ann", "sorry")
+    cid.sees_private_line("Cid", "sorry")
+    cid.press("PMDialog.OKButton")
+    speak(cid, "BUY CHESS SETS!!!", [bob])
+    speak(bob, "Not now, Cid.", [ann])
+    equal((ann.forms(), [who for who, _ in ann.lines()].count("Cid")), ([], 1), "what Ann is shown of Cid")
+    tell("  Lines of Cid's on Ann's screen, in chat and dialog, since then: 0.")
+    ann.choose_for_user("Cid", "UnignoreUser")
+    tell("Ann takes him back.")
+
+
+def leave_and_destroy(ann, bob, cid):
+    bob.press("Leave")
+    bob.sees_no_room()
+    ann.sees_in_room("Ann")
+    cid.sees_rooms("Base (1/4)")
+    tell("Bob leaves the room.")
+    bob.enter_room("Base")
+    bob.give_password("gold")
+    ann.sees_in_room("Ann", "Bob")
+    tell("He comes back.")
+    ann.press("Destroy")
+    tell_box(ann, "destroys the room", "DestroyRoom", "Are you sure you want to destroy this room?", YES)
+    for friend in (ann, bob, cid):
+        friend.sees_no_room()
+        friend.sees_rooms()
+        friend.until("everybody in the lobby", lambda: {friend.status_of(name) for name in friend.users()} == {1})
+    tell_room(bob)
+
+
+def follow_buddies(ann, bob, cid):
+    bob.add_buddy("Cid")
+    bob.sees_buddies(Cid="Chess")
+    tell(f"Bob makes Cid a buddy. Bob's pane: Cid, {bob.buddies()['Cid']}.")
+    cid.go_to("Go")
+    cid.sees_lobby("Go")
+    cid.told = 0
+    bob.sees_buddies(Cid="Go")
+    tell("Cid double-clicks Go.")
+    tell_screen(cid)
+    tell_new_lines(cid)
+    tell(f"  Bob's pane: Cid, {bob.buddies()['Cid']}.")
+    ann.sees_users("Ann", "Bob")
+    tell_screen(ann)
+    enter_with_password(ann, "Members", ["silver", "gold"])
+    tell_screen(ann)
+    tell_new_lines(ann)
+    for friend in (ann, cid):
+        friend.go_to("Chess")
+        friend.sees_lobby("Chess")
+        friend.told = 0
+    for friend in (ann, bob, cid):
+        friend.sees_users("Ann", "Bob", "Cid")
+    tell("Ann and Cid come back to Chess.")
+
+
+def come_and_go(evening, server, bob, cid):
+    """Cid, as he is after a new start of his client."""
+    tell(f"Cid quits; his client ends with {cid.quit()}.")
+    bob.sees_buddies(Cid="Offline")
+    tell(f"  Bob's pane: Cid, {bob.buddies()['Cid']}.")
+    sounds = len(bob.happened("sound", name="BudNotif.wav"))
+    language = cid.language
+    cid = evening.client("Cid", language=None)
+    cid.told, cid.language = 0, language
+    cid.do("show")
+    cid.log_on(server)
+    cid.sees_users("Ann", "Bob", "Cid")
+    bob.sees_buddies(Cid="Chess")
+    tell(f"He starts it again and is back. Bob's pane: Cid, {bob.buddies()['Cid']}; "
+         f"{len(bob.happened('sound', name='BudNotif.wav')) - sounds} sound of a buddy.")
+    return cid
+
+
+def lose_the_server(evening, server, friends):
+    ann, bob, cid = friends
+    ann.create_room("Again")
+    ann.sees_in_room("Ann", room="Again")
+    bob.sees_rooms("Again (1/2)")
+    server.kill()
+    tell("Ann has another room when the server dies.")
+    for friend in friends:
+        friend.sees_the_end()
+        equal(friend.forms(), [], f"{friend.name}'s forms")
+    bob.say("hello?")
+    tell_box(bob, "types \"hello?\"", "Error18",
+             "ERROR:  No longer connected to the server, data cannot be sent.")
+    server = evening.server(SET_UP, port=server.port)
+    tell("The server is back, on the same port.")
+    for friend in friends:
+        friend.log_on_again()
+        friend.told = 0
+    for friend in friends:
+        friend.sees_users("Ann", "Bob", "Cid")
+        friend.sees_rooms()
+    bob.sees_buddies(Cid="Chess")
+    tell("Everybody logs on again with what the dialog holds.")
+    for friend in friends:
+        tell_screen(friend)
+    ann.create_room("Third")
+    for friend in (bob, cid):
+        friend.sees_rooms("Third (1/2)")
+    tell_room(bob)
+    return server
+
+
 def play(evening):
     server = evening.server(SET_UP)
     tell(f"The server listens on {server.host}, port {server.port}.")
@@ -137,51 +333,39 @@ def play(evening):
     arrive(ann, server, ["Chess", "Go", "Members"])
     bob = guest(evening, "Bob", "Deutsch")
     arrive(bob, server, ["Chess", "Go"])
-    eve = guest(evening, "Eve", "Français")
-    arrive(eve, server, ["Chess", "Go"])
+    cid = guest(evening, "Cid", "Français")
+    arrive(cid, server, ["Chess", "Go"])
     for client in (ann, bob):
-        client.sees_users("Ann", "Bob", "Eve")
+        client.sees_users("Ann", "Bob", "Cid")
     tell_screen(ann)
-
-    heading("Chat")
-    speak(ann, "Hello Bob; ready for a game?", [bob, eve])
+    speak(ann, "Hello Bob; ready for a game?", [bob, cid])
     speak(bob, "Grüße! In 5 min ~ vielleicht 10: ok?", [ann])
-    ignore(ann, "Eve")
-    speak(eve, "BUY CHESS SETS!!!", [bob])
-    speak(bob, "Not now, Eve.", [ann])
-    tell(f"  Lines of Eve's in Ann's chat: {sum(sender == 'Eve' for sender, _ in ann.lines())}.")
 
-    heading("Other lobbies")
-    bob.go_to("Go")
-    bob.sees_lobby("Go")
-    bob.sees_users("Bob")
-    bob.told = 0
-    tell("Bob double-clicks Go.")
-    tell_screen(bob)
-    tell_new_lines(bob)
-    ann.sees_users("Ann", "Eve")
-    tell_screen(ann)
-    enter_with_password(ann, "Members", ["silver", "gold"])
-    tell_screen(ann)
-    tell_new_lines(ann)
-    ann.go_to("Go")
-    ann.sees_lobby("Go")
-    ann.sees_users("Ann", "Bob")
-    ann.told = 0
-    bob.sees_users("Ann", "Bob")
-    tell("Ann follows Bob to Go.")
-    tell_screen(bob)
+    heading("A room")
+    open_a_room(ann, bob, cid)
+    chat_in_the_room(ann, bob, cid)
+    write_privately(bob, cid)
+    reject_and_ban(ann, bob, cid)
+    ignore_cid(ann, bob, cid)
+    leave_and_destroy(ann, bob, cid)
+
+    heading("Buddies and other lobbies")
+    follow_buddies(ann, bob, cid)
+    cid = come_and_go(evening, server, bob, cid)
+
+    heading("The server dies, and returns")
+    server = lose_the_server(evening, server, (ann, bob, cid))
 
     heading("The end")
     tell(f"Ann quits; her client ends with {ann.quit()}.")
-    bob.sees_users("Bob")
+    for friend in (bob, cid):
+        friend.sees_users("Bob", "Cid")
+        friend.sees_rooms()
     tell_screen(bob)
+    tell_room(bob)
     tell(f"The server is asked to end, and ends with {server.quit()}.")
-    bob.until("the end of the connection", lambda: bob.happened("closed", socket="Winsock"))
-    bob.say("Gute Nacht")
-    tell(f"Bob types \"Gute Nacht\" and reads: \"{bob.reads_box()}\"")
     evening.finish()
-    tell("Bob and Eve quit.")
+    tell("Bob and Cid quit.")
 
 
 def main():

@@ -68,6 +68,7 @@ public:
 private:
     void RunUntil(const bool& ended) override;
     void Block(Milliseconds) override {}
+    void Breathe() override {}
     void PassTime();
     bool DispatchOne();
 

@@ -6,6 +6,8 @@
 #include "platform/recording/memory_files.h"
 #include "platform/recording/recording_desktop.h"
 #include "platform/recording/recording_network.h"
+#include "platform/recording/recording_notifier.h"
+#include "platform/recording/recording_pings.h"
 #include "session/game_lobby.h"
 
 #include <string>
@@ -22,13 +24,26 @@ struct RecordedWorld {
     recording::PlayedNetwork network;
     recording::RecordingSound sound{journal};
     recording::RecordingClipboard clipboard{journal};
+    recording::RecordingPings pings{journal};
+    recording::RecordingNotifier notifier{journal};
     recording::RecordingOpener opener{journal};
     recording::FixedMeasure measure;
     Places places{"/home"};
 
-    Platform ForClient(Waiter& waiter) {
-        return {network,   loop,   clock,   files,  sound,
-                clipboard, opener, measure, waiter, [this](bool held) { loop.Hold(held); },
+    /// `real` takes the place of the played network.
+    Platform ForClient(Waiter& waiter, Network* real = nullptr) {
+        return {real != nullptr ? *real : static_cast<Network&>(network),
+                loop,
+                clock,
+                files,
+                sound,
+                clipboard,
+                pings,
+                notifier,
+                opener,
+                measure,
+                waiter,
+                [this](bool held) { loop.Hold(held); },
                 places};
     }
 

@@ -6,6 +6,7 @@
 #include "hosts/console/reading.h"
 
 #include <array>
+#include <map>
 #include <nlohmann/json.hpp>
 
 namespace ombrin::console {
@@ -264,24 +265,48 @@ struct Commands::Table {
         return {};
     }
 
-    static Json ChangeWorld(Commands& c, A a) {
+    using PingAnswers = std::map<std::string, Pings::Answer, std::less<>>;
+
+    static std::deque<int> ConnectErrors(const Json& value) {
+        if (!value.is_array()) throw Refused{"\"connect\" is no list"};
         std::deque<int> errors;
+        for (const Json& error : value) {
+            if (!error.is_number_integer()) throw Refused{"an error number is no whole number"};
+            errors.push_back(error.get<int>());
+        }
+        return errors;
+    }
+
+    static PingAnswers AnswersOfPings(const Json& value) {
+        if (!value.is_object()) throw Refused{"\"ping\" is no object"};
+        PingAnswers answers;
+        for (const auto& [address, time] : value.items()) {
+            const bool isTime = time.is_number_integer() && time >= 0 && time <= 1'000'000;
+            if (!isTime && !time.is_null()) throw Refused{"a ping's time is no whole number of milliseconds, nor null"};
+            answers[address] = isTime ? Pings::Answer(time.get<std::int32_t>()) : std::nullopt;
+        }
+        return answers;
+    }
+
+    /// All fields are read before the first one counts.
+    static Json ChangeWorld(Commands& c, A a) {
+        std::optional<std::deque<int>> connect;
+        std::optional<PingAnswers> pings;
         std::optional<int> open;
         for (const auto& [field, value] : a.json.items()) {
             if (field == "do") continue;
-            if (field == "open" && value.is_number_integer()) {
+            if (field == "open" && value.is_number_integer())
                 open = value.get<int>();
-            } else if (field == "connect" && value.is_array()) {
-                for (const Json& error : value) {
-                    if (!error.is_number_integer()) throw Refused{"an error number is no whole number"};
-                    errors.push_back(error.get<int>());
-                }
-            } else {
+            else if (field == "connect")
+                connect = ConnectErrors(value);
+            else if (field == "ping")
+                pings = AnswersOfPings(value);
+            else
                 throw Refused{Join("the world has no such \"", field, "\"")};
-            }
         }
         if (open) c.world.opener.result = *open;
-        if (a.Has("connect")) c.world.network.connectErrors = errors;
+        if (connect) c.world.network.connectErrors = *connect;
+        if (pings) c.world.pings.answers = *pings;
         return {};
     }
 

@@ -5,6 +5,7 @@
 #include "hosts/console/console_loop.h"
 #include "platform/recording/recording_desktop.h"
 #include "platform/recording/recording_network.h"
+#include "platform/recording/recording_pings.h"
 #include "session/game_lobby.h"
 
 #include <memory>
@@ -16,6 +17,7 @@ namespace ombrin::console {
 struct World {
     recording::TellingNetwork& network;
     recording::RecordingOpener& opener;
+    recording::RecordingPings& pings;
 };
 
 class Commands : public CommandRunner {

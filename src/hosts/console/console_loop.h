@@ -37,6 +37,7 @@ public:
 
     void RunUntil(const bool& ended) override;
     void Block(Milliseconds length) override;
+    void Breathe() override {} // nothing is painted
 
     /// Until the end is requested.
     void RunToTheEnd();

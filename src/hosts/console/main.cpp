@@ -5,6 +5,7 @@
 #include "platform/posix/home.h"
 #include "platform/posix/posix_desktop.h"
 #include "platform/posix/posix_network.h"
+#include "platform/posix/posix_pings.h"
 
 #include <CLI/CLI.hpp>
 #include <clocale>
@@ -79,21 +80,25 @@ int Run(const Options& options) {
     recording::TellingNetwork network(sockets, journal, options.wire);
     recording::RecordingSound recordedSound(journal);
     recording::RecordingClipboard recordedClipboard(journal);
+    recording::RecordingPings recordedPings(journal);
     recording::RecordingOpener recordedOpener(journal);
     PosixSound sound(root + "/app/sounds", page, loop);
     PosixClipboard clipboard(page);
+    PosixPings pings(loop);
+    NoNotifier notifier;
     PosixOpener opener(page);
     const recording::FixedMeasure measure;
 
     GameLobby client({network, events, clock, files,
                       options.IsReal("sound") ? static_cast<Sound&>(sound) : recordedSound,
                       options.IsReal("clipboard") ? static_cast<Clipboard&>(clipboard) : recordedClipboard,
+                      options.IsReal("ping") ? static_cast<Pings&>(pings) : recordedPings, notifier,
                       options.IsReal("open") ? static_cast<TargetOpener&>(opener) : recordedOpener, measure, loop,
                       [&](bool held) { events.Hold(held); }, places});
     client.CloseClient = [&] { journal({"CloseClient", {}}); };
     Teller teller(loop, page);
     client.Stack().SetObserver(&teller);
-    Commands commands(client, loop, {network, recordedOpener}, page);
+    Commands commands(client, loop, {network, recordedOpener, recordedPings}, page);
     loop.Attach(commands, client.Stack());
 
     const EndSignals signals(events, [&] { client.Stack().RequestEnd(); });

@@ -19,6 +19,8 @@ struct Member {
 Value Nothing() { return {}; }
 Value TextValue(std::string text) { return {Kind::Text, std::move(text), 0, false}; }
 
+Value TruthValue(bool truth) { return {Kind::Truth, "", 0, truth}; }
+
 constexpr std::array kMembers{
     Member{"Refresh", "", [](GameLobby& c, const Arguments&) { return c.Refresh(), Nothing(); }},
     Member{"SetAXParams", "t", [](GameLobby& c, const Arguments& a) { return TextValue(c.SetAXParams(a[0].text)); }},
@@ -33,6 +35,14 @@ constexpr std::array kMembers{
     Member{"DisplayCreateAccount", "b",
            [](GameLobby& c, const Arguments& a) { return c.DisplayCreateAccount(a[0].truth), Nothing(); }},
     Member{"ProcessLogonBanner", "", [](GameLobby& c, const Arguments&) { return c.ProcessLogonBanner(), Nothing(); }},
+    Member{"ProcessRoomPassword", "",
+           [](GameLobby& c, const Arguments&) { return c.ProcessRoomPassword(), Nothing(); }},
+    Member{"DisplayPMDialog", "", [](GameLobby& c, const Arguments&) { return c.DisplayPMDialog(), Nothing(); }},
+    Member{"btnAddBuddy_Click", "", [](GameLobby& c, const Arguments&) { return c.btnAddBuddy_Click(), Nothing(); }},
+    Member{"btnRemoveBuddy_Click", "",
+           [](GameLobby& c, const Arguments&) { return c.btnRemoveBuddy_Click(), Nothing(); }},
+    Member{"IsSocketConnected", "", [](GameLobby& c, const Arguments&) { return TruthValue(c.IsSocketConnected()); }},
+    Member{"CloseSocket", "", [](GameLobby& c, const Arguments&) { return c.CloseSocket(), Nothing(); }},
     Member{"SendData", "t", [](GameLobby& c, const Arguments& a) { return c.SendData(a[0].text), Nothing(); }},
 };
 

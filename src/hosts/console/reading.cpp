@@ -32,6 +32,10 @@ public:
         case ControlKind::TextBox:
             Read(static_cast<const TextBox&>(control), out);
             break;
+        case ControlKind::ComboBox:
+            Read(static_cast<const TextBox&>(control), out);
+            Read(static_cast<const ComboBox&>(control).List(), out);
+            break;
         case ControlKind::CheckBox:
             out["caption"] = Text(static_cast<const CheckBox&>(control).Caption());
             out["on"] = static_cast<const CheckBox&>(control).On();
@@ -117,6 +121,12 @@ private:
         out["row"] = grid.Row();
         out["topRow"] = grid.TopRow();
         out["heights"] = std::move(heights);
+    }
+
+    void Read(const std::vector<std::string>& entries, Json& out) const {
+        Json list = Json::array();
+        for (const std::string& entry : entries) list.push_back(Text(entry));
+        out["list"] = std::move(list);
     }
 
     void Read(const TextBox& box, Json& out) const {

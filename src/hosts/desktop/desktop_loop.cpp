@@ -1,7 +1,6 @@
 #include "hosts/desktop/desktop_loop.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QEvent>
 #include <QThread>
 #include <algorithm>
@@ -13,6 +12,9 @@ namespace {
 
 /// A turn of the core's events at most, so that painting and input get theirs.
 constexpr qint64 kTurn = 8; // ms
+
+/// Between two breaths at least.
+constexpr qint64 kBreath = 33; // ms
 
 } // namespace
 
@@ -73,6 +75,15 @@ void DesktopLoop::Block(Milliseconds length) {
     }
     blocking = false;
     more.start(0); // what the notifier told meanwhile
+}
+
+void DesktopLoop::Breathe() {
+    if (blocking || (breathed.isValid() && breathed.elapsed() < kBreath)) return;
+    blocking = true;
+    QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers);
+    blocking = false;
+    breathed.start();
+    more.start(0); // as after a blocking wait
 }
 
 /// Clicks and keys of a blocking wait are dropped, not kept for later.

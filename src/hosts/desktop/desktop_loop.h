@@ -6,6 +6,7 @@
 #include "platform/posix/event_loop.h"
 #include "platform/waiter.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QSocketNotifier>
 #include <QTimer>
@@ -23,6 +24,7 @@ public:
 
     void RunUntil(const bool& ended) override;
     void Block(Milliseconds length) override;
+    void Breathe() override;
 
     /// Until the end of the program is requested.
     void RunToTheEnd();
@@ -46,6 +48,7 @@ private:
     std::function<void()> changed;
     const bool* waitingFor = nullptr; ///< the innermost wait's mark
     bool blocking = false;
+    QElapsedTimer breathed; ///< since the end of the last breath
 };
 
 } // namespace ombrin::desktop

@@ -35,6 +35,21 @@ ConnectFailure Why(int problem) {
     throw RuntimeError(ErrorNumber::DeviceIo, "the connection cannot be started");
 }
 
+/// A peer that has gone without a word is found within a minute, whether or not something is on its way to it.
+void NoticeSilence(const Descriptor& connection) {
+    const struct {
+        int level, option, value;
+    } kOptions[] = {
+        {SOL_SOCKET, SO_KEEPALIVE, 1},
+        {IPPROTO_TCP, TCP_KEEPIDLE, 30},  // seconds of silence before it is asked,
+        {IPPROTO_TCP, TCP_KEEPINTVL, 10}, // between two questions,
+        {IPPROTO_TCP, TCP_KEEPCNT, 3},
+        {IPPROTO_TCP, TCP_USER_TIMEOUT, 60'000}, // and milliseconds that what was sent may stay unconfirmed
+    };
+    for (const auto& row : kOptions)
+        setsockopt(connection.Number(), row.level, row.option, &row.value, sizeof row.value);
+}
+
 std::string AddressOfMachine() {
     ifaddrs* found = nullptr;
     std::string text = "127.0.0.1";
@@ -141,7 +156,6 @@ private:
         if (!descriptor) return errno;
         const int on = 1;
         setsockopt(descriptor.Number(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
-        setsockopt(descriptor.Number(), SOL_SOCKET, SO_KEEPALIVE, &on, sizeof on);
         if (bindPort != 0 && !Bind(address.Family())) return errno;
         int problem = 0;
         if (connect(descriptor.Number(), reinterpret_cast<const sockaddr*>(&address.storage), address.length) != 0)
@@ -185,6 +199,7 @@ private:
             if (problem != 0) return Missed(Why(problem));
             state = SocketState::Connected;
             candidates.clear();
+            NoticeSilence(descriptor);
             LocalPort = LocalAddress().Port();
             watch.SetInterest(EventLoop::Interest::Read);
             events.connected();

@@ -163,7 +163,7 @@ inline constexpr std::array kCaptionKeys{
     CaptionKey{"RoomPassword", "OKButton", "OK"},
     CaptionKey{"RoomPassword", "CancelButton", "Cancel"},
     CaptionKey{"PMDialog", "", "PrivateMessage"},
-    CaptionKey{"PMDialog", "Label1", "MessageTo"},
+    CaptionKey{"PMDialog", "MessageOwner", "MessageTo"},
     CaptionKey{"PMDialog", "PMSend", "Send"},
     CaptionKey{"PMDialog", "OKButton", "Close"},
     CaptionKey{"NewRoom", "", "NewRoom"},

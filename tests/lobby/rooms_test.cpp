@@ -1,0 +1,295 @@
+// Rooms: their lists, the preview, the dialogs, pings; and a server that does as it likes.
+#include "support/played_client.h"
+
+#include "controls/user_input.h"
+
+#include <random>
+
+namespace ombrin::test {
+
+namespace {
+
+using Rows = std::vector<std::string>;
+
+struct WithRooms : PlayedClient, testing::Test {
+    WithRooms() {
+        LogsOn();
+        Sends("2:Arena;1;10.0.0.9;3;8;Red Base;4;10.0.0.7;2;4;~");
+    }
+
+    RowId Room(std::string_view name) { return view.RoomList.rows.Find(name); }
+    std::string RoomLines() const {
+        std::string lines;
+        for (int row = 1; row < view.msflexRoomLines.Rows(); ++row)
+            lines += view.msflexRoomLines.TextAt(row, 0) + ":" + view.msflexRoomLines.TextAt(row, 1) + ";";
+        return lines;
+    }
+    void Enters() {
+        Presses(view.Enter);
+        Heard();
+        Sends("3:bob;10.0.0.9;Y;ann;10.0.0.5;N;~7:bob;~");
+    }
+    void Creates(const std::string& name) {
+        Presses(view.Create);
+        Types(forms.NewRoom.NewRoomName, name);
+        Presses(forms.NewRoom.OKButton);
+    }
+};
+
+} // namespace
+
+TEST_F(WithRooms, RowsCarryNameNumbersAddressAndPicture) {
+    const RowList& rows = view.RoomList.rows;
+    EXPECT_EQ(Texts(rows), (Rows{"Arena (3/8)", "Red Base (2/4)"}));
+    EXPECT_EQ(rows.Tag(Room("Arena")) + "|" + rows.Tip(Room("Red Base")), "10.0.0.9|Red Base");
+    const struct {
+        const char* message;
+        Rows texts;
+        std::vector<int> images;
+    } kCases[] = {
+        {"14:Arena;3;~", {"Arena (3/8)", "Red Base (2/4)"}, {2, 3}},
+        {"14:Arena;7;;;;Gone;1;;;;Red Base;1;~", {"Arena (3/8)", "Red Base (2/4)"}, {2, 1}},
+        {"13:2:bob;Arena;10.0.0.9;1:cid;Red Base;10.0.0.7;~", {"Arena (4/8)", "Red Base (1/4)"}, {2, 1}},
+        {"13:2:stranger;Arena;10.0.0.9;5:bob;Arena;;3:cid;Arena;;~", {"Arena (4/8)", "Red Base (1/4)"}, {2, 1}},
+        {"2:Arena;4;10.0.0.1;1;2;~", {"Arena (4/8)", "Red Base (1/4)", "Arena (1/2)"}, {3, 1, 0}},
+        {"11:Arena;~11:Nosuch;~", {"Red Base (1/4)", "Arena (1/2)"}, {1, 0}},
+    };
+    for (const auto& row : kCases) {
+        Sends(row.message);
+        EXPECT_EQ(Texts(rows), row.texts) << row.message;
+        std::vector<int> images;
+        for (std::size_t i = 0; i < rows.Count(); ++i) images.push_back(rows.Image(rows.At(i)));
+        EXPECT_EQ(images, row.images) << row.message;
+    }
+    Sends("11:Red Base;~11:Arena;~");
+    EXPECT_FALSE(view.Enter.Enabled());
+    EXPECT_EQ(Top(), "");
+}
+
+TEST_F(WithRooms, ACountThatIsNoNumberIsReportedAndStays) {
+    Sends("2:Odd;1;;many;8;~13:1:bob;Odd;;~");
+    EXPECT_TRUE(BoxText().starts_with("Error: occured in module UpdateRoomUserCount().  Error number: 13,"))
+        << BoxText();
+    Answers(BoxResult::Ok);
+    EXPECT_EQ(Texts(view.RoomList.rows).back(), "Odd (many/8)");
+}
+
+TEST_F(WithRooms, APreviewFollowsItsRoomAndVanishesWithIt) {
+    Selects(view.RoomList, 1);
+    EXPECT_EQ(Heard(), "Ombrin:11:ann;Go;10.0.0.5;Red Base;:~");
+    EXPECT_EQ(view.RoomBorder.Caption(), "Room: Red Base");
+    Sends("3:cid;10.0.0.7;N;~4:cid:hello:;~");
+    Sends("13:2:bob;Red Base;10.0.0.9;2:cid;Arena;10.0.0.7;~");
+    EXPECT_EQ(Texts(view.RoomUserList.rows), (Rows{"cid", "bob"}));
+    EXPECT_EQ(view.RoomUserList.rows.Tag(view.RoomUserList.rows.Find("bob")), "10.0.0.9;N;");
+    EXPECT_EQ(world.Told("sound"), Rows{}) << "a preview is silent";
+    Sends("13:1:cid;Red Base;;~11:Red Base;~");
+    EXPECT_EQ(Texts(view.RoomUserList.rows), Rows{"bob"});
+    Passes(Milliseconds(5000));
+    EXPECT_EQ(Texts(view.RoomUserList.rows), Rows{});
+    EXPECT_EQ(Marks().m_SelectedRoom + RoomLines() + view.RoomBorder.Caption(), ":;Room:");
+}
+
+TEST_F(WithRooms, ANewRoomNeedsAProperNameAndTheDialogKeepsItsFields) {
+    NewRoom& dialog = forms.NewRoom;
+    Presses(view.Create);
+    EXPECT_TRUE(dialog.NewRoomName.HasFocus());
+    EXPECT_EQ(dialog.MaxUsers.List().size(), 31u);
+    EXPECT_EQ(dialog.MaxUsers.List().front() + dialog.MaxUsers.List().back() + dialog.MaxUsers.Text(), " 232 2");
+    const auto complaint = [&] {
+        Presses(dialog.OKButton);
+        const std::string text = BoxText();
+        Answers(BoxResult::Ok);
+        EXPECT_EQ(Top(), "NewRoom");
+        return text;
+    };
+    Types(dialog.NewRoomName, "   ");
+    EXPECT_EQ(complaint(), "Error:  Room name must be entered");
+    for (const char* bad : {"a:b", "a;b", "a~b", "a(b", "a/b", "a)b"}) {
+        Types(dialog.NewRoomName, bad);
+        EXPECT_EQ(complaint(), "ERROR:  Room names cannot contain any of the following characters: :;~(/)") << bad;
+    }
+    Types(dialog.NewRoomName, std::string(45, 'x'));
+    EXPECT_EQ(dialog.NewRoomName.Text().size(), 40u);
+    EXPECT_TRUE(Tries([&](UserInput& input) { return input.Type(dialog.Password, "x"); })) << "hidden yet";
+    Ticks(dialog.PasswordRoom, true);
+    EXPECT_TRUE(dialog.Password.HasFocus());
+    EXPECT_EQ(complaint(), "Error: Password must be entered.");
+    Types(dialog.Password, "a/b");
+    EXPECT_EQ(complaint(), "ERROR:  Room passwords cannot contain any of the following characters: :;~(/)");
+    Types(dialog.NewRoomName, " My Room ");
+    Types(dialog.Password, "gold");
+    EXPECT_TRUE(Tries([&](UserInput& input) { return input.Type(dialog.MaxUsers, "7"); })) << "a list only";
+    Selects(dialog.MaxUsers, 8);
+    Key(dialog.Password, UserInput::kEnter);
+    EXPECT_EQ(Heard(), "Ombrin:4:ann;Go;10.0.0.5;My Room;10;1;gold;N;:~");
+    Sends("17:~");
+    Answers(BoxResult::Ok);
+
+    Presses(view.Create);
+    EXPECT_EQ(dialog.NewRoomName.Text(), "My Room");
+    Ticks(dialog.PasswordRoom, false);
+    client.Store().SaveSetting("Settings", "PublicIP", "Y");
+    Presses(dialog.OKButton);
+    EXPECT_EQ(Heard(), "Ombrin:4:ann;Go;10.0.0.5;My Room;10;0;gold;Y;:~");
+}
+
+TEST_F(WithRooms, ACreatorChatsRejectsAndDestroys) {
+    Creates("Base");
+    Heard();
+    Sends("5:ann;10.0.0.5;N;~");
+    EXPECT_EQ(Texts(view.RoomUserList.rows), Rows{"ann"});
+    EXPECT_TRUE(Marks().m_IsRoomCreator);
+    EXPECT_EQ(view.RoomBorder.Caption(), "Room: Base");
+    Sends("3:bob;10.0.0.9;N;bob;10.0.0.1;Y;~4:bob:hi%*|@:;ann:echo:;~");
+    EXPECT_EQ(RoomLines(), "bob:hi:;");
+    EXPECT_EQ(world.Told("sound"), (Rows{"EnterRoom.wav", "EnterRoom.wav"}));
+    Types(view.RoomText, "a:b;c");
+    EXPECT_EQ(Key(view.RoomText, UserInput::kEnter), 0);
+    EXPECT_EQ(Heard(), "Ombrin:5:ann;Go;10.0.0.5;a%*|@b^}|#c;Base;:~");
+    EXPECT_EQ(RoomLines(), "bob:hi:;ann:a:b;c;");
+    EXPECT_EQ(Key(view.RoomText, UserInput::kEnter), 0) << "swallowed in an empty box, too";
+
+    Tries([&](UserInput& input) { return input.RightClick(view.RoomUserList, 0); });
+    EXPECT_EQ(view.OpenMenu(), nullptr) << "nobody rejects himself";
+    Chooses(view.RoomUserList, 1, view.RejectUserMenu);
+    EXPECT_EQ(Heard(), "Ombrin:23:ann;Go;10.0.0.5;Base;bob;:~");
+    Sends("8:bob;~");
+    EXPECT_EQ(Texts(view.RoomUserList.rows), Rows{"ann"});
+    Selects(view.lbLobbies, 1);
+    DoubleClicks(view.lbLobbies, 1);
+    EXPECT_EQ(Heard(), "") << "nobody changes the lobby from a room";
+    Presses(view.Destroy);
+    Answers(BoxResult::Yes);
+    EXPECT_EQ(Heard(), "Ombrin:9:ann;Go;10.0.0.5;Base;:~");
+    Sends("10:~");
+    EXPECT_EQ(RoomLines() + view.RoomText.Text() + Marks().m_CurrentRoom, ":;");
+    EXPECT_FALSE(Marks().m_IsRoomCreator);
+    EXPECT_FALSE(view.PingTimer.On());
+}
+
+TEST_F(WithRooms, AMemberKnowsTheHostsAddressAndKeepsTheFirstLineOfThePreview) {
+    Sends("4:bob:one:;bob:two:;~");
+    Enters();
+    EXPECT_EQ(Marks().m_RoomHostAddress, "10.0.0.9");
+    EXPECT_EQ(RoomLines(), "bob:one;");
+    Tries([&](UserInput& input) { return input.RightClick(view.RoomUserList, 0); });
+    EXPECT_EQ(view.OpenMenu(), nullptr) << "a member rejects nobody";
+    Sends("7:nobody;~");
+    EXPECT_EQ(Marks().m_RoomHostAddress, "10.0.0.9");
+    Presses(view.Leave);
+    world.events.clear();
+    Sends("3:cid;10.0.0.7;N;~");
+    EXPECT_EQ(world.Told("sound"), Rows{}) << "on the way out nothing sounds";
+    Sends("42:~");
+    EXPECT_EQ(world.Told("sound"), Rows{""});
+}
+
+TEST_F(WithRooms, PingsGiveEachRowItsPictureAndATipThatHidesPrivateAddresses) {
+    world.pings.answers = {{"10.0.0.1", 100}, {"10.0.0.2", 101}, {"10.0.0.3", 200}, {"10.0.0.4", 201}};
+    Presses(view.Enter);
+    Sends("3:a;10.0.0.1;Y;b;10.0.0.2;N;ann;10.0.0.3;N;d;10.0.0.4;;e;;Y;~");
+    const RowList& rows = view.RoomUserList.rows;
+    const struct {
+        int image;
+        const char* tip;
+    } kCases[] = {{1, "Ping: 100 ms,    IP: 10.0.0.1"},
+                  {2, "Ping: 101 ms,    IP: Private"},
+                  {2, "Ping: 200 ms,    IP: 10.0.0.3"},
+                  {3, "Ping: 201 ms,    IP: 10.0.0.4"},
+                  {0, ""}};
+    for (std::size_t i = 0; i < std::size(kCases); ++i) {
+        EXPECT_EQ(rows.Image(rows.At(i)), kCases[i].image) << i;
+        EXPECT_EQ(rows.Tip(rows.At(i)), kCases[i].tip);
+    }
+    Sends("7:a;~");
+    world.pings.answers = {{"10.0.0.1", 5}, {"10.0.0.2", std::nullopt}, {"10.0.0.3", 5}};
+    Passes(Milliseconds(30'000));
+    EXPECT_TRUE(BoxText().starts_with("Error: occured in module PingTimer_Timer()")) << BoxText();
+    Answers(BoxResult::Ok);
+    EXPECT_EQ(rows.Tip(rows.At(0)) + rows.Tip(rows.At(2)), "Ping: 5 ms,    IP: 10.0.0.1Ping: 200 ms,    IP: 10.0.0.3");
+}
+
+/// Whatever the server answers, in whatever order: a user who closes what stands open gets out, at the latest by a new
+/// logon.
+TEST(ServerAtWill, LeavesNoPositionWithoutAWayOut) {
+    constexpr const char* kMessages[] = {"2:Arena;4;10.0.0.9;1;8;~",
+                                         "3:bob;10.0.0.9;Y;~",
+                                         "5:ann;10.0.0.5;N;~",
+                                         "7:bob;~",
+                                         "8:bob;~",
+                                         "9:~",
+                                         "10:~",
+                                         "11:Arena;~",
+                                         "14:Arena;2;~",
+                                         "17:~",
+                                         "18:~",
+                                         "19:~",
+                                         "33:~",
+                                         "34:~",
+                                         "42:~",
+                                         "43:~",
+                                         "0:cid;1;~",
+                                         "13:2:bob;Arena;10.0.0.9;~",
+                                         "35:bob;bob:psst:;~",
+                                         "41:bob;Go;~",
+                                         "41:bob;;~"};
+    for (unsigned seed = 1; seed <= 20; ++seed) {
+        SCOPED_TRACE(seed);
+        std::mt19937 random(seed);
+        PlayedClient c;
+        c.LogsOn();
+        NewRoom& naming = c.forms.NewRoom;
+        RoomPassword& asking = c.forms.RoomPassword;
+        const std::function<void(UserInput&)> kInputs[] = {[&](UserInput& i) { i.Click(c.view.Create); },
+                                                           [&](UserInput& i) { i.Click(c.view.Enter); },
+                                                           [&](UserInput& i) { i.Click(c.view.Leave); },
+                                                           [&](UserInput& i) { i.Click(c.view.Destroy); },
+                                                           [&](UserInput& i) { i.Type(naming.NewRoomName, "B"); },
+                                                           [&](UserInput& i) { i.Click(naming.OKButton); },
+                                                           [&](UserInput& i) { i.Type(asking.Password, "p"); },
+                                                           [&](UserInput& i) { i.Click(asking.OKButton); },
+                                                           [&](UserInput& i) { i.Click(asking.CancelButton); },
+                                                           [&](UserInput& i) { i.PressButton(BoxResult::Ok); },
+                                                           [&](UserInput& i) { i.PressButton(BoxResult::Yes); },
+                                                           [&](UserInput& i) { i.Select(c.view.RoomList, 0, true); }};
+        for (int step = 0; step < 200; ++step) {
+            if (random() % 2 == 0) {
+                c.Sends(kMessages[random() % std::size(kMessages)]);
+            } else {
+                const auto& input = kInputs[random() % std::size(kInputs)];
+                c.Do([&c, &input] { input(c.client.Input()); });
+            }
+        }
+        c.Do([&c] { c.client.CloseSocket(); });
+        for (int forms = 0; c.Top() != "UsrNmPwIP" && forms < 200; ++forms)
+            c.Do([&c] {
+                Form& top = *c.client.Stack().Top();
+                if (top.KindOfForm() == FormKind::MessageBox)
+                    c.client.Input().PressButton(BoxResult::Ok);
+                else
+                    c.client.Input().Close(top);
+            });
+        ASSERT_EQ(c.Top(), "UsrNmPwIP");
+        c.Connects();
+        c.Accepts();
+        c.Sends("45:10.0.0.5;~22:Go,1;Chess,2;~0:ann;1;~2:Arena;1;10.0.0.9;1;8;~");
+        for (int forms = 0; c.Top() != "" && forms < 200; ++forms)
+            c.Do([&c] {
+                Form& top = *c.client.Stack().Top();
+                if (top.KindOfForm() != FormKind::MessageBox)
+                    c.client.Input().Close(top);
+                else if (c.client.Input().PressButton(BoxResult::Ok))
+                    c.client.Input().PressButton(BoxResult::No);
+            });
+        ASSERT_EQ(c.Top(), "");
+        EXPECT_TRUE(c.view.Enabled());
+        c.Presses(c.view.Enter);
+        EXPECT_TRUE(c.Server().sent.back().starts_with("Ombrin:7:ann;Go;10.0.0.5;Arena;;N;")) << c.Server().sent.back();
+        c.Sends("3:ann;10.0.0.5;N;~7:bob;~");
+        EXPECT_EQ(c.client.RoomPosition(), Position::Member);
+        EXPECT_TRUE(c.view.Leave.Enabled() && c.view.Leave.Visible());
+    }
+}
+
+} // namespace ombrin::test
