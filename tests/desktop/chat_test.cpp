@@ -143,18 +143,23 @@ TEST_F(Chats, EachLineStandsUnderItsSenderAndNobodySpeaksInAnothersName) {
     Says("cid", "he says\nbob\tanything\r\n~");
     Says("b\nob", "<b>bold</b> &amp; <img src=x>");
     Says("bob", "last");
+    See([this] { stage.board.Input([this](UserInput& input) { return input.Type(stage.view.MainText, "mine"); }); });
+    See([this] { stage.board.Input([this](UserInput& input) { return input.Click(stage.view.SendMain); }); });
     See([this] {
         QTextBlock block = chat.document()->firstBlock();
         QStringList texts;
         QList<QColor> colours;
+        QList<bool> slants;
         for (; block.isValid(); block = block.next()) {
             texts += block.text().replace(QChar::LineSeparator, QLatin1Char('|'));
             colours += block.begin().fragment().charFormat().foreground().color();
+            slants += block.begin().fragment().charFormat().fontItalic();
         }
-        EXPECT_EQ(texts,
-                  QStringList({QStringLiteral("bob\tfirst"), QStringLiteral("cid\the says|bob\tanything|~"),
-                               QStringLiteral("b ob\t<b>bold</b> &amp; <img src=x>"), QStringLiteral("bob\tlast")}));
-        ASSERT_EQ(colours.size(), 4);
+        EXPECT_EQ(texts, QStringList({QStringLiteral("bob\tfirst"), QStringLiteral("cid\the says|bob\tanything|~"),
+                                      QStringLiteral("b ob\t<b>bold</b> &amp; <img src=x>"),
+                                      QStringLiteral("bob\tlast"), QStringLiteral("ann\tmine")}));
+        ASSERT_EQ(colours.size(), 5);
+        EXPECT_EQ(slants, QList<bool>({false, false, false, false, true})) << "the own line, without colour too";
         EXPECT_EQ(colours[0], desktop::Look::SenderColour(QStringLiteral("bob")));
         EXPECT_EQ(colours[0], colours[3]);
         EXPECT_NE(colours[0], colours[1]);

@@ -1,5 +1,5 @@
 // Whole runs through the real windows, each by the keyboard alone and by the mouse.
-#include "desktop/stage.h"
+#include "desktop/evening.h"
 #include "lobby/text_colour.h"
 
 #include <QApplication>
@@ -11,57 +11,8 @@ namespace ombrin::test {
 
 namespace {
 
-enum class Hand { Keyboard, Mouse };
-
-class Evening : public testing::TestWithParam<Hand> {
+class FirstEvening : public Evening {
 protected:
-    Stage stage{""};
-    Dialogs& forms = stage.forms;
-    View& view = stage.view;
-    UsrNmPwIP& logon = forms.UsrNmPwIP;
-    const bool byKeys = GetParam() == Hand::Keyboard;
-
-    void See(std::function<void()> look) { stage.Step(std::move(look)); }
-
-    void Fill(TextBox& box, const QString& text) {
-        byKeys ? stage.TabsTo(box) : stage.Clicks(box);
-        stage.Presses(Qt::Key_A, Qt::ControlModifier);
-        stage.Types(text);
-    }
-    void Push(Control& button) {
-        if (!byKeys) return stage.Clicks(button);
-        stage.TabsTo(button);
-        stage.Presses(Qt::Key_Space);
-    }
-    /// What Enter means where the keys go now.
-    void Confirm(Button& button) { byKeys ? stage.Presses(Qt::Key_Return) : stage.Clicks(button); }
-    void Cancel(Button& button) { byKeys ? stage.Presses(Qt::Key_Escape) : stage.Clicks(button); }
-    void AnswerOk() { byKeys ? stage.Presses(Qt::Key_Return) : stage.ClicksText(QStringLiteral("OK")); }
-    void Mark(ListBox& list, int row) {
-        if (!byKeys) return stage.ClicksRow(list, row);
-        stage.TabsTo(list);
-        stage.Presses(Qt::Key_Home);
-        for (int i = 0; i < row; ++i) stage.Presses(Qt::Key_Down);
-        stage.Presses(Qt::Key_Space);
-    }
-
-    void Sees(const Form& form) {
-        See([this, &form] { EXPECT_EQ(stage.client.Stack().Top(), &form); });
-    }
-    void SeesBox(const std::string& start) {
-        See([this, start] {
-            const auto* box = dynamic_cast<MessageBoxForm*>(stage.client.Stack().Top());
-            ASSERT_NE(box, nullptr) << start;
-            EXPECT_EQ(box->Text().substr(0, start.size()), start);
-        });
-    }
-    void Keys(Control& control) {
-        See([this, &control] { EXPECT_TRUE(stage.HasKeys(control)) << control.Name(); });
-    }
-    void Hears(const std::string& message) {
-        See([this, message] { EXPECT_EQ(stage.Heard(), message); });
-    }
-
     void ChoosesLanguage() {
         for (const auto& [section, key, value] : {std::tuple("Languages", "Language1", "English"),
                                                   {"Languages", "Language2", "Deutsch"},
@@ -76,7 +27,7 @@ protected:
     }
 };
 
-TEST_P(Evening, FromTheFirstStartToTheLobbyAndAnotherLobbyAndTheEnd) {
+TEST_P(FirstEvening, FromTheFirstStartToTheLobbyAndAnotherLobbyAndTheEnd) {
     ChoosesLanguage();
     Fill(logon.LogonName, QStringLiteral("a:b"));
     Fill(logon.Password, QStringLiteral("pw"));
@@ -162,7 +113,7 @@ TEST_P(Evening, FromTheFirstStartToTheLobbyAndAnotherLobbyAndTheEnd) {
     EXPECT_TRUE(stage.client.Stack().Ending());
 }
 
-TEST_P(Evening, AnAccountIsMadeFromTheLogonDialog) {
+TEST_P(FirstEvening, AnAccountIsMadeFromTheLogonDialog) {
     ChoosesLanguage();
     CreateAccount& account = forms.CreateAccount;
     Fill(logon.HostMachine, QStringLiteral("lobby.example"));
@@ -194,9 +145,7 @@ TEST_P(Evening, AnAccountIsMadeFromTheLogonDialog) {
     EXPECT_TRUE(stage.Run());
 }
 
-INSTANTIATE_TEST_SUITE_P(By, Evening, testing::Values(Hand::Keyboard, Hand::Mouse), [](const auto& way) {
-    return std::string(way.param == Hand::Keyboard ? "Keyboard" : "Mouse");
-});
+INSTANTIATE_TEST_SUITE_P(By, FirstEvening, BothHands(), NameOf);
 
 } // namespace
 

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QPainter>
 #include <cstdio>
 
@@ -32,12 +33,42 @@ public:
                 painter.setPen(QPen(QColor(0x8F, 0xC7, 0xF5), 1));
                 painter.drawRect(QRect(place, front->size()).adjusted(-1, -1, 0, 0));
             }
-            if (!picture.save(folder + QLatin1Char('/') + name + QStringLiteral(".png")))
-                std::fprintf(stderr, "cannot write %s\n", qPrintable(name));
+            Saves(picture, name);
         });
     }
 
+    /// The pop-up menu of a row, opened by the right button.
+    void TakesMenu(Control& list, int row, const QString& name) {
+        stage.ClicksRow(list, row, Qt::RightButton);
+        TakesPopup(name);
+    }
+    void TakesPopup(const QString& name) {
+        stage.Step([this, name] {
+            QWidget* popup = QApplication::activePopupWidget();
+            if (popup == nullptr) return Complain(name);
+            QPixmap picture = stage.window.grab();
+            QPainter painter(&picture);
+            if (QWidget* front = stage.Front(); front != &stage.window)
+                painter.drawPixmap(stage.window.mapFromGlobal(front->pos()), front->grab());
+            painter.drawPixmap(stage.window.mapFromGlobal(popup->pos()), popup->grab());
+            painter.end();
+            Saves(picture, name);
+            popup->close();
+        });
+    }
+    /// The main view when it has waited for some time.
+    void TakesWaiting(const QString& name) {
+        stage.Until([this] { return stage.window.findChild<QLabel*>(QStringLiteral("waiting"))->isVisible(); },
+                    "the sign of waiting");
+        Takes(name);
+    }
+
 private:
+    void Saves(const QPixmap& picture, const QString& name) {
+        if (!picture.save(folder + QLatin1Char('/') + name + QStringLiteral(".png"))) Complain(name);
+    }
+    static void Complain(const QString& name) { std::fprintf(stderr, "no picture: %s\n", qPrintable(name)); }
+
     Stage& stage;
     QString folder;
 };
@@ -71,6 +102,80 @@ std::string Chat() {
     for (const auto& [sender, line] : kLines)
         message += Held(QString::fromUtf8(sender)) + ":" + EncodeData(Held(QString::fromUtf8(line))) + ":;";
     return message + "~";
+}
+
+/// From the lobby that the view waits for: a preview, a room as a member and as its creator, private messages.
+void TakeRooms(Stage& stage, Photographer& photographer) {
+    View& view = stage.view;
+    Dialogs& forms = stage.forms;
+    const auto press = [&stage](Button& button) {
+        stage.Step([&] { stage.board.Input([&](UserInput& input) { return input.Click(button); }); });
+    };
+    const auto type = [&stage](TextBox& box, std::string text) {
+        stage.Step(
+            [&stage, &box, text] { stage.board.Input([&](UserInput& input) { return input.Type(box, text); }); });
+    };
+    const auto ok = [&stage] {
+        stage.Step([&stage] { stage.loop.Enter([&stage] { stage.client.Input().PressButton(BoxResult::Ok); }); });
+    };
+    stage.world.pings.answers = {{"10.0.0.2", 150}, {"10.0.0.3", 400}};
+    stage.Sends("22:Quake3,31;Go,28;Chess,112;~");
+    stage.Sends(Users() +
+                "2:Arena;1;10.0.0.1;3;8;Locked Room;4;10.0.0.2;2;4;Match;2;10.0.0.3;8;8;The longest name that "
+                "a room can have here;4;;31;32;~");
+    stage.Sends("41:Bob;Go;Kim;;Zo\xEB;Chess;Big Bad Wolf;Half Life;Otto;;~");
+    photographer.TakesMenu(view.RoomList, 0, QStringLiteral("16-room-menu"));
+    stage.Sends("3:Bob;10.0.0.1;Y;Eve;10.0.0.2;N;J\xFCrgen;10.0.0.3;Y;~");
+    photographer.Takes(QStringLiteral("17-preview"));
+    press(view.Enter);
+    photographer.TakesWaiting(QStringLiteral("18-entering"));
+    stage.Sends("34:~");
+    photographer.Takes(QStringLiteral("19-room-password"));
+    type(forms.RoomPassword.Password, "secret");
+    press(forms.RoomPassword.OKButton);
+    stage.Sends("7:Bob;~3:Ann;10.0.0.9;N;~4:Bob:The password was easy to guess, was it not? I shall take a longer one "
+                "next time.:;Eve:Hello:;~");
+    type(view.RoomText, "Hello, both of you! What do we play, and for how long?");
+    press(view.SendRoom);
+    type(view.MainText, "Back in an hour.");
+    press(view.SendMain);
+    photographer.Takes(QStringLiteral("20-member"));
+    stage.Sends("42:~");
+    photographer.Takes(QStringLiteral("21-box-rejected"));
+    ok();
+    press(view.Create);
+    photographer.Takes(QStringLiteral("22-new-room"));
+    stage.Step(
+        [&] { stage.board.Input([&](UserInput& input) { return input.Check(forms.NewRoom.PasswordRoom, true); }); });
+    type(forms.NewRoom.NewRoomName, "Tea time");
+    stage.Step(
+        [&] { stage.board.Input([&](UserInput& input) { return input.Select(forms.NewRoom.MaxUsers, 6, true); }); });
+    photographer.Takes(QStringLiteral("23-new-room-password"));
+    stage.Clicks(forms.NewRoom.MaxUsers);
+    photographer.TakesPopup(QStringLiteral("23-new-room-users"));
+    type(forms.NewRoom.Password, "secret");
+    press(forms.NewRoom.OKButton);
+    stage.Sends("5:Ann;10.0.0.9;N;~2:Tea time;4;10.0.0.9;1;8;~");
+    stage.Sends("3:Bob;10.0.0.1;Y;Eve;10.0.0.2;N;~4:Bob:There you are.:;~");
+    photographer.Takes(QStringLiteral("24-creator"));
+    photographer.TakesMenu(view.RoomUserList, 1, QStringLiteral("25-room-users-menu"));
+    photographer.TakesMenu(view.BuddyLV, 1, QStringLiteral("26-buddy-menu"));
+    press(view.Destroy);
+    photographer.Takes(QStringLiteral("27-box-destroy"));
+    stage.Step([&stage] { stage.loop.Enter([&stage] { stage.client.Input().PressButton(BoxResult::Yes); }); });
+    stage.Sends("10:~");
+    stage.Sends("35:Eve;Eve:Are you coming back? We have kept your place, and Bob has made coffee for everybody.:;~");
+    type(forms.PMDialog.PrivateMessage, "In a minute");
+    stage.Sends("35:Ann;Ann:In a minute.:;~35:Bob;Bob:The rules are at https\x25*|@//ardvelle.example/rules:;~");
+    photographer.Takes(QStringLiteral("28-private-messages"));
+    type(forms.PMDialog.User, "Ann");
+    press(forms.PMDialog.PMSend);
+    type(forms.PMDialog.PrivateMessage, "To myself");
+    press(forms.PMDialog.PMSend);
+    photographer.Takes(QStringLiteral("29-box-to-yourself"));
+    ok();
+    press(forms.PMDialog.OKButton);
+    photographer.Takes(QStringLiteral("30-back-in-the-lobby"));
 }
 
 int Run(QApplication& application, const QStringList& arguments) {
@@ -149,23 +254,11 @@ int Run(QApplication& application, const QStringList& arguments) {
                 "otherwise.;~");
     photographer.Takes(QStringLiteral("13-box-general"));
     call([&] { stage.client.Input().PressButton(BoxResult::Ok); });
-    stage.Step([&] {
-        stage.board.menuPlace = stage.window.mapToGlobal(QPoint(720, 240));
-        stage.board.Input([&](UserInput& input) { return input.RightClick(stage.view.UserList, 4); });
-    });
-    stage.Step([&stage, folder] {
-        QWidget* menu = QApplication::activePopupWidget();
-        if (menu == nullptr) return;
-        QPixmap picture = stage.window.grab();
-        QPainter(&picture).drawPixmap(stage.window.mapFromGlobal(menu->pos()), menu->grab());
-        picture.save(folder + QStringLiteral("/14-user-menu.png"));
-        menu->close();
-    });
+    photographer.TakesMenu(stage.view.UserList, 4, QStringLiteral("14-user-menu"));
     stage.Step(
         [&] { stage.board.Input([&](UserInput& input) { return input.DoubleClick(stage.view.lbLobbies, 1); }); });
-    stage.Step([] {});
-    for (int i = 0; i < 8; ++i) stage.Step([] {});
-    photographer.Takes(QStringLiteral("15-waiting"));
+    photographer.TakesWaiting(QStringLiteral("15-waiting"));
+    TakeRooms(stage, photographer);
     return stage.Run() ? 0 : 1;
 }
 

@@ -22,7 +22,8 @@ QWindow* WindowOf(const QWidget& widget) { return widget.window()->windowHandle(
 
 } // namespace
 
-Stage::Stage(const std::string& language) {
+Stage::Stage(const std::string& language, MakeNetwork network)
+    : network(network == nullptr ? nullptr : network(world.loop)) {
     window.Populate();
     loop.Attach(client.Stack(), [this] { board.Schedule(); });
     client.CloseClient = [this] { world.loop.Post([this] { client.Stack().RequestEnd(); }); };
@@ -64,10 +65,14 @@ void Stage::Next() {
     if (inInput) return QTimer::singleShot(kBetweenSteps, this, [this] { Next(); });
     const auto step = std::move(steps.front());
     steps.pop_front();
-    QTimer::singleShot(0, this, [this] {
+    constexpr int kWindowsSettle = 5; // ms
+    QTimer::singleShot(kWindowsSettle, this, [this] {
         // The window manager's part: the keys go to the window in front.
-        QWidget* const modal = QApplication::activeModalWidget();
-        if (QApplication::activePopupWidget() == nullptr) (modal != nullptr ? modal : &window)->activateWindow();
+        // A window beside the main one has them when it took them.
+        QWidget* front = QApplication::activeModalWidget();
+        const QWindow* focused = QGuiApplication::focusWindow();
+        if (front == nullptr && (focused == nullptr || !focused->isVisible())) front = &window;
+        if (QApplication::activePopupWidget() == nullptr && front != nullptr) front->activateWindow();
         QTimer::singleShot(kBetweenSteps, this, [this] { Next(); });
     });
     step();

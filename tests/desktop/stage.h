@@ -3,6 +3,7 @@
 #pragma once
 
 #include "hosts/desktop/board.h"
+#include "hosts/desktop/connection_bar.h"
 #include "hosts/desktop/main_window.h"
 #include "hosts/desktop/windows.h"
 #include "support/recorded_world.h"
@@ -22,16 +23,21 @@ namespace ombrin::test {
 
 class Stage : public QObject {
 public:
-    /// `language` is in force from the start; empty for a first start that asks.
-    explicit Stage(const std::string& language);
+    using MakeNetwork = std::unique_ptr<Network> (*)(EventLoop&);
+
+    /// `language` is in force from the start; empty for a first start that asks. The server is played, unless there is
+    /// another network.
+    explicit Stage(const std::string& language, MakeNetwork network = nullptr);
     ~Stage() override;
 
     RecordedWorld world;
+    std::unique_ptr<Network> network; ///< the other one
     desktop::DesktopLoop loop{world.loop};
-    GameLobby client{world.ForClient(loop)};
+    GameLobby client{world.ForClient(loop, network.get())};
     desktop::Board board{loop, client.Input(), CodePage::Usual()};
     desktop::MainWindow window{client, board};
     desktop::Windows windows{client, board, window};
+    desktop::ConnectionBar bar{client, board, world.loop, window};
     View& view = client.MainView();
     Dialogs& forms = client.Forms();
 

@@ -25,11 +25,21 @@ Painter::~Painter() { control.Watch(nullptr); }
 void Painter::Apply() {
     control.Looked();
     widget->setVisible(control.Visible());
-    if (widget->isEnabled() != control.Enabled()) widget->setEnabled(control.Enabled());
+    if (widget->isEnabled() != control.Enabled()) Enable(control.Enabled());
     ApplyOwn();
     // Once: afterwards a person may have moved it without the client, which refuses him while it waits.
     if (control.HasFocus() && control.Visible() && widget->isVisible() && board.FocusMovedTo(control))
         widget->setFocus();
+}
+
+/// Qt hands the keys on when their widget is disabled. They come back with it, unless the person has moved on.
+void Painter::Enable(bool on) {
+    const QWidget& window = *widget->window();
+    const bool hadKeys = window.focusWidget() == widget;
+    widget->setEnabled(on);
+    const QWidget* const hasKeys = window.focusWidget();
+    if (on && standIn != nullptr && standIn == hasKeys && control.HasFocus()) widget->setFocus();
+    standIn = !on && hadKeys ? hasKeys : nullptr;
 }
 
 bool Painter::eventFilter(QObject* watched, QEvent* event) {
@@ -83,6 +93,12 @@ void Board::Frame() {
         if (Painter* painter = PainterOf(*control)) painter->Apply();
     for (const auto& look : looks) look();
     applying = false;
+}
+
+void Board::Quietly(const std::function<void()>& show) {
+    const bool before = std::exchange(applying, true);
+    show();
+    applying = before;
 }
 
 void Board::Refused(const Refusal& refusal) {

@@ -41,8 +41,11 @@ protected:
     Board& board;
 
 private:
+    void Enable(bool on);
+
     Control& control;
     QWidget* widget;
+    const QWidget* standIn = nullptr; ///< has the keys while this widget, which had them, is disabled; a mark only
 };
 
 class Board : public QObject, public ModelWatcher {
@@ -54,6 +57,7 @@ public:
     UserInput& input;
 
     QPoint menuPlace; ///< where the next pop-up menu opens, on the screen
+    std::function<std::string()> ownName = [] { return std::string(); }; ///< whose lines in a chat are the user's
 
     const CodePage& Page() const { return page; }
     QString Text(std::string_view bytes) const { return QString::fromUtf8(page.ToUtf8(bytes)); }
@@ -79,6 +83,8 @@ public:
     void Refused(const Refusal& refusal);
 
     bool IsApplying() const { return applying; }
+    /// What Qt tells of the focus meanwhile is nothing that a person has done.
+    void Quietly(const std::function<void()>& show);
     /// True once, when the focus of a container has come to this control.
     bool FocusMovedTo(const Control& control) {
         return std::exchange(focuses[&control.Parent()], &control) != &control;

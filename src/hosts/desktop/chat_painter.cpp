@@ -4,6 +4,7 @@
 #include "hosts/desktop/own_texts.h"
 #include "hosts/desktop/rows_model.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QDesktopServices>
 #include <QKeyEvent>
 #include <QMessageBox>
@@ -37,6 +38,8 @@ public:
         view.setFont(Look::ChatFont());
         view.setTextInteractionFlags(Qt::TextBrowserInteraction | Qt::TextSelectableByKeyboard);
         view.setContextMenuPolicy(Qt::DefaultContextMenu);
+        view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        view.setLineWrapMode(QTextEdit::FixedPixelWidth);
         view.viewport()->installEventFilter(this);
         connect(&view, &QTextBrowser::anchorClicked, this, [this](const QUrl& url) { Follow(url); });
     }
@@ -51,8 +54,11 @@ private:
         for (int row = 1; row < grid.Rows(); ++row) lines.emplace_back(grid.TextAt(row, 0), grid.TextAt(row, 1));
         if (lines.size() == 1 && lines.front() == Line()) lines.clear(); // the empty line of a cleared grid
         const int width = static_cast<int>(grid.ColWidth(0) / kTwipsPerPixel);
+        const int textWidth = static_cast<int>(grid.ColWidth(1) / kTwipsPerPixel);
         const bool anew = width != columnWidth || colour != grid.ForeColour();
         columnWidth = width;
+        const int margins = 2 * static_cast<int>(Shown()->document()->documentMargin());
+        Shown()->setLineWrapColumnOrWidth(columnWidth + textWidth + margins);
         colour = grid.ForeColour();
         if (!anew && lines == shown) return;
         QScrollBar& bar = *Shown()->verticalScrollBar();
@@ -119,8 +125,10 @@ private:
     void Insert(QTextCursor& cursor, const Line& line) const {
         QTextCharFormat sender, text;
         const QString name = OneLine(board.Text(line.first), QLatin1Char(' '));
-        sender.setForeground(Look::SenderColour(name));
+        const bool own = line.first == board.ownName();
+        sender.setForeground(own ? QColor(Qt::white) : Look::SenderColour(name));
         sender.setFontWeight(QFont::DemiBold);
+        sender.setFontItalic(own);
         text.setForeground(ToColour(colour.value_or(Look::kUsualText)));
         cursor.insertText(name + QLatin1Char('\t'), sender);
         const QString said = OneLine(board.Text(line.second), QChar::LineSeparator);
@@ -155,7 +163,30 @@ private:
             cursor.clearSelection();
             Shown()->setTextCursor(cursor);
         }
+        const auto* release = event->type() == QEvent::MouseButtonRelease ? static_cast<QMouseEvent*>(event) : nullptr;
+        if (grid.Click && release != nullptr && release->button() == Qt::LeftButton) {
+            const QPoint place = release->position().toPoint();
+            // The view goes first, as the client may wait.
+            QMetaObject::invokeMethod(
+                this, [this, place] { ClickAt(place); }, Qt::QueuedConnection);
+        }
         return false;
+    }
+
+    /// A click on a cell, unless the mouse has selected text or followed a link.
+    void ClickAt(const QPoint& place) {
+        if (Shown()->textCursor().hasSelection() || !Shown()->anchorAt(place).isEmpty()) return;
+        const QTextBlock block = Shown()->cursorForPosition(place).block();
+        const QPointF inText =
+            place + QPoint(Shown()->horizontalScrollBar()->value(), Shown()->verticalScrollBar()->value());
+        if (!Shown()->document()->documentLayout()->blockBoundingRect(block).contains({inText.x(), inText.y()})) return;
+        const auto at = static_cast<std::size_t>(block.blockNumber());
+        const int row = block.blockNumber() + 1;
+        // Not on a line that has moved since it was painted.
+        if (at >= shown.size() || row >= grid.Rows() || shown[at] != Line(grid.TextAt(row, 0), grid.TextAt(row, 1)))
+            return;
+        const int column = inText.x() < Shown()->document()->documentMargin() + columnWidth ? 0 : 1;
+        board.Input([=, this](UserInput& input) { return input.ClickCell(grid, row, column); });
     }
 
     /// A link comes from somebody else: where it leads is shown before it is opened.

@@ -38,6 +38,25 @@ const std::vector<DialogLayout>& Layouts() {
           {Kind::Grow, {"GameList"}},
           {Kind::Wide, {"StatusBar1"}},
           {Kind::Buttons, {"SelectAll", "ClearAll", "OK", "Cancel"}}}},
+        {"NewRoom",
+         "OKButton",
+         340,
+         {{Kind::Pair, {"Label1", "NewRoomName"}},
+          {Kind::Pair, {"Label2", "MaxUsers"}},
+          {Kind::Pair, {"PasswordRoom", "Password"}},
+          {Kind::Buttons, {"OKButton", "CancelButton"}}}},
+        {"RoomPassword",
+         "OKButton",
+         320,
+         {{Kind::Pair, {"Label1", "Password"}}, {Kind::Buttons, {"OKButton", "CancelButton"}}}},
+        // Wide enough for the columns of its lines.
+        {"PMDialog",
+         "PMSend",
+         510,
+         {{Kind::Pair, {"MessageOwner", "User"}},
+          {Kind::Grow, {"msflxPMLines"}},
+          {Kind::Entry, {"PrivateMessage", "PMSend"}},
+          {Kind::Buttons, {"OKButton"}}}},
     };
     return kLayouts;
 }

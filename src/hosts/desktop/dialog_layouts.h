@@ -9,7 +9,8 @@ namespace ombrin::desktop {
 struct DialogRow {
     enum class Kind {
         Wide,    ///< each control over the whole width
-        Pair,    ///< a label and its field
+        Pair,    ///< a label, or a box to tick, and its field
+        Entry,   ///< a line to write in, and the button that sends it
         Buttons, ///< at the right end, in this order
         Grow,    ///< takes what height is left
     } kind;

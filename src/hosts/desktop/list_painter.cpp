@@ -1,17 +1,22 @@
 #include "hosts/desktop/list_painter.h"
 
-#include "hosts/desktop/look.h"
+#include "hosts/desktop/list_pictures.h"
 #include "hosts/desktop/rows_model.h"
+#include "hosts/desktop/type_ahead.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QToolTip>
 #include <QTreeView>
 
 namespace ombrin::desktop {
 
 namespace {
+
+/// After a pause of so long in typing, the row that was found is selected, and what is typed then begins anew.
+constexpr int kTypingPause = 700; // ms
 
 /// Works for both kinds of list; what differs is how the selected row is read.
 class ListPainter : public Painter {
@@ -19,8 +24,9 @@ public:
     ListPainter(Board& board, Control& model, RowList& rows, int columns, QWidget* parent)
         : Painter(board, model, new QTreeView(parent)),
           model(rows, columns, board.Page(),
-                {[&model](int image) { return Look::ListIcon(model.Name(), image); },
-                 [&model] { return model.ForeColour(); }},
+                {[&model](int image) { return ListPictures::Icon(model.Name(), image); },
+                 [&model] { return model.ForeColour(); },
+                 [&model](int image) { return ListPictures::Meaning(model.Name(), image); }},
                 [&board, &model] { board.Dirty(model); }) {
         QTreeView& view = *Shown();
         view.setModel(&this->model);
@@ -38,6 +44,8 @@ public:
         view.viewport()->installEventFilter(this);
         connect(view.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
                 [this](const QModelIndex& current) { ByKeyboard(current); });
+        typingPause.setSingleShot(true);
+        connect(&typingPause, &QTimer::timeout, this, [this] { SelectFound(); });
     }
 
 protected:
@@ -67,7 +75,7 @@ protected:
             for (int row = 0; row < model.rowCount(); ++row)
                 if (IsSelected(model.RowAt(row))) marked.select(model.index(row, 0), model.index(row, 0));
             selection.select(marked, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-        } else if (const int row = model.PositionOf(Selected()); row < 0) {
+        } else if (const int row = model.PositionOf(Marked()); row < 0) {
             selection.clear();
         } else if (row < model.rowCount() && !selection.isRowSelected(row, {})) {
             selection.setCurrentIndex(model.index(row, 0),
@@ -77,7 +85,11 @@ protected:
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == Widget() && event->type() == QEvent::FocusOut && found)
+            QMetaObject::invokeMethod(
+                this, [this] { SelectFound(); }, Qt::QueuedConnection);
         if (watched == Widget()) return Painter::eventFilter(watched, event); // else its viewport
+        if (event->type() == QEvent::ToolTip) return TellsElided(static_cast<QHelpEvent&>(*event));
         if (event->type() == QEvent::MouseButtonPress) return Press(static_cast<QMouseEvent&>(*event)), true;
         if (event->type() == QEvent::MouseButtonDblClick) {
             const auto& click = static_cast<QMouseEvent&>(*event);
@@ -92,13 +104,15 @@ protected:
     bool TakesKey(QKeyEvent& event) override {
         const bool isMenu = event.key() == Qt::Key_Menu ||
                             (event.key() == Qt::Key_F10 && event.modifiers().testFlag(Qt::ShiftModifier));
-        const long row = model.PositionOf(Selected());
+        const long row = model.PositionOf(Marked());
         if (isMenu) {
+            EndSearch();
             const QRect place = row < 0 ? QRect() : Shown()->visualRect(model.index(static_cast<int>(row), 0));
             OpenMenu(row, Shown()->viewport()->mapToGlobal(place.bottomLeft()));
             return true;
         }
         if ((event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) && row >= 0) {
+            EndSearch();
             board.Input([=, this](UserInput& input) { return input.DoubleClick(Model(), row); });
             return true;
         }
@@ -106,7 +120,48 @@ protected:
             Toggle(model.RowAt(Shown()->currentIndex().row()));
             return true;
         }
-        return false;
+        return SearchesFor(event);
+    }
+
+    /// What a person has before him as selected: the row that his letters have found, or the model's.
+    RowId Marked() const { return found && model.PositionOf(found) >= 0 ? found : Selected(); }
+
+    /// A letter moves the mark at once. The client hears of it only after the last one, as it asks the server about
+    /// each room that is selected.
+    bool SearchesFor(const QKeyEvent& key) {
+        const QString letters = key.text();
+        if (letters.isEmpty() || !letters.front().isPrint()) return false;
+        if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
+        if (letters == QLatin1String(" ") && !search.IsRunning()) return false;
+        if (const Refusal refusal = board.input.Reach(Model())) return board.Refused(refusal), true;
+        typingPause.start(kTypingPause);
+        const QModelIndex now = Shown()->currentIndex();
+        const int row = search.Find(model, now.isValid() ? now.row() : -1, letters);
+        if (row < 0) return true;
+        if (!IsForSeveral()) found = model.RowAt(row);
+        showing = true;
+        Shown()->selectionModel()->setCurrentIndex(
+            model.index(row, 0), IsForSeveral() ? QItemSelectionModel::NoUpdate
+                                                : QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        showing = false;
+        Shown()->scrollTo(model.index(row, 0));
+        return true;
+    }
+
+    void EndSearch() {
+        typingPause.stop();
+        search.Forget();
+        found = {};
+    }
+
+    void SelectFound() {
+        if (board.loop.IsBlocking()) return typingPause.start(kTypingPause);
+        const RowId id = found;
+        EndSearch();
+        const long row = model.PositionOf(id);
+        board.Dirty(Model()); // a refusal, and a row that has gone, take the mark back
+        if (row < 0 || id == Selected()) return;
+        board.Input([=, this](UserInput& input) { return input.Select(Model(), row, true); });
     }
 
     void Toggle(RowId id) {
@@ -124,7 +179,18 @@ private:
         return index.isValid() ? model.PositionOf(model.RowAt(index.row())) : -1;
     }
 
+    /// A text that is cut short and has no tool tip of its own is told in full.
+    bool TellsElided(const QHelpEvent& help) {
+        const QModelIndex index = Shown()->indexAt(help.pos());
+        const QString text = index.data().toString();
+        if (!index.isValid() || !index.data(Qt::ToolTipRole).toString().isEmpty()) return false;
+        if (Shown()->sizeHintForIndex(index).width() <= Shown()->columnWidth(index.column())) return false;
+        QToolTip::showText(help.globalPos(), Board::Tip(text), Shown()->viewport());
+        return true;
+    }
+
     void Press(const QMouseEvent& press) {
+        EndSearch();
         Shown()->setFocus(Qt::MouseFocusReason);
         const long row = PositionAt(press.position().toPoint());
         if (press.button() == Qt::RightButton) return OpenMenu(row, press.globalPosition().toPoint());
@@ -143,6 +209,7 @@ private:
     /// The arrow keys move the selection of a list for one row.
     void ByKeyboard(const QModelIndex& current) {
         if (showing || board.IsApplying() || IsForSeveral() || !current.isValid()) return;
+        EndSearch();
         const long row = model.PositionOf(model.RowAt(current.row()));
         if (row < 0 || model.RowAt(current.row()) == Selected()) return;
         board.Dirty(Model()); // a refusal takes the mark back
@@ -151,6 +218,9 @@ private:
 
     std::optional<Colour> colour;
     bool showing = false;
+    TypeAhead search;
+    QTimer typingPause;
+    RowId found; ///< by typing, until the client is told
 };
 
 class ListBoxPainter : public ListPainter {

@@ -1,13 +1,13 @@
 #include "hosts/desktop/look.h"
 
+#include "hosts/desktop/list_pictures.h"
+
 #include <QApplication>
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPalette>
-#include <QPixmap>
 #include <QStyleFactory>
 #include <array>
-#include <functional>
 #include <map>
 
 namespace ombrin::desktop {
@@ -40,10 +40,18 @@ QTreeView, QTextBrowser { background: #0a0f15; border: 1px solid #34485e; border
                           selection-background-color: #24507a; selection-color: #ffffff; }
 QTextBrowser { font-family: "Courier New", "Liberation Mono", "DejaVu Sans Mono", monospace; }
 QTreeView:focus, QTextBrowser:focus { border: 1px solid #8fc7f5; }
-QTreeView::item { padding: 1px 2px; }
+QTreeView::item { padding: 1px 2px; border: 0; }
 QTreeView::item:selected { background: #24507a; }
 QDialog QTreeView { color: #e6edf3; }
 QHeaderView::section { color: #9aabbc; background: #141f2b; border: 0; padding: 2px 4px; }
+QComboBox { color: #e6edf3; background: #0a0f15; border: 1px solid #3f5a76; border-radius: 3px;
+            padding: 2px 20px 2px 4px; combobox-popup: 0; }
+QComboBox:focus { border: 2px solid #8fc7f5; padding: 1px 19px 1px 3px; }
+QComboBox::drop-down { border: 0; width: 18px; }
+QComboBox::down-arrow { image: none; }
+QComboBox QLineEdit { border: 0; padding: 0; background: transparent; }
+QComboBox QAbstractItemView { color: #e6edf3; background: #0a0f15; border: 1px solid #3f5a76; outline: 0;
+                             selection-background-color: #24507a; }
 QCheckBox, QRadioButton { color: #e6edf3; spacing: 6px; }
 QCheckBox::indicator, QRadioButton::indicator { width: 13px; height: 13px; border: 1px solid #8fa8c0; background: #0a0f15; }
 QCheckBox::indicator { border-radius: 2px; }
@@ -56,34 +64,13 @@ QToolTip { color: #10171f; background: #f4f7fa; border: 1px solid #34485e; }
 QMenu { color: #e6edf3; background: #1b2836; border: 1px solid #3f5a76; }
 QMenu::item { padding: 4px 18px; }
 QMenu::item:selected { background: #2f81c7; }
+QMenu::item:disabled { color: #8496a8; background: transparent; }
 QScrollBar:vertical { background: #0f1720; width: 10px; }
 QScrollBar::handle:vertical { background: #3f5a76; border-radius: 4px; min-height: 24px; }
 QScrollBar:horizontal { background: #0f1720; height: 10px; }
 QScrollBar::handle:horizontal { background: #3f5a76; border-radius: 4px; min-width: 24px; }
 QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
 )";
-
-/// A picture of 7 by 11 drawn at the device's scale.
-QPixmap Drawn(const std::function<void(QPainter&)>& draw) {
-    constexpr int kScale = 4, kSide = 14;
-    QPixmap picture(kSide * kScale, kSide * kScale);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(kScale, kScale);
-    draw(painter);
-    return picture;
-}
-
-void InARoom(QPainter& painter) { painter.fillRect(QRectF(2, 6, 10, 3), QColor(0x4A, 0x9E, 0xFF)); }
-
-void InAGame(QPainter& painter) {
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0x1F, 0x5F, 0xB8));
-    painter.drawRoundedRect(QRectF(2, 1, 10, 12), 2, 2);
-    painter.setBrush(QColor(0xFF, 0xD7, 0x3A));
-    painter.drawPolygon(QPolygonF({{8, 2}, {4, 8}, {7, 8}, {6, 12}, {10, 6}, {7, 6}}));
-}
 
 } // namespace
 
@@ -110,7 +97,6 @@ void Look::Dress() { qApp->setStyleSheet(QString::fromLatin1(kStyle)); }
 QIcon Look::ButtonIcon(const std::string& button) {
     if (button != "SendMain" && button != "SendRoom") return {};
     return QIcon(Drawn([](QPainter& painter) {
-        painter.setPen(Qt::NoPen);
         painter.setBrush(kText);
         painter.drawPolygon(QPolygonF({{2, 2}, {13, 7}, {2, 12}, {4, 7}}));
     }));
@@ -133,20 +119,6 @@ QFont Look::ChatFont() {
     font.setStyleHint(QFont::TypeWriter);
     font.setPointSize(9);
     return font;
-}
-
-QIcon Look::ListIcon(const std::string& list, int image) {
-    static std::map<std::pair<std::string, int>, QIcon> known;
-    const auto found = known.find({list, image});
-    if (found != known.end()) return found->second;
-    QPixmap picture;
-    if (list == "UserList") {
-        picture = Drawn([image](QPainter& painter) {
-            if (image == 2) InARoom(painter);
-            if (image == 3) InAGame(painter);
-        });
-    }
-    return known[{list, image}] = picture.isNull() ? QIcon() : QIcon(picture);
 }
 
 QColor Look::SenderColour(const QString& name) {

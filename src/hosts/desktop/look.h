@@ -1,4 +1,4 @@
-// The default look: one palette, the fonts, and the small pictures of the lists.
+// The default look: one palette, the fonts, the colours of who speaks.
 #pragma once
 
 #include "controls/control.h"
@@ -21,8 +21,6 @@ struct Look {
     /// The style sheet, before the first control.
     static void Dress();
     static QFont ChatFont();
-    /// Picture number `image` of the list of that name; an empty one for 0.
-    static QIcon ListIcon(const std::string& list, int image);
     /// Shown where a button's caption is wider than its place; an empty one for most.
     static QIcon ButtonIcon(const std::string& button);
     /// What the built-in picture of a button without a caption says.

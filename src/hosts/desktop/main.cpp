@@ -1,5 +1,7 @@
 // OmbrinExe: the client that a person starts.
 #include "hosts/desktop/board.h"
+#include "hosts/desktop/bus_announcer.h"
+#include "hosts/desktop/connection_bar.h"
 #include "hosts/desktop/look.h"
 #include "hosts/desktop/main_window.h"
 #include "hosts/desktop/qt_services.h"
@@ -8,6 +10,7 @@
 #include "platform/posix/end_signals.h"
 #include "platform/posix/home.h"
 #include "platform/posix/posix_network.h"
+#include "platform/posix/posix_pings.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -32,10 +35,16 @@ int Run(QApplication& application, const std::optional<std::string>& home) {
     PosixNetwork network(events);
     QtSound sound(QString::fromStdString(root + "/app/sounds"), page, loop);
     QtClipboard clipboard(page);
+    PosixPings pings(loop);
+    QPointer<MainWindow> front; // once it is there
+    BusAnnouncer announcer([&front] {
+        if (front != nullptr) BringUp(*front);
+    });
+    DesktopNotifier notifier(page, announcer);
     QtOpener opener(page);
     const QtMeasure measure(Look::ChatFont(), page);
 
-    GameLobby client({network, events, clock, files, sound, clipboard, opener, measure, loop,
+    GameLobby client({network, events, clock, files, sound, clipboard, pings, notifier, opener, measure, loop,
                       [&](bool held) { events.Hold(held); }, places});
     // The event only notes the wish, so that the raising routine finishes its steps.
     client.CloseClient = [&] { events.Post([&] { client.Stack().RequestEnd(); }); };
@@ -44,6 +53,9 @@ int Run(QApplication& application, const std::optional<std::string>& home) {
     {
         MainWindow window(client, board);
         Windows windows(client, board, window);
+        const ConnectionBar bar(client, board, events, window);
+        front = &window;
+        notifier.Attach(window);
         const EndSignals signals(events, [&] { client.Stack().RequestEnd(); });
         window.Opens([&] { events.Post([&] { client.UserControl_Show(std::nullopt); }); });
         loop.RunToTheEnd();

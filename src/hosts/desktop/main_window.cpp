@@ -77,23 +77,23 @@ void MainWindow::Opens(std::function<void()> then) {
 void MainWindow::Populate() {
     if (logon != nullptr) return;
     Look::Dress();
+    board.ownName = [this] { return client.Marks().m_UserName; };
     waiting = new QLabel(this);
+    waiting->setObjectName(QStringLiteral("waiting"));
     logon = new LogonPage(client.Forms().UsrNmPwIP, this);
     logon->setObjectName(QStringLiteral("logon"));
     logon->setAutoFillBackground(true);
     logon->hide();
     MakeView();
+    room.emplace(client, board);
     MakeLogon();
     waiting->setAlignment(Qt::AlignCenter);
     waiting->setStyleSheet(QStringLiteral("background: #2f81c7; color: white; border-radius: 4px; padding: 4px 12px;"));
     waiting->hide();
     waits.setSingleShot(true);
     connect(&waits, &QTimer::timeout, this, [this] {
-        // A form that is open says itself what is waited for.
-        if (this->client.MainView().Enabled() || this->client.Stack().Top() != nullptr) return;
-        waiting->setText(Say(Own::Waiting));
-        waiting->adjustSize();
-        waiting->move((width() - waiting->width()) / 2, height() / 2);
+        if (!Waits()) return;
+        SayWhatIsWaitedFor();
         waiting->raise();
         waiting->show();
     });
@@ -189,15 +189,27 @@ void MainWindow::PlaceControls() {
     }
 }
 
+/// A form that is open over the view says itself what is waited for.
+bool MainWindow::Waits() const { return !client.MainView().Enabled() && client.Stack().TopModal() == nullptr; }
+
+void MainWindow::SayWhatIsWaitedFor() {
+    const QString text = WaitingFor(client.RoomPosition());
+    if (waiting->text() == text) return;
+    waiting->setText(text);
+    waiting->adjustSize();
+    waiting->move((width() - waiting->width()) / 2, height() / 2);
+}
+
 void MainWindow::LookAtView() {
-    const bool waitsNow = !client.MainView().Enabled() && client.Stack().Top() == nullptr;
+    const bool waitsNow = Waits();
+    if (waitsNow && waiting->isVisible()) SayWhatIsWaitedFor();
     if (waitsNow == isWaiting) return;
     isWaiting = waitsNow;
     if (waitsNow) return waits.start(kShownAfter);
     waits.stop();
     waiting->hide();
     // Whoever has just come into a lobby wants to talk, unless he is somewhere already.
-    if (client.Stack().Top() == nullptr && client.MainView().Focus() == nullptr)
+    if (client.Stack().TopModal() == nullptr && client.MainView().Focus() == nullptr)
         board.PainterOf(client.MainView().MainText)->Widget()->setFocus(Qt::OtherFocusReason);
 }
 

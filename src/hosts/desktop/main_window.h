@@ -1,8 +1,7 @@
 // The window that a person starts: the main view, and the logon dialog over it.
 #pragma once
 
-#include "hosts/desktop/board.h"
-#include "session/game_lobby.h"
+#include "hosts/desktop/room_face.h"
 
 #include <QLabel>
 #include <QWidget>
@@ -35,6 +34,8 @@ private:
     void Word(Image& image, const QString& text, int points);
     void PlaceControls();
     void LookAtView();
+    bool Waits() const;
+    void SayWhatIsWaitedFor();
     void RememberPlace() const;
     void RestorePlace();
 
@@ -42,7 +43,8 @@ private:
     Board& board;
     std::function<void()> opened;
     QWidget* logon = nullptr;
-    QLabel* waiting = nullptr; ///< shows that the view waits for the server
+    QLabel* waiting = nullptr; ///< shows what the view waits for
+    std::optional<RoomFace> room;
     QTimer waits;
     bool isWaiting = false;
 };

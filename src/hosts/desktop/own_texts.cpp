@@ -11,6 +11,19 @@ struct Row {
 
 constexpr Row kRows[] = {
     {Own::Waiting, "Waiting for the server…", "Warten auf den Server …", "En attente du serveur…"},
+    {Own::Creating, "Creating the room…", "Raum wird erstellt …", "Création du salon…"},
+    {Own::Entering, "Entering the room…", "Raum wird betreten …", "Entrée dans le salon…"},
+    {Own::Leaving, "Leaving the room…", "Raum wird verlassen …", "Sortie du salon…"},
+    {Own::Destroying, "Closing the room…", "Raum wird aufgelöst …", "Fermeture du salon…"},
+    {Own::Launching, "Starting the game…", "Spiel wird gestartet …", "Lancement du jeu…"},
+    {Own::InARoom, "In a room", "In einem Raum", "Dans un salon"},
+    {Own::InAGame, "In a game", "In einem Spiel", "En jeu"},
+    {Own::GameRuns, "A game is running", "Ein Spiel läuft", "Une partie est en cours"},
+    {Own::NeedsPassword, "Needs a password", "Mit Passwort", "Avec mot de passe"},
+    {Own::FastAnswers, "Fast connection", "Schnelle Verbindung", "Connexion rapide"},
+    {Own::MiddlingAnswers, "Middling connection", "Mittlere Verbindung", "Connexion moyenne"},
+    {Own::SlowAnswers, "Slow connection", "Langsame Verbindung", "Connexion lente"},
+    {Own::YourMessage, "Your message", "Ihre Nachricht", "Votre message"},
     {Own::CannotBeSent, "This character cannot be sent to the server.",
      "Dieses Zeichen kann nicht an den Server gesendet werden.", "Ce caractère ne peut pas être envoyé au serveur."},
     {Own::OpenLink, "Open a link", "Link öffnen", "Ouvrir un lien"},
@@ -33,6 +46,15 @@ constexpr Row kRows[] = {
     {Own::TimedOut, "%1 does not answer. The server may be down, or a firewall may stand in the way.",
      "%1 antwortet nicht. Der Server ist vielleicht aus, oder eine Firewall steht im Weg.",
      "%1 ne répond pas. Le serveur est peut-être arrêté, ou un pare-feu bloque le passage."},
+    {Own::ConnectionLost, "The connection to the server is lost.", "Die Verbindung zum Server ist abgebrochen.",
+     "La connexion au serveur est perdue."},
+    {Own::NoAnswer, "The server does not answer.", "Der Server antwortet nicht.", "Le serveur ne répond pas."},
+    {Own::LogOnAgain, "Log on again", "Neu anmelden", "Se reconnecter"},
+    {Own::HideBar, "Hide", "Ausblenden", "Masquer"},
+    {Own::MessageFrom, "Private message from %1", "Private Nachricht von %1", "Message privé de %1"},
+    {Own::BuddyHere, "%1 is here", "%1 ist da", "%1 est là"},
+    {Own::InLobby, "In the lobby %1", "In der Lobby %1", "Dans le lobby %1"},
+    {Own::ShowWindow, "Show", "Anzeigen", "Afficher"},
 };
 
 std::function<std::string()>& Current() {

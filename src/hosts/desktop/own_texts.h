@@ -9,6 +9,19 @@ namespace ombrin::desktop {
 
 enum class Own {
     Waiting,
+    Creating, ///< what is waited for, by the user's position
+    Entering,
+    Leaving,
+    Destroying,
+    Launching,
+    InARoom, ///< what the pictures of the lists say
+    InAGame,
+    GameRuns,
+    NeedsPassword,
+    FastAnswers,
+    MiddlingAnswers,
+    SlowAnswers,
+    YourMessage,
     CannotBeSent,
     OpenLink,
     OpenThisAddress,
@@ -21,6 +34,14 @@ enum class Own {
     UnknownHost, ///< %1 the host
     Unreachable, ///< %1 the host
     TimedOut,    ///< %1 the host
+    ConnectionLost,
+    NoAnswer,
+    LogOnAgain,
+    HideBar,
+    MessageFrom, ///< %1 the sender
+    BuddyHere,   ///< %1 his name
+    InLobby,     ///< %1 the lobby
+    ShowWindow,
 };
 
 /// How the language in force is read, as UTF-8; set once by the program.

@@ -3,16 +3,13 @@
 #include "hosts/desktop/chat_painter.h"
 #include "hosts/desktop/list_painter.h"
 #include "hosts/desktop/look.h"
-#include "hosts/desktop/own_texts.h"
+#include "hosts/desktop/text_painters.h"
 
 #include <QCheckBox>
-#include <QKeyEvent>
+#include <QEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QStyle>
-#include <QToolTip>
 
 namespace ombrin::desktop {
 
@@ -132,71 +129,6 @@ private:
     OptionButton& option;
 };
 
-class TextPainter : public Painter {
-public:
-    TextPainter(Board& board, TextBox& model, QWidget* parent)
-        : Painter(board, model, new QLineEdit(parent)), box(model) {
-        if (model.IsPassword()) Shown()->setEchoMode(QLineEdit::Password);
-        if (model.MaxLength() != 0) Shown()->setMaxLength(static_cast<int>(model.MaxLength()));
-        connect(Shown(), &QLineEdit::textEdited, this, [this](const QString& text) { Edited(text); });
-    }
-
-private:
-    QLineEdit* Shown() const { return static_cast<QLineEdit*>(Widget()); }
-
-    /// What the code page cannot hold is taken out again, before the eyes of who typed it; line breaks become blanks.
-    void Edited(const QString& text) {
-        QString kept;
-        const int typedTo = Shown()->cursorPosition();
-        int cursor = typedTo;
-        for (int at = 0, next = 0; at < text.size(); at = next) {
-            next = at + (text.at(at).isHighSurrogate() ? 2 : 1);
-            const QString character = text.mid(at, next - at);
-            if (character == QLatin1Char('\n') || character == QLatin1Char('\r'))
-                kept += QLatin1Char(' ');
-            else if (board.Bytes(character))
-                kept += character;
-            else if (at < typedTo)
-                cursor -= next - at;
-        }
-        MarkRefused(kept.size() != text.size());
-        if (kept != text) {
-            Shown()->setText(kept);
-            Shown()->setCursorPosition(cursor);
-        }
-        board.Dirty(box); // where the client refuses the input, its own text is shown again
-        board.Input([&](UserInput& input) { return input.Type(box, *board.Bytes(kept)); });
-    }
-
-    void MarkRefused(bool refused) {
-        if (Shown()->property("refused").toBool() == refused) return;
-        Shown()->setProperty("refused", refused);
-        Shown()->style()->unpolish(Shown());
-        Shown()->style()->polish(Shown());
-        if (refused)
-            QToolTip::showText(Shown()->mapToGlobal(QPoint(0, Shown()->height())), Say(Own::CannotBeSent), Shown());
-    }
-
-    void ApplyOwn() override {
-        const QString text = board.Text(box.Text());
-        if (Shown()->text() != text) {
-            MarkRefused(false);
-            Shown()->setText(text);
-        }
-        if (box.SelLength() > 0 && !Shown()->hasSelectedText())
-            Shown()->setSelection(static_cast<int>(box.SelStart()), static_cast<int>(box.SelLength()));
-    }
-
-    bool TakesKey(QKeyEvent& event) override {
-        if (event.key() != Qt::Key_Return && event.key() != Qt::Key_Enter) return false;
-        int key = UserInput::kEnter;
-        board.Input([&](UserInput& input) { return input.Key(box, key, UserInput::kNoShift); });
-        return true;
-    }
-
-    TextBox& box;
-};
-
 } // namespace
 
 std::unique_ptr<Painter> MakePainter(Board& board, Control& control, QWidget* parent) {
@@ -214,7 +146,9 @@ std::unique_ptr<Painter> MakePainter(Board& board, Control& control, QWidget* pa
     case ControlKind::OptionButton:
         return std::make_unique<OptionPainter>(board, static_cast<OptionButton&>(control), parent);
     case ControlKind::TextBox:
-        return std::make_unique<TextPainter>(board, static_cast<TextBox&>(control), parent);
+        return MakeTextPainter(board, static_cast<TextBox&>(control), parent);
+    case ControlKind::ComboBox:
+        return MakeComboPainter(board, static_cast<ComboBox&>(control), parent);
     case ControlKind::ListBox:
     case ControlKind::ListView:
         return MakeListPainter(board, control, parent);

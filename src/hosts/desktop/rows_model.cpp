@@ -79,6 +79,11 @@ QVariant RowsModel::data(const QModelIndex& index, int role) const {
         return index.column() == 0 && look.icon ? QVariant(look.icon(rows.Image(row))) : QVariant();
     case Qt::ToolTipRole:
         return rows.Tip(row).empty() ? QVariant() : QVariant(Board::Tip(Text(rows.Tip(row))));
+    case Qt::AccessibleDescriptionRole: {
+        QStringList said{look.meaning ? look.meaning(rows.Image(row)) : QString(), Text(rows.Tip(row))};
+        said.removeAll(QString());
+        return said.join(QStringLiteral(", "));
+    }
     case Qt::ForegroundRole: {
         const auto colour = rows.RowColour(row) ? rows.RowColour(row) : look.colour();
         return colour ? QVariant(ToColour(*colour)) : QVariant();

@@ -18,6 +18,7 @@ public:
     struct Look {
         std::function<QIcon(int image)> icon;
         std::function<std::optional<Colour>()> colour;
+        std::function<QString(int image)> meaning = nullptr; ///< what a screen reader says for the picture
     };
 
     RowsModel(RowList& rows, int columns, const CodePage& page, Look look, std::function<void()> changed);

@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QScreen>
 #include <QStyle>
 #include <QVBoxLayout>
 
@@ -59,16 +60,38 @@ private:
             grid->setRowStretch(at, 1);
             break;
         case DialogRow::Kind::Pair: {
-            auto* label = static_cast<QLabel*>(WidgetNamed(row.controls[0]));
-            label->setWordWrap(false);
-            grid->addWidget(label, at, 0);
+            QWidget* name = WidgetNamed(row.controls[0]);
             QWidget* field = WidgetNamed(row.controls[1]);
-            label->setBuddy(field);
+            grid->addWidget(name, at, 0);
             grid->addWidget(field, at, 1);
+            if (auto* label = qobject_cast<QLabel*>(name)) {
+                label->setWordWrap(false);
+                label->setBuddy(field);
+            } else { // a field that the box brings up; its place is kept for it
+                field->setAccessibleName(board.Text(static_cast<CheckBox*>(form.Find(row.controls[0]))->Caption()));
+                QSizePolicy policy = field->sizePolicy();
+                policy.setRetainSizeWhenHidden(true);
+                field->setSizePolicy(policy);
+            }
+            break;
+        }
+        case DialogRow::Kind::Entry: {
+            auto* line = new QHBoxLayout;
+            line->setSpacing(grid->horizontalSpacing());
+            auto* field = qobject_cast<QLineEdit*>(WidgetNamed(row.controls[0]));
+            field->setPlaceholderText(Say(Own::YourMessage));
+            field->setAccessibleName(Say(Own::YourMessage));
+            field->setMinimumHeight(28);
+            line->addWidget(field, 1);
+            QWidget* button = WidgetNamed(row.controls[1]);
+            button->setMinimumSize(84, 28);
+            line->addWidget(button);
+            grid->addLayout(line, at, 0, 1, 2);
             break;
         }
         case DialogRow::Kind::Buttons: {
             auto* line = new QHBoxLayout;
+            line->setSpacing(grid->horizontalSpacing());
             line->addStretch();
             for (const auto name : row.controls) {
                 QWidget* button = WidgetNamed(name);
@@ -149,6 +172,7 @@ public:
         text->setTextInteractionFlags(Qt::TextSelectableByMouse);
         grid->addWidget(text, 0, 1);
         auto* line = new QHBoxLayout;
+        line->setSpacing(10);
         line->addStretch();
         for (const auto& [result, caption] : Captions(box.Buttons())) {
             auto* button = new QPushButton(caption, this);
@@ -191,6 +215,7 @@ public:
         grid->addWidget(prompt, 0, 0);
         grid->addWidget(answer, 1, 0);
         auto* line = new QHBoxLayout;
+        line->setSpacing(10);
         line->addStretch();
         auto* ok = new QPushButton(Say(Own::Ok), this);
         auto* cancel = new QPushButton(Say(Own::Cancel), this);
@@ -249,6 +274,9 @@ public:
     }
 };
 
+/// A message that arrives while the person is in another program takes no keys from there.
+bool MayTakeKeys(const Form& form) { return form.IsModal() || QApplication::activeWindow() != nullptr; }
+
 } // namespace
 
 FormWindow::FormWindow(Form& form, Board& board, QWidget* parent) : QDialog(parent), form(form), board(board) {
@@ -279,7 +307,9 @@ Windows::~Windows() {
 }
 
 FormWindow* Windows::Make(Form& form) {
+    // A box stands over the window that it comes from: another box, or a dialog beside the main window.
     QWidget* parent = QApplication::activeModalWidget();
+    if (parent == nullptr) parent = dynamic_cast<FormWindow*>(QApplication::activeWindow());
     if (parent == nullptr) parent = &main;
     if (auto* box = dynamic_cast<MessageBoxForm*>(&form)) return new MessageWindow(*box, board, parent);
     if (auto* box = dynamic_cast<InputBoxForm*>(&form)) return new InputWindow(*box, board, parent);
@@ -306,19 +336,43 @@ void Windows::FormShown(Form& form) {
     board.Frame();
     window->setWindowTitle(board.Text(form.Caption()));
     window->setWindowModality(form.IsModal() ? Qt::ApplicationModal : Qt::NonModal);
-    window->adjustSize();
-    const QPoint middle = main.frameGeometry().center();
-    window->move(middle.x() - window->width() / 2, middle.y() - window->height() / 2);
-    window->show();
+    Place(form, *window);
+    window->setAttribute(Qt::WA_ShowWithoutActivating, !MayTakeKeys(form));
+    board.Quietly([window] { window->show(); }); // a dialog tells its old focus as if by the Tab key
+    FormRaised(form);
+}
+
+void Windows::FormRaised(Form& form) {
+    QWidget* window = WindowOf(form);
+    if (window == nullptr) return;
     window->raise();
-    window->activateWindow();
+    if (MayTakeKeys(form)) window->activateWindow();
     Focus(form);
+}
+
+/// In the middle of the main window; one that stays open beside it, where there is room, and then where the person has
+/// it.
+void Windows::Place(Form& form, QWidget& window) const {
+    const bool stays = !form.IsModal();
+    if (stays && window.testAttribute(Qt::WA_Moved)) return;
+    window.adjustSize();
+    const QRect there = main.frameGeometry();
+    const QRect room = main.screen()->availableGeometry();
+    QPoint place = there.center() - window.rect().center();
+    if (stays && there.right() + window.width() < room.right())
+        place = {there.right() + 1, there.top()};
+    else if (stays && there.left() - window.width() > room.left())
+        place = {there.left() - window.width(), there.top()};
+    window.move(place);
 }
 
 void Windows::Focus(Form& form) {
     const Control* control = form.Focus() != nullptr ? form.Focus() : form.Default;
     if (control == nullptr) return;
-    if (Painter* painter = board.PainterOf(*control)) painter->Widget()->setFocus(Qt::OtherFocusReason);
+    Painter* painter = board.PainterOf(*control);
+    if (painter == nullptr) return;
+    painter->Widget()->setFocus(Qt::OtherFocusReason);
+    board.FocusMovedTo(*control); // what the form chooses next is a move
 }
 
 void Windows::FormHidden(Form& form) {
@@ -327,8 +381,9 @@ void Windows::FormHidden(Form& form) {
     if (found == windows.end()) return;
     if (found->second != nullptr) found->second->hide();
     // The keys go to what is in front now, whether or not a window manager sees to that.
-    const Form* top = client.Stack().Top();
+    const Form* top = client.Stack().TopModal();
     QWidget* front = top == nullptr ? nullptr : WindowOf(*top);
+    if (front == nullptr && found->second != nullptr) front = found->second->parentWidget();
     (front != nullptr ? front : &main)->activateWindow();
     if (form.KindOfForm() == FormKind::Form) return;
     if (found->second != nullptr) found->second->deleteLater(); // a box is gone with its answer

@@ -29,6 +29,7 @@ public:
     ~Windows() override;
 
     void FormShown(Form& form) override;
+    void FormRaised(Form& form) override;
     void FormHidden(Form& form) override;
     void MenuOpened(Menu& menu) override;
 
@@ -37,6 +38,7 @@ public:
 
 private:
     FormWindow* Make(Form& form);
+    void Place(Form& form, QWidget& window) const;
     void Focus(Form& form);
 
     GameLobby& client;
