@@ -17,6 +17,7 @@ class Control;
 enum class ControlKind {
     Button,
     CheckBox,
+    ColourSwatch,
     ComboBox,
     FlexGrid,
     Frame,
@@ -91,7 +92,6 @@ protected:
         dirty = true;
         watcher->Dirty(*this);
     }
-    bool IsWatched() const { return watcher != nullptr; }
     template <class Value>
     void Set(Value& field, Value value) {
         if (field == value) return;

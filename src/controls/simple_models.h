@@ -22,6 +22,13 @@ public:
         : Captioned(parent, ControlKind::Label, std::move(name), std::move(caption)) {}
 };
 
+/// The titled border around a group of controls.
+class Frame : public Captioned {
+public:
+    Frame(Container& parent, std::string name, std::string caption)
+        : Captioned(parent, ControlKind::Frame, std::move(name), std::move(caption)) {}
+};
+
 class Button : public Captioned {
 public:
     Button(Container& parent, std::string name, std::string caption = "")
@@ -49,8 +56,8 @@ private:
 /// Of the option buttons of one container at most one is on.
 class OptionButton : public Captioned {
 public:
-    OptionButton(Container& parent, std::string name)
-        : Captioned(parent, ControlKind::OptionButton, std::move(name), "") {}
+    OptionButton(Container& parent, std::string name, std::string caption = "")
+        : Captioned(parent, ControlKind::OptionButton, std::move(name), std::move(caption)) {}
     bool On() const { return on; }
     void SetOn(bool value);
     std::function<void()> Click;
@@ -62,6 +69,17 @@ private:
 class Image : public Control {
 public:
     Image(Container& parent, std::string name) : Control(parent, ControlKind::Image, std::move(name)) {}
+};
+
+/// A colour to look at.
+class ColourSwatch : public Control {
+public:
+    ColourSwatch(Container& parent, std::string name) : Control(parent, ControlKind::ColourSwatch, std::move(name)) {}
+    ombrin::Colour Colour() const { return colour; }
+    void SetColour(ombrin::Colour value) { Set(colour, value); }
+
+private:
+    ombrin::Colour colour = 0;
 };
 
 class StatusBar : public Control {

@@ -15,10 +15,10 @@ constexpr std::array<std::string_view, 10> kPositions{"Lobby",   "Naming", "Crea
                                                       "Creator", "Member", "Launching", "Leaving",  "Destroying"};
 
 constexpr std::array<std::string_view, kControls.size()> kEvents{
-    "CreatePressed",   "NamingCancelled", "NamingConfirmed", "RoomCreated",    "CreateRefused",
-    "EnterPressed",    "RoomEntered",     "PasswordAsked",   "PasswordGiven",  "PasswordCancelled",
-    "EnterRefused",    "LeavePressed",    "LeaveRoom",       "DestroyPressed", "DestroyRoom",
-    "FirstRoomListed", "LastRoomGone",    "PreviewShown",    "LoggedOff"};
+    "CreatePressed", "NamingCancelled", "NamingConfirmed", "RoomCreated",       "CreateRefused", "EnterPressed",
+    "RoomEntered",   "PasswordAsked",   "PasswordGiven",   "PasswordCancelled", "EnterRefused",  "LeavePressed",
+    "LeaveRoom",     "DestroyPressed",  "DestroyRoom",     "LaunchPressed",     "JoinPressed",   "BackAsCreator",
+    "BackAsMember",  "BackInLobby",     "FirstRoomListed", "LastRoomGone",      "PreviewShown",  "LoggedOff"};
 
 constexpr bool RowsStandInTheOrderOfTheEvents() {
     for (std::size_t i = 0; i < kControls.size(); ++i)

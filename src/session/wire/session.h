@@ -20,8 +20,9 @@ struct Session {
     std::string m_CurrentRoom;  ///< the room that the user is in or asks for, empty for none
     std::string m_SelectedRoom; ///< the room that is previewed, empty for none
     std::string m_RoomHostAddress;
-    std::string m_DefaultHost; ///< preset host; when not empty the logon dialog hides its field
-    std::string m_DefaultPort; ///< likewise
+    std::string m_DefaultHost;  ///< preset host; when not empty the logon dialog hides its field
+    std::string m_DefaultPort;  ///< likewise
+    std::string ConfiguredGame; ///< the lobby that was entered, as the dialog for its game has it
     bool m_IsRoomCreator = false;
     bool m_StandAlone = false;
     bool m_CreatingAccount = false;

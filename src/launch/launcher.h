@@ -1,0 +1,52 @@
+// From the press of Launch to the way back into the lobby: the game runs on every machine of the room.
+#pragma once
+
+#include "launch/direct_ip_launch.h"
+#include "launch/pause_av.h"
+#include "lobby/auto_start.h"
+#include "lobby/room_position.h"
+#include "platform/alarms.h"
+#include "platform/desktop.h"
+
+#include <functional>
+
+namespace ombrin {
+
+class Launcher {
+public:
+    /// Members wait so long before they start the game, so that the creator's machine is ready for them.
+    static constexpr long kMemberWait = 10'000; ///< milliseconds
+
+    /// Starts the game by way of DirectPlay; it reports its own failures.
+    using DirectPlayRoute = std::function<void(std::string_view launchIP)>;
+
+    Launcher(Desk desk, PauseAV& dialog, AutoStart& autoStart, RoomPosition& position, Processes& processes,
+             Clipboard& clipboard, Alarms& alarms, DirectPlayRoute LaunchDPGame);
+    ~Launcher() { alarms.Cancel(patience); }
+    Launcher(const Launcher&) = delete;
+    Launcher& operator=(const Launcher&) = delete;
+
+    /// The server starts the game: `<ip>;`, and what follows is not read. Waits until the user resumes.
+    void LaunchGame(std::string_view buffer);
+
+private:
+    void Launch_Click();
+    void JoinServerAndPlay_Click();
+    void LaunchDirectIPGame(std::string_view launchIP);
+    void WaitForTheServer();
+    void ComeBack();
+
+    Desk desk;
+    PauseAV& dialog;
+    AutoStart& autoStart;
+    RoomPosition& position;
+    Processes& processes;
+    Clipboard& clipboard;
+    Alarms& alarms;
+    DirectPlayRoute LaunchDPGame;
+    GameRecords records;
+    clsDIPServerLaunch m_DirectIPLaunch;
+    Alarms::Id patience = Alarms::kNone; ///< for a server that does not answer the press
+};
+
+} // namespace ombrin

@@ -1,0 +1,84 @@
+#include "launch/pause_av.h"
+
+#include <array>
+
+namespace ombrin {
+
+namespace {
+
+enum class Is { Yes, No, Any };
+
+bool Fits(Is wanted, bool is) { return wanted == Is::Any || (wanted == Is::Yes) == is; }
+
+struct Instruction {
+    Is autoStartOn, isCreator, usesDirectPlay;
+    LanguageText text;
+};
+
+using enum Is;
+
+// clang-format off
+constexpr std::array kInstructions{
+    Instruction{Yes, Yes, Yes, {"AutoCreatorDP",
+        "Game launched using DirectPlay.  For certain DirectPlay games you will be sent directly to the games's lobby, "
+        "in which case you don't need to do anything at this point.  If the game does not bring you to the game's "
+        "lobby then when game starts proceed to the multi-player section and set up an IP based game.  Then wait for "
+        "others to join."}},
+    Instruction{Yes, Yes, No, {"AutoCreatorNoDP",
+        "Game launched.  When game starts proceed to the multi-player section and set up an IP based game.  Then wait "
+        "for others to join."}},
+    Instruction{Yes, No, Yes, {"AutoNotCreatorDP",
+        "Game launched using DirectPlay.  For certain DirectPlay games you will be sent directly to the games's lobby, "
+        "in which case you don't need to do anything at this point.  If the game does not bring you to the game's "
+        "lobby then When game starts proceed to multi-player section and join an IP game.  When prompted for the game "
+        "creator's IP address type 'CTRL-V'.  The game creator's IP address has been copied to your clip-board and "
+        "will be inserted at the prompt."}},
+    Instruction{Yes, No, No, {"AutoNotCreatorNoDP",
+        "Game has been launched by room creator.  When game starts proceed to multi-player section and join an IP "
+        "game.  When prompted for the game creator's IP address type 'CTRL-V'.  The game creator's IP address has been "
+        "copied to your clip-board and will be inserted at the prompt."}},
+    Instruction{No, Yes, Any, {"NoAutoCreator",
+        "Game not configured to auto-start, you must launch the game.  When game starts proceed to the multi-player "
+        "section and set up an IP based game.  Then wait for others to join."}},
+    Instruction{No, No, Any, {"NoAutoNotCreator",
+        "Game has been launched by room creator.  You do not have this game configured to auto-start, you must "
+        "manually start the game.  When game starts proceed to multi-player section and join an IP game.  When "
+        "prompted for the game creator's IP address type 'CTRL-V'.  The game creator's IP address has been copied to "
+        "your clip-board and will be inserted at the prompt."}},
+};
+// clang-format on
+
+} // namespace
+
+PauseAV::PauseAV(ModalStack& stack, Localisation& language, Trap& trap)
+    : Form(stack, "PauseAV", "Game Launched"), language(language), trap(trap) {
+    Activate = [this] { ChooseTexts(); };
+    CloseBox = [this] { Hide(); };
+    ResumeButton.Click = [this] { Hide(); };
+    Default = &ResumeButton;
+}
+
+void PauseAV::ChooseTexts() {
+    trap(
+        "Form_Activate",
+        [&] {
+            const Instruction* chosen = nullptr;
+            for (const Instruction& row : kInstructions)
+                if (chosen == nullptr && Fits(row.autoStartOn, AutoStartOn) && Fits(row.isCreator, IsCreator) &&
+                    Fits(row.usesDirectPlay, UsesDirectPlay))
+                    chosen = &row;
+            const std::string current = language.CurrentLanguage();
+            if (current.empty() || current == Localisation::kEnglish) {
+                Label2.SetCaption(chosen->text.english);
+                return;
+            }
+            const auto translated = [&](std::string_view key) { return language.Translation(current, key); };
+            if (const std::string title = translated("GameLaunched"); !title.empty()) SetCaption(title);
+            if (const std::string resume = translated("Resume"); !resume.empty()) ResumeButton.SetCaption(resume);
+            if (const std::string paused = translated("ArdvellePaused"); !paused.empty()) Label1.SetCaption(paused);
+            Label2.SetCaption(translated(chosen->text.key));
+        },
+        Name());
+}
+
+} // namespace ombrin
