@@ -34,6 +34,7 @@ public:
 
     std::function<void()> Load;
     std::function<void()> Activate, Deactivate; ///< it comes to the top, or another form or nothing takes its place
+    std::function<void()> Paint;                ///< it comes to the top, or a box that stood over it goes
     std::function<void()> CloseBox;             ///< the window's close box; without one the box does nothing
     Control* Default = nullptr;                 ///< has the focus when the form is first shown
 

@@ -53,6 +53,8 @@ public:
     void Remove(RowId row);
     void Clear();
     RowId SelectedItem() const { return selected; }
+    /// Text of the selected row, empty in an empty list.
+    std::string SelectedText() const { return selected ? rows.Text(selected) : std::string(); }
     void Select(RowId row);
 
     const std::vector<std::string>& Headers() const { return headers; }

@@ -54,7 +54,9 @@ void ModalStack::ShowModal(Form& form) {
 void ModalStack::ShowModeless(Form& form) {
     if (ending) throw ProgramEnding{};
     if (form.visible) {
-        if (TopModal() == nullptr && observer != nullptr) observer->FormRaised(form);
+        if (TopModal() != nullptr) return;
+        active = &form;
+        if (observer != nullptr) observer->FormRaised(form);
         return;
     }
     if (TopModal() != nullptr) throw RuntimeError(ErrorNumber::ModelessUnderModal);
@@ -70,18 +72,22 @@ Form* ModalStack::TopModal() const {
 void ModalStack::Appear(Form& form, bool modal) {
     Form* const below = Top();
     if (TakesTheActivation(form) && below != nullptr) Run(below->Deactivate);
+    if (form.visible) throw RuntimeError(ErrorNumber::FormAlreadyShown); // by what ran nested in there
     form.visible = true;
     form.modal = modal;
     visible.push_back(&form);
+    active = &form;
     UpdateHold();
     if (observer != nullptr) observer->FormShown(form);
     if (form.Focus() == nullptr && form.Default != nullptr) form.Default->SetFocus();
     Run(form.Activate);
+    Run(form.Paint);
 }
 
 void ModalStack::TakeAway(Form& form) {
     form.visible = false;
     visible.erase(std::find(visible.begin(), visible.end(), &form));
+    if (active == &form) active = Top();
     UpdateHold();
     if (observer != nullptr) observer->FormHidden(form);
 }
@@ -92,9 +98,12 @@ void ModalStack::Hide(Form& form) {
     TakeAway(form);
     for (Frame* frame : frames)
         if (&frame->form == &form) frame->ended = true;
-    if (ending || !TakesTheActivation(form)) return;
-    if (wasOnTop) Run(form.Deactivate);
-    if (wasOnTop && Top() != nullptr && TakesTheActivation(*Top())) Run(Top()->Activate);
+    if (ending) return;
+    if (TakesTheActivation(form)) {
+        if (wasOnTop) Run(form.Deactivate);
+        if (wasOnTop && Top() != nullptr && TakesTheActivation(*Top())) Run(Top()->Activate);
+    }
+    if (wasOnTop && Top() != nullptr) Run(Top()->Paint);
 }
 
 void ModalStack::RequestEnd() {

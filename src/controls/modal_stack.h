@@ -45,6 +45,9 @@ public:
     /// The form that keeps input from everything else; nullptr for none.
     Form* TopModal() const;
     const std::vector<Form*>& Visible() const { return visible; }
+    /// The form that keys go to: the top one, unless the user has gone on beside a modeless one; nullptr for the view.
+    Form* Active() const { return active; }
+    void SetActive(Form* form) { active = form; }
     std::size_t Depth() const { return frames.size(); }
 
     /// Ends every wait: each ShowModal raises ProgramEnding when control comes back to it, and so does every later one.
@@ -72,6 +75,7 @@ private:
     std::function<void(bool)> holdEvents;
     FormObserver* observer = nullptr;
     std::vector<Form*> visible;
+    Form* active = nullptr;
     std::vector<Frame*> frames;
     bool ending = false;
 };

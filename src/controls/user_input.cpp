@@ -48,6 +48,7 @@ Refusal UserInput::Focus(Control& control) {
 
 void UserInput::Take(Control& control) {
     view.CloseMenu();
+    stack.SetActive(&control.Parent() == &view ? nullptr : static_cast<Form*>(&control.Parent()));
     control.SetFocus();
 }
 
@@ -70,13 +71,17 @@ Refusal UserInput::Click(Control& control) {
         auto& list = static_cast<ListBox&>(control);
         if (!list.SelectedRow()) return Refused("no row is selected");
         Take(list);
-        return Run(list.Click);
+        Run(list.Click);
+        MouseUp(list, kLeft);
+        return kTaken;
     }
     case ControlKind::ListView: {
         auto& list = static_cast<ListView&>(control);
         if (!list.SelectedItem()) return Refused("no row is selected");
         Take(list);
-        return Run(list.ItemClick);
+        Run(list.ItemClick);
+        MouseUp(list, kLeft);
+        return kTaken;
     }
     default:
         return Refused("takes no click");

@@ -3,32 +3,30 @@
 #include "controls/user_input.h"
 #include "foundation/text.h"
 #include "lobby/text_colour.h"
-#include "lobby/user_names.h"
 #include "session/wire/client_message.h"
 #include "session/wire/codec.h"
+#include "session/wire/names.h"
 
 namespace ombrin {
 
 namespace {
 
 constexpr Colour kOnLineColour = 0x00FFFF00; ///< blue and green full
+constexpr std::size_t kMostBuddies = 5'000;  ///< the pane is sorted anew at each change
 constexpr std::string_view kOffline = "Offline";
 constexpr std::size_t kStatus = 1, kSortKey = 2; ///< sub-items; those on line sort first
 
 } // namespace
 
 Buddies::Buddies(Desk desk, PrivateMessages& pm, Notices& notices, Sound& sound)
-    : desk(desk), pm(pm), notices(notices), sound(sound), limit(desk.trap.log, "buddies") {
+    : desk(desk), pm(pm), notices(notices), sound(sound), limit(desk.trap.log, "buddies", kMostBuddies) {
     View& view = desk.view;
     view.btnAddBuddy.Click = [this] { btnAddBuddy_Click(); };
     view.btnRemoveBuddy.Click = [this] { btnRemoveBuddy_Click(); };
     view.RemoveBuddy.Click = [this] { RemoveBuddy_Click(); };
     view.BuddyPMMenu.Click = [this] { BuddyPMMenu_Click(); };
     view.BuddyLV.MouseUp = [this](int button) { BuddyLV_MouseUp(button); };
-    view.AddBuddy.Click = [this] {
-        const ListView& list = this->desk.view.UserList;
-        AddFrom(list.SelectedItem() ? list.rows.Text(list.SelectedItem()) : std::string());
-    };
+    view.AddBuddy.Click = [this] { AddFrom(this->desk.view.UserList.SelectedText()); };
     view.AddAllUsersBuddy.Click = [this] { AddFrom(this->desk.view.lbAllUsers.SelectedText()); };
 }
 
@@ -125,15 +123,10 @@ void Buddies::AddBuddyToBuddyList(const std::string& name) {
     });
 }
 
-std::string Buddies::SelectedBuddy() const {
-    const ListView& list = desk.view.BuddyLV;
-    return list.SelectedItem() ? list.rows.Text(list.SelectedItem()) : std::string();
-}
-
 void Buddies::RemoveBuddy_Click() {
     desk.trap("RemoveBuddy", [&] {
         const auto epoch = desk.link.Epoch();
-        const std::string name = SelectedBuddy();
+        const std::string name = desk.view.BuddyLV.SelectedText();
         if (name.empty()) return;
         if (desk.messages.DisplayMessage(text::kRemoveBuddy, BoxButtons::YesNo) != BoxResult::Yes) return;
         if (desk.link.Epoch() != epoch) return;
@@ -146,12 +139,13 @@ void Buddies::RemoveBuddy_Click() {
 void Buddies::BuddyPMMenu_Click() {
     desk.trap(__func__, [&] {
         desk.TraceMessage("Private Message pressed.");
-        pm.DisplayPMDialog(SelectedBuddy());
+        pm.DisplayPMDialog(desk.view.BuddyLV.SelectedText());
     });
 }
 
 void Buddies::BuddyLV_MouseUp(int button) {
-    if (button == UserInput::kRight && desk.view.BuddyLV.rows.Count() > 0 && SelectedBuddy() != desk.session.m_UserName)
+    if (button == UserInput::kRight && desk.view.BuddyLV.rows.Count() > 0 &&
+        desk.view.BuddyLV.SelectedText() != desk.session.m_UserName)
         desk.view.PopUp(desk.view.BuddyMenu);
 }
 

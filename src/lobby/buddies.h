@@ -29,7 +29,6 @@ private:
     bool IsAcceptable(const std::string& name);
     void SetOnLine(RowId row, std::string_view lobby);
     void SetOffLine(RowId row);
-    std::string SelectedBuddy() const;
 
     Desk desk;
     PrivateMessages& pm;

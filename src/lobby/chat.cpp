@@ -72,12 +72,14 @@ void Chat::ReSizeFlexGridCellHeight(FlexGrid& grid, int row) {
 
 void Chat::SendMain_Click() {
     desk.trap(__func__, [&] {
+        const auto epoch = desk.link.Epoch();
         if (desk.session.m_CurrentLobby.empty())
             desk.trap.log.LogError("Error: GameLobby is NULL, you probably are not connected to the server.  Make aure "
                                    "you don't have any firewall software running and make sure that no other "
                                    "application is using the same port that you are using to connect to Ardvelle.",
                                    true);
         desk.TraceMessage("Send main pressed");
+        if (desk.link.Epoch() != epoch) return; // a new logon under the box
         SendMainText();
         desk.view.MainText.SetFocus();
     });

@@ -2,13 +2,16 @@
 
 #include "controls/user_input.h"
 #include "foundation/text.h"
-#include "lobby/room_names.h"
+#include "session/wire/names.h"
 
 namespace ombrin {
 
 namespace {
 
 constexpr int kFewestUsers = 2, kMostUsers = 32;
+
+/// The boxes stop earlier, and the text for the user speaks of 20.
+constexpr std::size_t kLongestRoomPassword = 40;
 
 /// " 2" to " 9", "10" to "32".
 std::vector<std::string> NumbersOfUsers() {
@@ -27,7 +30,7 @@ NewRoom::NewRoom(ModalStack& stack, Messages& messages, Localisation& language, 
     Password.SetVisible(false);
     Password.SetEnabled(false);
     Load = [this] { Form_Load(); };
-    Activate = [this] { NewRoomName.SetFocus(); };
+    Paint = [this] { NewRoomName.SetFocus(); };
     CloseBox = [this] { CancelButton_Click(); };
     PasswordRoom.Click = [this] { PasswordRoom_Click(); };
     OKButton.Click = [this] { OKButton_Click(); };

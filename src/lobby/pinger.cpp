@@ -47,7 +47,7 @@ void Pinger::PingTimer_Timer() {
         rows.ForEach([&](RowId row) {
             std::string_view tag = rows.Tag(row);
             std::string address(GetCommand(tag, kFieldEnd));
-            if (address.empty()) return;
+            if (address.empty() || targets.size() == kMostPings) return;
             targets.push_back({row, GetCommand(tag, kFieldEnd) != "N"});
             addresses.push_back(std::move(address));
         });

@@ -8,6 +8,9 @@ namespace ombrin {
 
 class Pinger {
 public:
+    /// Rows that are pinged at most, twice the users of the largest room: who names more must not hold up the client.
+    static constexpr std::size_t kMostPings = 64;
+
     Pinger(Desk desk, Pings& pings);
 
     /// Pings all rows that have an address, and gives each its picture and its tool tip. A ping that cannot be tried

@@ -27,8 +27,7 @@ PrivateMessages::PrivateMessages(Desk desk, PMDialog& dialog, IgnoredUsers& igno
 void PrivateMessages::PM_Click() {
     desk.trap(__func__, [&] {
         desk.TraceMessage("Private Message pressed");
-        const ListView& list = desk.view.UserList;
-        DisplayPMDialog(list.rows.Count() > 0 ? list.rows.Text(list.SelectedItem()) : std::string());
+        DisplayPMDialog(desk.view.UserList.SelectedText());
     });
 }
 

@@ -10,7 +10,7 @@ RoomPassword::RoomPassword(ModalStack& stack, Messages& messages, Localisation& 
         this->trap(
             "Form_Load", [&] { language.TranslateForm(*this); }, Name());
     };
-    Activate = [this] {
+    Paint = [this] {
         Password.SetFocus();
         Password.SetText("");
     };

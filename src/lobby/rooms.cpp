@@ -152,8 +152,10 @@ void Rooms::Banned() {
 void Rooms::Leave_Click() {
     desk.trap(__func__, [&] {
         Session& session = desk.session;
+        const auto epoch = desk.link.Epoch();
         desk.TraceMessage("leaving room");
         desk.link.SendData(client_message::LeaveRoom(session.m_UserData, session.m_CurrentRoom));
+        if (desk.link.Epoch() != epoch) return;
         position.Take(RoomEvent::LeavePressed);
         session.m_CurrentRoom.clear(); // lines that still arrive make no sound
     });
@@ -174,6 +176,7 @@ void Rooms::Destroy_Click() {
         if (desk.messages.DisplayMessage(text::kDestroyRoom, BoxButtons::YesNo) != BoxResult::Yes) return;
         if (desk.link.Epoch() != epoch) return;
         desk.link.SendData(client_message::DestroyRoom(session.m_UserData, session.m_CurrentRoom));
+        if (desk.link.Epoch() != epoch) return;
         session.m_CurrentRoom.clear();
         position.Take(RoomEvent::DestroyPressed);
     });

@@ -59,7 +59,6 @@ private:
     std::string SelectedRoomName() const;
     void ClearRoomViews();
     void Disappear(RoomEvent how);
-    void AskForPassword();
 
     Desk desk;
     RoomDialogs dialogs;

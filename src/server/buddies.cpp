@@ -17,8 +17,7 @@ auto FindIn(std::vector<std::string>& names, std::string_view name) {
 } // namespace
 
 void Buddies::Load(Session& owner, std::vector<std::string> names) {
-    owner.buddies = std::move(names);
-    for (const std::string& name : owner.buddies) Watch(owner, name);
+    for (const std::string& name : names) Add(owner, name); // two spellings of one name count once
 }
 
 bool Buddies::Lists(const Session& owner, std::string_view name) {
@@ -57,6 +56,7 @@ void Buddies::Watch(Session& owner, const std::string& name) { listings[Folded(n
 
 void Buddies::Unwatch(const Session& owner, std::string_view name) {
     const auto found = listings.find(Folded(name));
+    if (found == listings.end()) return;
     std::erase_if(found->second, [&](const Listing& listing) { return listing.owner == &owner; });
     if (found->second.empty()) listings.erase(found);
 }

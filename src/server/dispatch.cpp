@@ -16,10 +16,10 @@ constexpr std::size_t kRecord = 3; ///< fields of `<user>;<lobby>;<address>`, th
 constexpr Shape kBareName{0, 0, Form::Text};
 constexpr Shape kNothing{0, 0, Form::Empty};
 
-/// Entering a lobby is told to everybody on the service.
-constexpr double kCostOfEntering = 20;
+/// Entering a lobby is told to everybody on the service, and each client of a room pings who comes in.
+constexpr double kCostOfEntering = 80;
 /// Entering a room to everybody in the lobby, and so is leaving it, which costs nothing more.
-constexpr double kCostOfRoom = 10;
+constexpr double kCostOfRoom = 40;
 /// A change of the database.
 constexpr double kCostOfStoring = 4;
 

@@ -90,6 +90,7 @@ void LeaveLobby(Service& service, Session& session, const Request& request) {
         Lobby& left = *session.lobby;
         QuitRoom(session, Hears::Yes);
         left.Remove(session);
+        session.shown = {}; // the client has emptied its lists
         service.Note(session, "left ", left.name);
         left.Send(server_message::UserLeftLobby(session.name));
         service.SendToAll(server_message::UserWent(session.name, left.name, false));

@@ -2,6 +2,7 @@
 
 #include "server/dispatch.h"
 #include "server/names.h"
+#include "session/wire/names.h"
 #include "session/wire/server_message.h"
 
 namespace ombrin::server {
@@ -128,7 +129,7 @@ void TellLobbyNames(Service& service, Session& session, const Request&) {
 
 void LogOn(Service& service, Session& session, const Request& request) {
     Attempt attempt{service, session.id, std::string(request.fields[0]), std::string(request.fields[3])};
-    if (attempt.name.size() > kLongestName || attempt.password.size() > kLongestTypedPassword)
+    if (attempt.name.size() > kNameLength || attempt.password.size() > kLongestTypedPassword)
         return AnswerWrong(service, session);
     const auto wait = service.throttle.Wait(session.origin, service.Now());
     if (!wait) return SendCode(session, "23");

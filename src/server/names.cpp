@@ -1,6 +1,7 @@
 #include "server/names.h"
 
 #include "foundation/text.h"
+#include "session/wire/names.h"
 
 #include <algorithm>
 
@@ -49,17 +50,15 @@ std::string Folded(std::string_view name) {
 }
 
 bool AcceptableName(std::string_view name) {
-    return Acceptable(name, kLongestName, kForbiddenCharacters) && Folded(name) != Folded(kServerName);
+    return Acceptable(name, kNameLength, kForbiddenCharacters) && Folded(name) != Folded(kServerName);
 }
 
-bool AcceptablePassword(std::string_view password) {
-    return Acceptable(password, kLongestPassword, kForbiddenCharacters);
-}
+bool AcceptablePassword(std::string_view password) { return Acceptable(password, kNameLength, kForbiddenCharacters); }
 
-bool AcceptableRoomName(std::string_view name) { return Acceptable(name, kLongestRoomName, kForbiddenInRooms); }
+bool AcceptableRoomName(std::string_view name) { return Acceptable(name, kLongestRoomName, kNotInRooms); }
 
 bool AcceptableRoomPassword(std::string_view password) {
-    return password.size() <= kLongestRoomPassword && FirstOf(password, kForbiddenInRooms) == 0;
+    return password.size() <= kLongestRoomPassword && FirstOf(password, kNotInRooms) == 0;
 }
 
 } // namespace ombrin::server

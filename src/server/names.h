@@ -6,10 +6,6 @@
 
 namespace ombrin::server {
 
-inline constexpr std::string_view kForbiddenCharacters = "`~!@#$%^&*()-=+\\|[{]};:',<.>/?\"";
-inline constexpr std::size_t kLongestName = 12;     ///< characters, as in the client's account dialog
-inline constexpr std::size_t kLongestPassword = 12; ///< characters, as in the client's account dialog
-
 /// Signs the greeting and whatever else the server itself says; no account can take it.
 inline constexpr std::string_view kServerName = "Ardvelle";
 
@@ -20,8 +16,6 @@ std::string Folded(std::string_view name);
 bool AcceptableName(std::string_view name);
 bool AcceptablePassword(std::string_view password);
 
-inline constexpr std::string_view kForbiddenInRooms = ":;~(/)";
-inline constexpr std::size_t kLongestRoomName = 40;     ///< characters, as in the client's dialog
 inline constexpr std::size_t kLongestRoomPassword = 20; ///< characters, as in the client's dialog
 
 /// As for users: nothing that cannot be seen.

@@ -63,6 +63,7 @@ void OpenRoom(Session& creator, Room opened, bool publicAddress) {
     Room& room = creator.lobby->rooms.Add(std::move(opened));
     room.Add(creator, publicAddress);
     creator.peer.Send(server_message::RoomCreated(RecordOf(room.members.front())));
+    creator.shown = {room.name, {creator.name}}; // the client has emptied its list
     const server_message::RoomRecord record = RecordOf(room);
     lobby.Send(server_message::RoomsOfLobby({&record, 1}));
     TellStatus(lobby, ChangeOf(kOpenedRoom, creator, room));

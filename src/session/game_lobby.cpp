@@ -184,7 +184,7 @@ void GameLobby::Winsock_DataArrival() {
         }
         const auto epoch = link.Epoch();
         std::string_view rest = *arrival;
-        while (!rest.empty() && link.Epoch() == epoch) {
+        while (!rest.empty() && link.Epoch() == epoch && !stack.Ending()) {
             std::string_view message = GetCommand(rest, kMessageEnd);
             const std::string_view code = GetCommand(message, kCodeEnd);
             if (session.TracingOn && !code.empty())

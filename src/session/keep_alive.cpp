@@ -83,7 +83,11 @@ void KeepAlive::CloseSocket() {
     desk.trap(__func__, [&] {
         desk.TraceMessage("CloseSocket() called.");
         peers.connector.GiveUp();
-        UserLoggedOff();
+        dialogs.connection.Hide(); // what it waited for comes no more
+        if (dialogs.logon.Visible())
+            desk.session.m_ServerConnected = false; // whoever asks there goes on to a new connection
+        else
+            UserLoggedOff();
     });
 }
 

@@ -157,7 +157,7 @@ void Logon::AccountCreated(std::string_view Buf) {
         dialogs.logon.EnsureLoaded();
         dialogs.logon.LogonName.SetText(name);
         dialogs.logon.Password.SetText(password);
-        if (!dialogs.logon.Visible()) DisplayLogonBanner();
+        AskAgain();
     });
 }
 
@@ -165,7 +165,18 @@ void Logon::LogonRefused(const LanguageText& why) {
     dialogs.mainLobby.LobbySelected = false;
     dialogs.connection.Hide();
     desk.messages.DisplayMessage(why);
-    if (!dialogs.logon.Visible()) DisplayLogonBanner();
+    AskAgain();
+}
+
+/// The answer goes over the open socket, unless a host has closed that under the dialog.
+void Logon::AskAgain() {
+    constexpr std::string_view kTrace = "attempting to connect to the server.  Local port: ";
+    if (dialogs.logon.Visible()) return;
+    DisplayLogonBanner();
+    if (desk.session.m_ServerConnected || dialogs.logon.Closed) return;
+    TakeRecordApart(desk.session.m_UserData);
+    connector.Start(kTrace);
+    if (desk.session.m_StandAlone) RunCancelLoop(kTrace);
 }
 
 void Logon::AccountRefused(const LanguageText& why) {

@@ -51,6 +51,8 @@ public:
     void AccountRefused(const LanguageText& why);
 
 private:
+    void AskAgain();
+
     Desk desk;
     LogonDialogs dialogs;
     Connector& connector;

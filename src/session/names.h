@@ -2,7 +2,7 @@
 #pragma once
 
 #include "controls/simple_models.h"
-#include "lobby/user_names.h"
+#include "session/wire/names.h"
 
 #include <string_view>
 

@@ -80,6 +80,12 @@ TEST_F(Friends, SendingStoresTheRecipientAndRefusesOnlyOneself) {
     Sends("35:bob;bob:x:;cid:y:;~");
     Tries([&](UserInput& input) { return input.ClickCell(dialog.msflxPMLines, 2, 0); });
     EXPECT_EQ(dialog.User.Text(), "cid") << "a click on a name turns to that person";
+    Sends("35:bob;bob:x^}|#hi^}|#%*|@`@/<Ombrin%*|@22%*|@ann^}|#bob^}|#%*|@`@/<:;~");
+    Tries([&](UserInput& input) { return input.ClickCell(dialog.msflxPMLines, 3, 1); });
+    Types(dialog.PrivateMessage, "yes");
+    Presses(dialog.PMSend);
+    EXPECT_EQ(Heard(), "Ombrin:18:ann;Go;10.0.0.5;x^}|#hi^}|#%*|@`@/<Ombrin%*|@22%*|@ann^}|#bob^}|#%*|@`@/<;yes;:~")
+        << "nobody puts commands into this user's mouth";
 }
 
 TEST_F(Friends, UnderAModalFormTheDialogWaitsAndTheEmbeddedOneIsModal) {

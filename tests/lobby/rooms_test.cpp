@@ -115,6 +115,7 @@ TEST_F(WithRooms, ANewRoomNeedsAProperNameAndTheDialogKeepsItsFields) {
     Ticks(dialog.PasswordRoom, true);
     EXPECT_TRUE(dialog.Password.HasFocus());
     EXPECT_EQ(complaint(), "Error: Password must be entered.");
+    EXPECT_TRUE(dialog.NewRoomName.HasFocus()) << "painted again behind the box";
     Types(dialog.Password, "a/b");
     EXPECT_EQ(complaint(), "ERROR:  Room passwords cannot contain any of the following characters: :;~(/)");
     Types(dialog.NewRoomName, " My Room ");
@@ -128,10 +129,12 @@ TEST_F(WithRooms, ANewRoomNeedsAProperNameAndTheDialogKeepsItsFields) {
 
     Presses(view.Create);
     EXPECT_EQ(dialog.NewRoomName.Text(), "My Room");
+    Types(dialog.Password, "a;b~c");
     Ticks(dialog.PasswordRoom, false);
     client.Store().SaveSetting("Settings", "PublicIP", "Y");
     Presses(dialog.OKButton);
-    EXPECT_EQ(Heard(), "Ombrin:4:ann;Go;10.0.0.5;My Room;10;0;gold;Y;:~");
+    EXPECT_EQ(Heard(), "Ombrin:4:ann;Go;10.0.0.5;My Room;10;0;a^}|#b`@/<c;Y;:~")
+        << "what is not asked for cannot break the message";
 }
 
 TEST_F(WithRooms, ACreatorChatsRejectsAndDestroys) {
@@ -207,6 +210,7 @@ TEST_F(WithRooms, PingsGiveEachRowItsPictureAndATipThatHidesPrivateAddresses) {
     Passes(Milliseconds(30'000));
     EXPECT_TRUE(BoxText().starts_with("Error: occured in module PingTimer_Timer()")) << BoxText();
     Answers(BoxResult::Ok);
+    EXPECT_EQ(world.Told("ping").back(), "10.0.0.2") << "the round ends there";
     EXPECT_EQ(rows.Tip(rows.At(0)) + rows.Tip(rows.At(2)), "Ping: 5 ms,    IP: 10.0.0.1Ping: 200 ms,    IP: 10.0.0.3");
 }
 

@@ -5,6 +5,7 @@
 #include "platform/recording/recording_pings.h"
 #include "scratch.h"
 
+#include <algorithm>
 #include <chrono>
 #include <fstream>
 #include <gmock/gmock.h>
@@ -102,7 +103,8 @@ TEST(PingsContract, Recorded) {
         [&](const recording::Event& event) { asked.push_back(std::get<std::string>(event.fields.at(0).second)); });
     for (const std::string& text : kNoAddresses) pings.answers[text] = std::nullopt;
     AnswersInTheOrderOfTheAddresses(pings);
-    EXPECT_THAT(asked, testing::IsSupersetOf({"127.0.0.1", "127.0.0.2", "localhost"}));
+    for (const char* told : {"127.0.0.1", "127.0.1.2", "localhost"})
+        EXPECT_EQ(std::count(asked.begin(), asked.end(), told) > 0, true) << told;
 }
 
 TEST(PingsContract, OfTheMachineAsItIs) {
@@ -134,10 +136,14 @@ TEST(PosixPingsByTcp, SilenceCountsAsTheLimitAndAllAreWaitedForTogether) {
     EXPECT_THAT(InTime(pings, {"127.0.0.1", "127.0.0.2", "127.0.0.1", "x", "127.0.0.1"}),
                 ElementsAre(kNoAnswer, kInTime, kNoAnswer, kNothing, kNoAnswer));
     EXPECT_GT(waiter.breaths, 10);
+    waiter.breaths = 0;
+    EXPECT_THAT(InTime(pings, {"127.0.0.1", "127.0.0.2"}), ElementsAre(kNoAnswer, kInTime));
+    EXPECT_LT(waiter.breaths, 10) << "who was silent just now holds nobody up";
 
     std::vector<std::string> many(PosixPings::kConnections, "127.0.0.1");
     many.insert(many.end(), {"127.0.0.2", "127.0.0.1"});
-    const auto answers = InTime(pings, many);
+    PosixPings others(waiter, full.Number());
+    const auto answers = InTime(others, many);
     EXPECT_THAT(std::vector(answers.begin(), answers.end() - 2), Each(kNoAnswer));
     EXPECT_THAT(std::vector(answers.end() - 2, answers.end()), Each(kNothing)) << "their turn has not come";
 }
@@ -204,7 +210,8 @@ int SeeEchoes() {
         const pid_t other = Fork([&] { return AnswerOddly(raw); });
         waiter.paint = paint;
         waiter.breaths = 0;
-        const auto answers = InTime(pings, {"127.0.0.1", "127.0.0.2", "127.0.0.3"});
+        PosixPings fresh(waiter);
+        const auto answers = InTime(fresh, {"127.0.0.1", "127.0.0.2", "127.0.0.3"});
         EXPECT_EQ(ExitCode(other), 0);
         EXPECT_THAT(answers, ElementsAre(Optional(testing::AllOf(testing::Ge(50), testing::Lt(700))), kNoAnswer,
                                          Optional(testing::Lt(*answers[0]))))

@@ -2,6 +2,7 @@
 #include "../foundation/raised.h"
 #include "platform/recording/recording_desktop.h"
 #include "platform/recording/recording_network.h"
+#include "platform/sound_files.h"
 
 #include <gmock/gmock.h>
 
@@ -93,6 +94,25 @@ TEST_F(TellingNetworkTest, ShowsTheLocalPortThatIsSettledOnlyWithTheConnection) 
     EXPECT_EQ(socket->LocalPort, 40'000);
     socket->Close();
     EXPECT_EQ(socket->LocalPort, 0);
+}
+
+TEST(SoundFiles, ANameLiesInTheSoundsAndAPathBelowTheProgramAlone) {
+    using Files = std::vector<std::string>;
+    const struct {
+        const char* name;
+        Files files;
+    } kCases[] = {
+        {"AVChat.wav", {"/h/app/sounds/AVChat.wav", "/h/app/sounds/AVChat.wav.wav"}},
+        {"EnterLobby2", {"/h/app/sounds/EnterLobby2", "/h/app/sounds/EnterLobby2.wav"}},
+        {"/h/app\\sounds\\ding.wav", {"/h/app/sounds/ding.wav"}},
+        {"/h/app/ding.wav", {"/h/app/ding.wav"}},
+        {"/h/appding.wav", {}},
+        {"/h/app/../secret.wav", {}},
+        {"/etc/passwd", {}},
+        {"../ding.wav", {}},
+        {"", {}},
+    };
+    for (const auto& row : kCases) EXPECT_EQ(SoundFiles("/h/app", row.name), row.files) << row.name;
 }
 
 TEST(FixedMeasure, TextsWrapAtBlanksAndInsideLongWords) {

@@ -40,7 +40,13 @@ protected:
     static std::string Creates(const Client& user, const std::string& room, const std::string& max = "4",
                                const std::string& locked = "0", const std::string& password = "",
                                const std::string& publicIP = "N") {
-        return client_message::CreateRoom(user.Record("Go"), room, max, locked, password, publicIP);
+        return Raw("4", user, {room, max, locked, password, publicIP});
+    }
+    /// As a client that does not escape what is in its fields.
+    static std::string Raw(const std::string& code, const Client& user, const std::vector<std::string>& fields) {
+        std::string message = "Ombrin:" + code + ":" + user.Record("Go") + ";";
+        for (const std::string& field : fields) message += field + ";";
+        return message + ":~";
     }
     static std::string Asks(const Client& user, const std::string& room, const std::string& publicIP = "N") {
         return client_message::EnterRoom(user.Record("Go"), room, publicIP);
@@ -61,7 +67,7 @@ protected:
         return client_message::RejectUser(user.Record("Go"), room, rejected);
     }
     static std::string Writes(const Client& user, const std::string& room, const std::string& line = "hi") {
-        return client_message::RoomLine(user.Record("Go"), line, room);
+        return Raw("5", user, {line, room});
     }
     /// ann's room "Red Base" with bob in it.
     void OpenRedBase() {
@@ -166,6 +172,7 @@ TEST_F(RoomTest, ARoomIsOpenedWithGoodValuesOnly) {
         }
         ann.Says(Destroys(ann, ""));
         ann.Reads();
+        clock.Turn(Milliseconds(500)); // opening has its price
     }
     EXPECT_THAT(bob.Reads(), Not(HasSubstr("36:")));
 }

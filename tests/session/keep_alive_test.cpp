@@ -65,6 +65,40 @@ TEST_F(Connected, ACancelledReturnTakesTheDialogsHostAndAClosedDialogEnds) {
     EXPECT_TRUE(closeClientRaised);
 }
 
+TEST_F(Connected, CloseSocketUnderAnOpenLogonDialogLeavesItToThatDialog) {
+    HangsUp();
+    Do([this] { client.CloseSocket(); });
+    Types(forms.UsrNmPwIP.LogonName, "half");
+    Do([this] { client.CloseSocket(); });
+    EXPECT_EQ(Top(), "UsrNmPwIP");
+    EXPECT_EQ(Server().State(), SocketState::Closed) << "nothing connects with what is half typed";
+    Presses(forms.UsrNmPwIP.Connect);
+    Accepts();
+    Sends("24:~");
+    Answers(BoxResult::Ok);
+    EXPECT_EQ(Top(), "UsrNmPwIP") << "refused, the connection stays";
+    Do([this] { client.CloseSocket(); });
+    Types(forms.UsrNmPwIP.LogonName, "ann");
+    Presses(forms.UsrNmPwIP.Connect);
+    Accepts();
+    EXPECT_EQ(Server().sent.back(), "Ombrin:15:ann;temp;192.0.2.10;pw;:~") << "over a new one";
+    Sends("45:10.0.0.5;~22:Go,1;~0:ann;1;~");
+    EXPECT_EQ(Top(), "");
+    EXPECT_TRUE(view.Enabled());
+}
+
+TEST_F(Connected, ANewLogonWhileStillConnectingTakesTheWaitAway) {
+    HangsUp();
+    Do([this] { client.CloseSocket(); });
+    Presses(forms.UsrNmPwIP.Connect);
+    EXPECT_EQ(Top(), "Connection");
+    Do([this] { client.CloseSocket(); });
+    EXPECT_EQ(Top(), "UsrNmPwIP");
+    Presses(forms.UsrNmPwIP.Connect);
+    Accepts();
+    EXPECT_EQ(Top(), "") << "no box of the first try";
+}
+
 TEST_F(Connected, WhatWaitsInADialogSendsNothingInTheNextConnection) {
     Sends("2:Arena;1;10.0.0.9;3;8;~");
     Presses(view.Create);

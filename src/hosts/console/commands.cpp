@@ -47,6 +47,8 @@ struct Commands::Arguments {
     long Number(const char* field) const {
         const Json& value = Field(field);
         if (!value.is_number_integer()) throw Refused{Join("needs a whole number in \"", field, "\"")};
+        if (value.is_number_unsigned() && value.get<std::uint64_t>() > INT32_MAX && field != std::string_view("ms"))
+            throw Refused{"too large a number"};
         return value.get<long>();
     }
     long Number(const char* field, long missing) const { return Has(field) ? Number(field) : missing; }
@@ -193,7 +195,7 @@ struct Commands::Table {
     static Json Get(Commands& c, A a) {
         const std::string at = a.Text("at");
         if (const Control* control = ControlNamed(c, at)) {
-            const Container* front = c.client.Stack().Top();
+            const Container* front = c.client.Stack().Active();
             if (front == nullptr) front = &c.client.MainView();
             return Json::parse(Describe(*control, &control->Parent() == front, c.page));
         }

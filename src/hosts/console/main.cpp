@@ -55,7 +55,7 @@ class Teller : public FormObserver {
 public:
     Teller(ConsoleLoop& loop, const CodePage& page) : loop(loop), page(page) {}
     void FormShown(Form& form) override { loop.Write(DescribeShown(form, page)); }
-    void FormHidden(Form& form) override { loop.Write(DescribeHidden(form, page)); }
+    void FormHidden(Form& form) override { loop.Write(DescribeHidden(form)); }
     void MenuOpened(Menu& menu) override { loop.Write(DescribeMenu(menu, page)); }
 
 private:
@@ -82,7 +82,7 @@ int Run(const Options& options) {
     recording::RecordingClipboard recordedClipboard(journal);
     recording::RecordingPings recordedPings(journal);
     recording::RecordingOpener recordedOpener(journal);
-    PosixSound sound(root + "/app/sounds", page, loop);
+    PosixSound sound(root + "/app", page, loop);
     PosixClipboard clipboard(page);
     PosixPings pings(loop);
     NoNotifier notifier;

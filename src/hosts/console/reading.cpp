@@ -202,9 +202,7 @@ std::string DescribeShown(const Form& form, const CodePage& page) {
     return out.dump();
 }
 
-std::string DescribeHidden(const Form& form, const CodePage&) {
-    return Json{{"event", "hide"}, {"form", form.Name()}}.dump();
-}
+std::string DescribeHidden(const Form& form) { return Json{{"event", "hide"}, {"form", form.Name()}}.dump(); }
 
 std::string DescribeMenu(const Menu& menu, const CodePage& page) {
     Json entries = Json::array();

@@ -17,7 +17,7 @@ std::string Describe(const Form& form, const CodePage& page);
 std::string DescribeMarks(GameLobby& client, const CodePage& page);
 std::string DescribeEvent(const recording::Event& event, const CodePage& page);
 std::string DescribeShown(const Form& form, const CodePage& page);
-std::string DescribeHidden(const Form& form, const CodePage& page);
+std::string DescribeHidden(const Form& form);
 std::string DescribeMenu(const Menu& menu, const CodePage& page);
 
 } // namespace ombrin::console

@@ -56,7 +56,8 @@ QCheckBox, QRadioButton { color: #e6edf3; spacing: 6px; }
 QCheckBox::indicator, QRadioButton::indicator { width: 13px; height: 13px; border: 1px solid #8fa8c0; background: #0a0f15; }
 QCheckBox::indicator { border-radius: 2px; }
 QRadioButton::indicator { border-radius: 7px; }
-QCheckBox::indicator:checked, QRadioButton::indicator:checked {
+QCheckBox::indicator:checked { background: #8fc7f5; }
+QRadioButton::indicator:checked {
     background: qradialgradient(cx:0.5, cy:0.5, radius:0.5, fx:0.5, fy:0.5, stop:0 #8fc7f5, stop:0.62 #8fc7f5,
                                 stop:0.7 #0a0f15, stop:1 #0a0f15); }
 QCheckBox::indicator:focus, QRadioButton::indicator:focus { border: 2px solid #8fc7f5; }

@@ -33,7 +33,7 @@ int Run(QApplication& application, const std::optional<std::string>& home) {
     EventLoop events(clock);
     DesktopLoop loop(events);
     PosixNetwork network(events);
-    QtSound sound(QString::fromStdString(root + "/app/sounds"), page, loop);
+    QtSound sound(root + "/app", page, loop);
     QtClipboard clipboard(page);
     PosixPings pings(loop);
     QPointer<MainWindow> front; // once it is there

@@ -1,5 +1,7 @@
 #include "hosts/desktop/qt_services.h"
 
+#include "platform/sound_files.h"
+
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QDir>
@@ -8,6 +10,7 @@
 #include <QRect>
 #include <QSoundEffect>
 #include <QUrl>
+#include <algorithm>
 
 namespace ombrin::desktop {
 
@@ -20,12 +23,13 @@ QString ToQt(const CodePage& page, std::string_view bytes) { return QString::fro
 } // namespace
 
 void QtSound::Play(std::string_view name) {
-    if (name.empty() || name.find_first_of("/\\") != std::string_view::npos) return;
-    QString file = folder + QLatin1Char('/') + ToQt(page, name);
-    if (!QFileInfo::exists(file)) file += QStringLiteral(".wav");
-    if (!QFileInfo::exists(file)) return;
+    const std::vector<std::string> files = SoundFiles(appFolder, page.ToUtf8(name));
+    const auto file = std::find_if(files.begin(), files.end(), [](const std::string& candidate) {
+        return QFileInfo::exists(QString::fromStdString(candidate));
+    });
+    if (file == files.end()) return;
     QSoundEffect effect;
-    effect.setSource(QUrl::fromLocalFile(file));
+    effect.setSource(QUrl::fromLocalFile(QString::fromStdString(*file)));
     effect.play();
     for (Milliseconds waited{0}; waited < kLongestSound; waited += kSlice) {
         const bool loading = effect.status() == QSoundEffect::Loading;

@@ -12,12 +12,12 @@ namespace ombrin::desktop {
 
 class QtSound : public Sound {
 public:
-    QtSound(QString folder, const CodePage& page, Waiter& waiter)
-        : folder(std::move(folder)), page(page), waiter(waiter) {}
+    QtSound(std::string appFolder, const CodePage& page, Waiter& waiter)
+        : appFolder(std::move(appFolder)), page(page), waiter(waiter) {}
     void Play(std::string_view name) override;
 
 private:
-    QString folder;
+    std::string appFolder; ///< as the system takes it
     const CodePage& page;
     Waiter& waiter;
 };

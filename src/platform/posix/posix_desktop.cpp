@@ -1,5 +1,7 @@
 #include "platform/posix/posix_desktop.h"
 
+#include "platform/sound_files.h"
+
 #include "foundation/runtime_error.h"
 #include "platform/posix/descriptor.h"
 
@@ -93,15 +95,15 @@ void Programs::Kill(int process) {
 
 void PosixSound::Play(std::string_view name) {
     if (name.empty()) return;
-    const std::string base = page.ToUtf8(name);
-    if (base.find('/') != std::string::npos || base.find('\\') != std::string::npos) return;
-    std::string file = folder + "/" + base;
-    struct stat info {};
-    if (stat(file.c_str(), &info) != 0) file += ".wav";
-    if (stat(file.c_str(), &info) != 0) return;
+    const std::vector<std::string> files = SoundFiles(appFolder, page.ToUtf8(name));
+    const auto file = std::find_if(files.begin(), files.end(), [](const std::string& candidate) {
+        struct stat info {};
+        return stat(candidate.c_str(), &info) == 0;
+    });
+    if (file == files.end()) return;
     const std::string player = FirstPresent(std::array{"pw-play", "paplay", "aplay"});
     if (player.empty()) return;
-    const int process = programs.Start({player, file}, {}, {});
+    const int process = programs.Start({player, *file}, {}, {});
     if (process < 0) return;
     const auto start = std::chrono::steady_clock::now();
     for (Milliseconds waited{0}; waited < kLongestSound; waited += kSlice) {

@@ -23,15 +23,15 @@ private:
     std::vector<int> running;
 };
 
-/// Looks for the file in the sound folder, with and without ".wav"; plays by pw-play, paplay or aplay.
+/// Plays by pw-play, paplay or aplay, in the program's own folder (sound_files.h).
 class PosixSound : public Sound {
 public:
-    PosixSound(std::string soundFolder, const CodePage& page, Waiter& waiter)
-        : folder(std::move(soundFolder)), page(page), waiter(waiter) {}
+    PosixSound(std::string appFolder, const CodePage& page, Waiter& waiter)
+        : appFolder(std::move(appFolder)), page(page), waiter(waiter) {}
     void Play(std::string_view name) override;
 
 private:
-    std::string folder; ///< as the system takes it
+    std::string appFolder; ///< as the system takes it
     const CodePage& page;
     Waiter& waiter;
     Programs programs;

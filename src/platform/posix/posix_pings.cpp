@@ -224,6 +224,25 @@ private:
 } // namespace
 
 std::vector<Pings::Answer> PosixPings::Ping(const std::vector<std::string>& addresses) {
+    const auto begun = Steady::now();
+    std::erase_if(silentUntil, [&](const auto& silent) { return silent.second <= begun; });
+    std::vector<Answer> answers(addresses.size(), static_cast<std::int32_t>(kTimeLimit.count()));
+    std::vector<std::string> asked;
+    std::vector<std::size_t> places;
+    for (std::size_t i = 0; i < addresses.size(); ++i) {
+        if (silentUntil.contains(addresses[i])) continue;
+        asked.push_back(addresses[i]);
+        places.push_back(i);
+    }
+    const std::vector<Answer> heard = Ask(asked);
+    for (std::size_t i = 0; i < asked.size(); ++i) {
+        answers[places[i]] = heard[i];
+        if (heard[i] == static_cast<std::int32_t>(kTimeLimit.count())) silentUntil[asked[i]] = begun + kSilence;
+    }
+    return answers;
+}
+
+std::vector<Pings::Answer> PosixPings::Ask(const std::vector<std::string>& addresses) {
     Round round(addresses, icmp, port);
     waiter.Breathe(); // what is to be painted anyway is painted before the time counts
     const auto end = Steady::now() + kTimeLimit;

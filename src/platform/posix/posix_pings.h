@@ -4,6 +4,9 @@
 #include "platform/pings.h"
 #include "platform/waiter.h"
 
+#include <chrono>
+#include <map>
+
 namespace ombrin {
 
 /// No names are looked up: a text that is not an address is answered with nothing, and so is an address for which the
@@ -16,6 +19,9 @@ public:
     /// Connections under way at once, of the thousand descriptors that a process may usually have. More addresses than
     /// these follow as others answer; ICMP has no such limit.
     static constexpr std::size_t kConnections = 256;
+    /// An address that has not answered is not asked again so soon, and counts as silent: who comes and goes there must
+    /// not hold up the others' clients each time. Shorter than the beat of the client's own pings.
+    static constexpr Milliseconds kSilence{25'000};
 
     /// `waiter` paints while the answers are waited for.
     explicit PosixPings(Waiter& waiter) : waiter(waiter) {}
@@ -25,7 +31,12 @@ public:
     std::vector<Answer> Ping(const std::vector<std::string>& addresses) override;
 
 private:
+    using TimePoint = std::chrono::steady_clock::time_point;
+
+    std::vector<Answer> Ask(const std::vector<std::string>& addresses);
+
     Waiter& waiter;
+    std::map<std::string, TimePoint> silentUntil;
     std::uint16_t port = kTcpPort;
     bool icmp = true;
 };

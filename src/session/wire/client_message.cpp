@@ -1,16 +1,18 @@
 #include "session/wire/client_message.h"
 
 #include "foundation/text.h"
+#include "session/wire/codec.h"
 
 namespace ombrin::client_message {
 
 namespace {
 
-/// `Ombrin:<code>:<field>;<field>;…:~`
+/// `Ombrin:<code>:<head>;<field>;…:~`. What a user typed or another user sent may hold separators: no field can end the
+/// message and begin one of its own. Encoding leaves encoded text and proper names as they are.
 template <class... Fields>
-std::string Message(Text code, const Fields&... fields) {
-    std::string message = Join("Ombrin:", code, ":");
-    ((message += fields, message += ';'), ...);
+std::string Message(Text code, Text head, const Fields&... fields) {
+    std::string message = Join("Ombrin:", code, ":", head, ";");
+    ((message += EncodeData(fields), message += ';'), ...);
     message += ":~";
     return message;
 }
@@ -38,19 +40,19 @@ std::string Closing() { return "Ombrin:12:~"; }
 std::string BackFromGame(Text userData, Text room) { return Message("14", userData, room); }
 std::string Logon(Text userData, Text password) { return Message("15", userData, password); }
 std::string CreateAccount(Text name, Text password, Text confirmation) {
-    return Message("17", name, password, confirmation);
+    return Message("17", EncodeData(name), password, confirmation);
 }
 std::string PrivateMessage(Text userData, Text recipient, Text encodedText) {
     return Message("18", userData, recipient, encodedText);
 }
-std::string BuddyList(Text user) { return Join("Ombrin:19:", user, ":~"); }
-std::string AddBuddy(Text user, Text buddy) { return Message("21", user, buddy); }
-std::string RemoveBuddy(Text user, Text buddy) { return Message("22", user, buddy); }
+std::string BuddyList(Text user) { return Join("Ombrin:19:", EncodeData(user), ":~"); }
+std::string AddBuddy(Text user, Text buddy) { return Message("21", EncodeData(user), buddy); }
+std::string RemoveBuddy(Text user, Text buddy) { return Message("22", EncodeData(user), buddy); }
 std::string RejectUser(Text userData, Text room, Text user) { return Message("23", userData, room, user); }
-std::string RequestFile(Text file) { return Join("Ombrin:24:", file, ":~"); }
+std::string RequestFile(Text file) { return Join("Ombrin:24:", EncodeData(file), ":~"); }
 std::string FileReceived() { return "Ombrin:25:~"; }
 std::string TransferGivenUp() { return "Ombrin:27:~"; }
-std::string HeartBeat() { return Message("28"); }
+std::string HeartBeat() { return "Ombrin:28::~"; }
 std::string JoinRunningGame() { return Message("29", "3"); }
 
 } // namespace ombrin::client_message

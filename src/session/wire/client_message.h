@@ -1,5 +1,5 @@
-// The messages of the client, one function a code. `userData` is the session's record `<user>;<lobby>;<address>`.
-// Chat texts are encoded by the caller; no other field may hold ":", ";" or "~".
+// The messages of the client, one function a code. `userData` is the session's record `<user>;<lobby>;<address>` and
+// goes as it is. In every other field ":", ";" and "~" are escaped; texts that the caller has encoded stay as they are.
 #pragma once
 
 #include <string>
