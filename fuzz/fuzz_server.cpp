@@ -7,6 +7,7 @@
 #include "lobby_view.h"
 #include "server/played_parts.h"
 
+#include <algorithm>
 #include <array>
 #include <memory>
 
@@ -17,13 +18,19 @@ namespace {
 using namespace server;
 using namespace client_message;
 
+/// What changes a list, or fills it.
+constexpr std::array<std::string_view, 8> kListCodes{"0", "2", "3", "8", "11", "13", "14", "15"};
+
 class WatchedClient : public server::test::Client {
 public:
     using Client::Client;
     void Send(std::string_view message) override {
         Require(!closed, "nothing is sent behind the end");
         if (message == "Go;Chess;") return; // the lobby names, the one answer of another shape
-        view.Take(message, session->shown.room);
+        const std::string_view code = message.substr(0, message.find(':'));
+        Require(!session->inGame || std::find(kListCodes.begin(), kListCodes.end(), code) == kListCodes.end(),
+                "a client in a game keeps no lists");
+        view.Take(message, session->name, session->shown.room);
     }
     LobbyView view;
 };
@@ -56,6 +63,9 @@ constexpr std::array kRequests{
     Shorthand{'q', [](const WatchedClient& c, char a, char) { return LeaveRoom(Go(c), RoomName(a)); }},
     Shorthand{'d', [](const WatchedClient& c, char a, char) { return DestroyRoom(Go(c), RoomName(a)); }},
     Shorthand{'r', [](const WatchedClient& c, char a, char b) { return RejectUser(Go(c), RoomName(a), User(b)); }},
+    Shorthand{'g', [](const WatchedClient& c, char a, char) { return Launch(Go(c), RoomName(a)); }},
+    Shorthand{'i', [](const WatchedClient&, char, char) { return JoinRunningGame(); }},
+    Shorthand{'k', [](const WatchedClient& c, char a, char) { return BackFromGame(Go(c), RoomName(a)); }},
     Shorthand{'m', [](const WatchedClient& c, char a, char b) { return PrivateMessage(Go(c), User(a), User(b)); }},
     Shorthand{'a', [](const WatchedClient& c, char a, char) { return AddBuddy(c.name, User(a)); }},
     Shorthand{'n', [](const WatchedClient& c, char a, char) { return RemoveBuddy(c.name, User(a)); }},
@@ -146,23 +156,31 @@ private:
     }
 
     static void CompareLobby(const Session& session, const LobbyView& view) {
+        CheckRooms(*session.lobby);
+        Require(view.inRoom == (session.room != nullptr), "a client knows whether it is in a room");
+        if (session.inGame) return; // its lists are filled anew when it is back
         std::map<std::string, std::string> users;
-        for (const Session* user : session.lobby->users) users.emplace(user->name, user->room == nullptr ? "1" : "2");
+        for (const Session* user : session.lobby->users)
+            users.emplace(user->name, user->inGame ? "3" : user->room == nullptr ? "1" : "2");
         Require(view.users == users, "users and their states agree");
         std::map<std::string, LobbyView::RoomRow> rooms;
-        for (const Room& room : session.lobby->rooms.All()) {
+        for (const Room& room : session.lobby->rooms.All())
             rooms[room.name] = {std::string(room.Status()), static_cast<int>(room.members.size()), room.max};
-            Require(room.members.front().session == room.creator, "a room has its creator");
-            Require(room.members.size() <= static_cast<std::size_t>(room.max), "a room is not overfull");
-            for (const Member& member : room.members) Require(member.session->room == &room, "members are in the room");
-        }
         Require(view.rooms == rooms, "rooms and their counts agree");
-        Require(view.inRoom == (session.room != nullptr), "a client knows whether it is in a room");
         if (session.room == nullptr) return;
         Require(session.room->Has(session.name), "who is in a room is its member");
         std::set<std::string> members;
         for (const Member& member : session.room->members) members.insert(member.session->name);
         Require(view.roomUsers == members, "a member's list is the room");
+    }
+
+    static void CheckRooms(const Lobby& lobby) {
+        for (const Room& room : lobby.rooms.All()) {
+            Require(room.members.front().session == room.creator, "a room has its creator");
+            Require(room.members.size() <= static_cast<std::size_t>(room.max), "a room is not overfull");
+            Require(room.gameRuns == room.AnybodyInGame(), "a room's game runs while a member is in it");
+            for (const Member& member : room.members) Require(member.session->room == &room, "members are in the room");
+        }
     }
 
     server::test::HandClock clock;

@@ -30,8 +30,8 @@ public:
     std::set<std::string> roomUsers;
     bool inRoom = false;
 
-    /// A whole message. `preview` is the room whose users the client looks at.
-    void Take(std::string_view message, const std::string& preview) {
+    /// A whole message to the user `name`. `preview` is the room whose users the client looks at.
+    void Take(std::string_view message, const std::string& name, const std::string& preview) {
         Require(message.ends_with('~') && message.find('~') == message.size() - 1, "a message ends once");
         const std::size_t colon = message.find(':');
         Require(colon != std::string_view::npos, "a message has a code");
@@ -40,6 +40,8 @@ public:
                             [&](const CodeName& row) { return row.code == code; }),
                 "a code is known");
         const std::vector<std::string> fields = Split(message.substr(colon + 1, message.size() - colon - 2), ';');
+        // With himself among the users it is the whole list, after an entering or a game, where he has emptied his.
+        if (code == "0" && Lists(fields, name)) users.clear(), rooms.clear();
         TakeLobby(code, fields);
         TakeRoom(code, fields);
         if (code == "13") TakeStatuses(fields, preview);
@@ -55,6 +57,11 @@ private:
         Require(text.empty(), "each field is closed");
         return fields;
     }
+    static bool Lists(const std::vector<std::string>& pairs, const std::string& name) {
+        for (std::size_t i = 0; i < pairs.size(); i += 2)
+            if (pairs[i] == name) return true;
+        return false;
+    }
     static int Number(std::string_view text) {
         int number = -1;
         std::from_chars(text.data(), text.data() + text.size(), number);
@@ -64,7 +71,7 @@ private:
     void TakeLobby(std::string_view code, const std::vector<std::string>& fields) {
         if (code == "21") users.clear(), rooms.clear();
         if (code == "22" || code == "46") {
-            users.clear(), rooms.clear(), lobbies.clear();
+            users.clear(), rooms.clear(), roomUsers.clear(), lobbies.clear();
             for (const std::string& field : fields)
                 lobbies[field.substr(0, field.find(','))] = Number(field.substr(field.find(',') + 1));
         }
@@ -88,6 +95,11 @@ private:
                 Require(rooms.emplace(fields[i], RoomRow{fields[i + 1], Number(fields[i + 3]), Number(fields[i + 4])})
                             .second,
                         "a room is opened once");
+        if (code == "14") {
+            const auto room = rooms.find(fields[0]);
+            Require(room != rooms.end() && room->second.users == Number(fields[3]), "a state is of a room as it is");
+            room->second.status = fields[1];
+        }
         if (code == "11") Require(rooms.erase(fields[0]) == 1, "a room that ends was open");
         if (code == "5") roomUsers.clear();
         if (code == "5" || code == "7") inRoom = true;
@@ -104,8 +116,10 @@ private:
             const std::string status = fields[i].substr(0, fields[i].find(':'));
             const std::string user = fields[i].substr(fields[i].find(':') + 1);
             const auto room = rooms.find(fields[i + 1]);
-            Require(users.contains(user) && room != rooms.end(), "a status is of a user and a room of the lobby");
+            Require(users.contains(user), "a status is of a user of the lobby");
             users[user] = status == "5" ? "2" : status;
+            if (fields[i + 1].empty() && (status == "1" || status == "3")) continue; // in or out of another's game
+            Require(room != rooms.end(), "a status is in a room of the lobby");
             if (status == "1") --room->second.users;
             if (status == "2") ++room->second.users;
             // A name that goes is kept: a client that waits for an answer does not take it off its list.

@@ -15,6 +15,7 @@ struct DirectIPGame {
     std::string_view serverOptions = {}, clientOptions = {}; ///< the defaults
     std::string_view server = {}, ownServer = {};
     std::string_view creator = {}, member = {}, own = {}; ///< `own`: on both sides with own client options
+    bool throughBattleLan = false;                        ///< the creator starts that first
 };
 
 namespace direct_ip {
@@ -77,7 +78,7 @@ inline constexpr std::array kGames{
                  .serverOptions = "+set dedicated 1 +map mp_shop", .server = "<path> <so>",
                  .creator = "<path> +connect <ip>:20101 <co>", .member = "<path> +connect <ip>:20101 <co>"},
     DirectIPGame{.executable = "Warcraft III.exe", .routine = "WarcraftIII",
-                 .creator = "<path>", .member = "<path>"},
+                 .creator = "<path>", .member = "<path>", .throughBattleLan = true},
     DirectIPGame{.executable = "SquadAssaultWestFront.exe", .routine = "SquadAssault",
                  .creator = "<path> -host -<ip> -<name>", .member = "<path> -client -<ip> -<name>"},
     DirectIPGame{.executable = "HTTR.exe", .routine = "HighwayToTheReich",

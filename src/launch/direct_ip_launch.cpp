@@ -77,6 +77,8 @@ CommandLine clsDIPServerLaunch::Build(const DirectIPGame& game, const Request& r
     CommandLine command;
     desk.trap(game.routine, [&] {
         if (request.isCreator && !game.server.empty()) StartServer(game, request);
+        if (request.isCreator && game.throughBattleLan && battleLan != nullptr)
+            battleLan->LaunchUsingBattleLAN(desk.view.RoomUserList.rows);
         Text pattern = request.isCreator ? game.creator : game.member;
         const auto optionsOf = [&](Text mark, Text missing, Text key) {
             const bool read = pattern.find(mark) != Text::npos || (mark == "<co>" && !game.own.empty());

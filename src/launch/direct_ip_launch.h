@@ -1,6 +1,7 @@
 // Command lines of the games that host or connect by their command line, and the start of their dedicated servers.
 #pragma once
 
+#include "launch/battle_lan.h"
 #include "launch/direct_ip_games.h"
 #include "lobby/desk.h"
 #include "platform/processes.h"
@@ -19,7 +20,9 @@ public:
 
     using Text = std::string_view;
 
-    clsDIPServerLaunch(Desk desk, Processes& processes) : desk(desk), processes(processes) {}
+    /// Without `battleLan` the game that needs it starts alone.
+    clsDIPServerLaunch(Desk desk, Processes& processes, BattleLan* battleLan = nullptr)
+        : desk(desk), processes(processes), battleLan(battleLan) {}
 
     /// Empty for a game that is in no row of the table.
     CommandLine GetCommandLineParameters(Text path, bool isCreator, Text launchIP, Text userName);
@@ -53,6 +56,7 @@ private:
 
     Desk desk;
     Processes& processes;
+    BattleLan* battleLan;
 };
 
 } // namespace ombrin

@@ -10,10 +10,9 @@
 namespace ombrin {
 
 Launcher::Launcher(Desk desk, PauseAV& dialog, AutoStart& autoStart, RoomPosition& position, Processes& processes,
-                   Clipboard& clipboard, Alarms& alarms, DirectPlayRoute LaunchDPGame)
+                   BattleLan& battleLan, Clipboard& clipboard, Alarms& alarms)
     : desk(desk), dialog(dialog), autoStart(autoStart), position(position), processes(processes), clipboard(clipboard),
-      alarms(alarms), LaunchDPGame(std::move(LaunchDPGame)), records(desk.settings, desk.iniFiles),
-      m_DirectIPLaunch(desk, processes) {
+      alarms(alarms), records(desk.settings, desk.iniFiles), m_DirectIPLaunch(desk, processes, &battleLan) {
     desk.view.Launch.Click = [this] { Launch_Click(); };
     desk.view.JoinServerAndPlay.Click = [this] { JoinServerAndPlay_Click(); };
 }
@@ -100,6 +99,12 @@ void Launcher::ComeBack() {
     view.UserList.Clear();
     ClearFlexGrid(view.msflxMainChatLines);
     desk.link.SendData(client_message::BackFromGame(session.m_UserData, session.m_CurrentRoom));
+}
+
+/// No DirectPlay service is there yet: the user starts the game by hand, with the address on the clipboard.
+void Launcher::LaunchDPGame(std::string_view) {
+    desk.messages.DisplayMessage(text::kError14);
+    desk.trap.log.LogError("Error: there is no DirectPlay service to launch the game with.", false);
 }
 
 void Launcher::LaunchDirectIPGame(std::string_view launchIP) {

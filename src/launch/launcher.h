@@ -8,8 +8,6 @@
 #include "platform/alarms.h"
 #include "platform/desktop.h"
 
-#include <functional>
-
 namespace ombrin {
 
 class Launcher {
@@ -17,11 +15,8 @@ public:
     /// Members wait so long before they start the game, so that the creator's machine is ready for them.
     static constexpr long kMemberWait = 10'000; ///< milliseconds
 
-    /// Starts the game by way of DirectPlay; it reports its own failures.
-    using DirectPlayRoute = std::function<void(std::string_view launchIP)>;
-
     Launcher(Desk desk, PauseAV& dialog, AutoStart& autoStart, RoomPosition& position, Processes& processes,
-             Clipboard& clipboard, Alarms& alarms, DirectPlayRoute LaunchDPGame);
+             BattleLan& battleLan, Clipboard& clipboard, Alarms& alarms);
     ~Launcher() { alarms.Cancel(patience); }
     Launcher(const Launcher&) = delete;
     Launcher& operator=(const Launcher&) = delete;
@@ -33,6 +28,7 @@ private:
     void Launch_Click();
     void JoinServerAndPlay_Click();
     void LaunchDirectIPGame(std::string_view launchIP);
+    void LaunchDPGame(std::string_view launchIP);
     void WaitForTheServer();
     void ComeBack();
 
@@ -43,7 +39,6 @@ private:
     Processes& processes;
     Clipboard& clipboard;
     Alarms& alarms;
-    DirectPlayRoute LaunchDPGame;
     GameRecords records;
     clsDIPServerLaunch m_DirectIPLaunch;
     Alarms::Id patience = Alarms::kNone; ///< for a server that does not answer the press

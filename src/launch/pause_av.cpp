@@ -1,5 +1,6 @@
 #include "launch/pause_av.h"
 
+#include <algorithm>
 #include <array>
 
 namespace ombrin {
@@ -62,21 +63,21 @@ void PauseAV::ChooseTexts() {
     trap(
         "Form_Activate",
         [&] {
-            const Instruction* chosen = nullptr;
-            for (const Instruction& row : kInstructions)
-                if (chosen == nullptr && Fits(row.autoStartOn, AutoStartOn) && Fits(row.isCreator, IsCreator) &&
-                    Fits(row.usesDirectPlay, UsesDirectPlay))
-                    chosen = &row;
+            const LanguageText& chosen =
+                std::find_if(kInstructions.begin(), kInstructions.end() - 1, [&](const Instruction& row) {
+                    return Fits(row.autoStartOn, AutoStartOn) && Fits(row.isCreator, IsCreator) &&
+                           Fits(row.usesDirectPlay, UsesDirectPlay);
+                })->text;
             const std::string current = language.CurrentLanguage();
             if (current.empty() || current == Localisation::kEnglish) {
-                Label2.SetCaption(chosen->text.english);
+                Label2.SetCaption(chosen.english);
                 return;
             }
             const auto translated = [&](std::string_view key) { return language.Translation(current, key); };
             if (const std::string title = translated("GameLaunched"); !title.empty()) SetCaption(title);
             if (const std::string resume = translated("Resume"); !resume.empty()) ResumeButton.SetCaption(resume);
             if (const std::string paused = translated("ArdvellePaused"); !paused.empty()) Label1.SetCaption(paused);
-            Label2.SetCaption(translated(chosen->text.key));
+            Label2.SetCaption(translated(chosen.key));
         },
         Name());
 }

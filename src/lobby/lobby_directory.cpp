@@ -17,8 +17,9 @@ void ReplaceLobbyNameInUserData(std::string& userData, std::string_view lobby) {
     userData = Join(user, ";", lobby, ";", rest);
 }
 
-LobbyDirectory::LobbyDirectory(Desk desk, Connection& connection, LobbyFilter& filter, ExeMainLobby& dialog)
-    : desk(desk), connection(connection), filter(filter), dialog(dialog) {
+LobbyDirectory::LobbyDirectory(Desk desk, AutoStart& autoStart, Connection& connection, LobbyFilter& filter,
+                               ExeMainLobby& dialog)
+    : desk(desk), autoStart(autoStart), connection(connection), filter(filter), dialog(dialog) {
     desk.view.lbLobbies.MouseUp = [this](int button) { lbLobbies_MouseUp(button); };
 }
 
@@ -51,7 +52,9 @@ void LobbyDirectory::TakeLobby(const std::string& row) {
     session.m_CurrentLobby = LobbyNameOfRow(row);
     desk.TraceMessage(Join("user selected lobby ", session.m_CurrentLobby));
     ReplaceLobbyNameInUserData(session.m_UserData, session.m_CurrentLobby);
+    autoStart.CheckAutoStart();
     desk.language.SetLobbyCaption(desk.view.ChatFrame, session.m_CurrentLobby);
+    session.ConfiguredGame = session.m_CurrentLobby;
     desk.view.CleanUpTimer.SetOn(true); // a change of lobby has stopped it
 }
 
@@ -71,8 +74,10 @@ void LobbyDirectory::SetGameLobby(std::string_view data) {
     desk.trap(__func__, [&] {
         Session& session = desk.session;
         session.m_CurrentLobby = GetCommand(data, kFieldEnd);
+        autoStart.CheckAutoStart();
         desk.language.SetLobbyCaption(desk.view.ChatFrame, session.m_CurrentLobby);
         ReplaceLobbyNameInUserData(session.m_UserData, session.m_CurrentLobby);
+        session.ConfiguredGame = session.m_CurrentLobby;
     });
 }
 

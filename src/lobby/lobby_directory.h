@@ -1,6 +1,7 @@
 // The list of lobbies, the choice of one, and the move from one to another.
 #pragma once
 
+#include "lobby/auto_start.h"
 #include "lobby/desk.h"
 #include "lobby/exe_main_lobby.h"
 #include "lobby/lobby_filter.h"
@@ -13,7 +14,7 @@ void ReplaceLobbyNameInUserData(std::string& userData, std::string_view lobby);
 
 class LobbyDirectory {
 public:
-    LobbyDirectory(Desk desk, Connection& connection, LobbyFilter& filter, ExeMainLobby& dialog);
+    LobbyDirectory(Desk desk, AutoStart& autoStart, Connection& connection, LobbyFilter& filter, ExeMainLobby& dialog);
 
     /// The server's list after a logon or a change of lobby: enters the lobby of the selected row.
     void SwitchLobbies(std::string_view data);
@@ -36,6 +37,7 @@ private:
     void lbLobbies_MouseUp(int button);
 
     Desk desk;
+    AutoStart& autoStart;
     Connection& connection;
     LobbyFilter& filter;
     ExeMainLobby& dialog;

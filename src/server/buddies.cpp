@@ -16,7 +16,7 @@ auto FindIn(std::vector<std::string>& names, std::string_view name) {
 
 } // namespace
 
-void Buddies::Load(Session& owner, std::vector<std::string> names) {
+void Buddies::Load(Session& owner, const std::vector<std::string>& names) {
     for (const std::string& name : names) Add(owner, name); // two spellings of one name count once
 }
 

@@ -13,7 +13,7 @@ namespace ombrin::server {
 class Buddies {
 public:
     /// A list as it is stored. Names are those that the list's owner typed, as his client finds its rows by them.
-    void Load(Session& owner, std::vector<std::string> names);
+    void Load(Session& owner, const std::vector<std::string>& names);
     static bool Lists(const Session& owner, std::string_view name);
     /// A name that is listed already gets this spelling.
     void Add(Session& owner, std::string_view name);

@@ -18,7 +18,7 @@ constexpr Shape kNothing{0, 0, Form::Empty};
 
 /// Entering a lobby is told to everybody on the service, and each client of a room pings who comes in.
 constexpr double kCostOfEntering = 80;
-/// Entering a room to everybody in the lobby, and so is leaving it, which costs nothing more.
+/// Entering a room or a game to everybody in the lobby, and so is leaving a room, which costs nothing more.
 constexpr double kCostOfRoom = 40;
 /// A change of the database.
 constexpr double kCostOfStoring = 4;
@@ -34,10 +34,10 @@ constexpr std::array kClientCodes{
     ClientCode{"7", LoggedOn, {kRecord + 2, kRecord + 3}, EnterRoom, {}, kCostOfRoom, "18"},
     ClientCode{"8", LoggedOn, {kRecord + 1, kRecord + 1}, LeaveRoom},
     ClientCode{"9", LoggedOn, {kRecord + 1, kRecord + 1}, DestroyRoom},
-    ClientCode{"10", LoggedOn, {kRecord + 1, kRecord + 1}, NotYet},
+    ClientCode{"10", LoggedOn, {kRecord + 1, kRecord + 1}, LaunchGame, {}, kCostOfRoom},
     ClientCode{"11", LoggedOn, {kRecord + 1, kRecord + 1}, PreviewRoom},
     ClientCode{"12", Anyone, {kRecord, kRecord, Form::Fields, true}, LeaveLobby},
-    ClientCode{"14", LoggedOn, {kRecord + 1, kRecord + 1}, NotYet},
+    ClientCode{"14", LoggedOn, {kRecord + 1, kRecord + 1}, BackFromGame, {}, kCostOfRoom},
     ClientCode{"15", NotLoggedOn, {kRecord + 1, kRecord + 1}, LogOn},
     ClientCode{"17", NotLoggedOn, {3, 3}, CreateAccount},
     ClientCode{"18", LoggedOn, {kRecord + 2, kRecord + 2}, SayPrivately, Line::Private},
@@ -50,7 +50,7 @@ constexpr std::array kClientCodes{
     ClientCode{"25", LoggedOn, kNothing, NeverSent},
     ClientCode{"27", LoggedOn, kNothing, NeverSent},
     ClientCode{"28", Anyone, {0, 0}, [](Service&, Session&, const Request&) {}},
-    ClientCode{"29", LoggedOn, {1, 1}, NotYet},
+    ClientCode{"29", LoggedOn, {1, 1}, JoinRunningGame, {}, kCostOfRoom},
 };
 
 static_assert(std::equal(kClientCodes.begin(), kClientCodes.end(), kClientCodeNames.begin(), kClientCodeNames.end(),

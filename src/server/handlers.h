@@ -31,14 +31,17 @@ void LeaveRoom(Service& service, Session& session, const Request& request);
 void DestroyRoom(Service& service, Session& session, const Request& request);
 void RejectUser(Service& service, Session& session, const Request& request);
 
+// handlers_game.cpp
+void LaunchGame(Service& service, Session& session, const Request& request);
+void JoinRunningGame(Service& service, Session& session, const Request& request);
+void BackFromGame(Service& service, Session& session, const Request& request);
+
 // handlers_buddy.cpp
 void TellBuddies(Service& service, Session& session, const Request& request);
 void AddBuddy(Service& service, Session& session, const Request& request);
 void RemoveBuddy(Service& service, Session& session, const Request& request);
 
 // handlers_other.cpp
-/// What this server does not offer yet.
-void NotYet(Service& service, Session& session, const Request& request);
 /// What no client sends to this port.
 void NeverSent(Service& service, Session& session, const Request& request);
 

@@ -2,6 +2,7 @@
 
 #include "foundation/text.h"
 #include "server/dispatch.h"
+#include "server/lists.h"
 #include "server/names.h"
 #include "server/room_moves.h"
 #include "session/wire/codec.h"
@@ -10,24 +11,6 @@
 namespace ombrin::server {
 
 namespace {
-
-// In a list of users.
-constexpr std::string_view kInLobby = "1";
-constexpr std::string_view kInRoom = "2"; ///< its creator, too
-
-void SendUsersOf(const Lobby& lobby, Session& session) {
-    std::vector<server_message::UserStatus> users;
-    users.reserve(lobby.users.size());
-    for (const Session* user : lobby.users) users.push_back({user->name, user->room == nullptr ? kInLobby : kInRoom});
-    session.peer.Send(server_message::UsersOfLobby(users));
-}
-
-void SendRoomsOf(const Lobby& lobby, Session& session) {
-    std::vector<server_message::RoomRecord> rooms;
-    rooms.reserve(lobby.rooms.Count());
-    for (const Room& room : lobby.rooms.All()) rooms.push_back(RecordOf(room));
-    session.peer.Send(server_message::RoomsOfLobby(rooms));
-}
 
 void SendGreeting(const Service& service, Session& session) {
     const std::string& greeting = service.configuration.greeting;
@@ -45,12 +28,11 @@ void Arrive(Service& service, Session& session, Lobby& lobby) {
     service.Note(session, "entered ", lobby.name);
     service.buddies.TellWhere(session.name, lobby.name);
     session.peer.Send(server_message::LobbySet(lobby.name));
-    SendUsersOf(lobby, session);
-    SendRoomsOf(lobby, session);
+    if (!session.inGame) ShowLobby(lobby, session);
     session.peer.Send(server_message::UsersOfService(service.users.Names()));
     SendGreeting(service, session);
-    const server_message::UserStatus arrived{session.name, kInLobby};
-    lobby.Send(server_message::UsersOfLobby({&arrived, 1}), &session);
+    const server_message::UserStatus arrived{session.name, StatusOf(session)};
+    lobby.Update(server_message::UsersOfLobby({&arrived, 1}), &session);
     service.SendToAll(server_message::UserCame(session.name, lobby.name));
 }
 
@@ -92,7 +74,7 @@ void LeaveLobby(Service& service, Session& session, const Request& request) {
         left.Remove(session);
         session.shown = {}; // the client has emptied its lists
         service.Note(session, "left ", left.name);
-        left.Send(server_message::UserLeftLobby(session.name));
+        left.Update(server_message::UserLeftLobby(session.name));
         service.SendToAll(server_message::UserWent(session.name, left.name, false));
     }
     session.peer.Send(server_message::LobbyList(service.lobbies.Counts()));

@@ -4,10 +4,6 @@
 
 namespace ombrin::server {
 
-void NotYet(Service& service, Session& session, const Request& request) {
-    RefuseRequest(service, session, request, "This server does not offer that yet.");
-}
-
 void NeverSent(Service& service, Session& session, const Request& request) {
     RefuseRequest(service, session, request, "The server does not take this request here.");
 }

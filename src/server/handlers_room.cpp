@@ -1,6 +1,7 @@
 #include "server/handlers.h"
 
 #include "server/dispatch.h"
+#include "server/lists.h"
 #include "server/names.h"
 #include "server/room_moves.h"
 
@@ -15,6 +16,7 @@ using Reason = std::string_view;
 
 constexpr Reason kNoLobby = "You are in no lobby.";
 constexpr Reason kInRoom = "You are in a room already.";
+constexpr Reason kPlaying = "You are in a game.";
 
 // Fields behind the record of three.
 constexpr std::size_t kRoom = 3;
@@ -63,7 +65,7 @@ bool MayEnter(Service& service, Session& session, const Room& room, std::string_
         return false;
     };
     if (room.Rejected(session.name)) return refuse("43");
-    if (room.Full()) return refuse("18");
+    if (room.Full() || room.gameRuns) return refuse("18");
     if (room.password.empty() || password == room.password) return true;
     if (password.empty()) return refuse("34");
     service.Note(session, "gave a wrong password for the room ", room.name);
@@ -76,6 +78,7 @@ void CreateRoom(Service& service, Session& session, const Request& request) {
     const auto refuse = [&](Reason reason) { RefuseRequest(service, session, request, reason); };
     if (session.lobby == nullptr) return refuse(kNoLobby);
     if (session.room != nullptr) return refuse(kInRoom);
+    if (session.inGame) return refuse(kPlaying);
     if (const Reason reason = WhyNoRoom(request); !reason.empty()) return refuse(reason);
     const auto& fields = request.fields;
     if (FindRoom(session, fields[kRoom]) != nullptr) return session.peer.Send(server_message::Bare("17"));
@@ -97,6 +100,7 @@ void EnterRoom(Service& service, Session& session, const Request& request) {
     const bool toldPublic = request.count > kPublic;
     if (session.lobby == nullptr) return RefuseRequest(service, session, request, kNoLobby);
     if (session.room != nullptr) return RefuseRequest(service, session, request, kInRoom);
+    if (session.inGame) return RefuseRequest(service, session, request, kPlaying);
     if (toldPublic && !IsEither(fields[kPublic], "Y", "N"))
         return RefuseRequest(service, session, request, "The server cannot read this request.");
     Room* room = FindRoom(session, fields[kRoom]);
@@ -109,6 +113,7 @@ void EnterRoom(Service& service, Session& session, const Request& request) {
 
 void PreviewRoom(Service& service, Session& session, const Request& request) {
     if (session.room != nullptr) return service.Refuse(session, kInRoom);
+    if (session.inGame) return service.Refuse(session, kPlaying);
     if (const Room* room = FindRoom(session, request.fields[kRoom])) ShowUsersOf(*room, session);
 }
 

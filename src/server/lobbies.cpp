@@ -21,6 +21,11 @@ void Lobby::Send(std::string_view message, const Session* except) const {
         if (user != except) user->peer.Send(message);
 }
 
+void Lobby::Update(std::string_view message, const Session* except) const {
+    for (Session* user : users)
+        if (user != except && !user->inGame) user->peer.Send(message);
+}
+
 Lobbies::Lobbies(std::span<const LobbySetup> setups) {
     for (const LobbySetup& setup : setups)
         lobbies.push_back(std::make_unique<Lobby>(Lobby{setup.name, setup.password, {}, {}}));

@@ -25,6 +25,8 @@ struct Lobby {
     void Remove(Session& session);
     /// To everybody in the lobby but one; with nobody left out when that is null.
     void Send(std::string_view message, const Session* except = nullptr) const;
+    /// The same for what changes a list: a client in a game gets its lists anew when it is back.
+    void Update(std::string_view message, const Session* except = nullptr) const;
 };
 
 class Lobbies {

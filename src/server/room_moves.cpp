@@ -1,9 +1,13 @@
 #include "server/room_moves.h"
 
+#include "server/game_moves.h"
+#include "server/lists.h"
 #include "server/lobbies.h"
 #include "server/names.h"
 
 #include <algorithm>
+#include <array>
+#include <span>
 
 namespace ombrin::server {
 
@@ -12,24 +16,27 @@ namespace {
 using server_message::RoomUser;
 using server_message::StatusChange;
 
-// A user's status where it changes.
-constexpr std::string_view kOutOfRoom = "1";
-constexpr std::string_view kIntoRoom = "2";
-constexpr std::string_view kOpenedRoom = "5"; ///< as the room's record counts him already
-
 /// Names that a client's list may show, before those that have gone are taken off it.
 constexpr std::size_t kMostShown = std::size_t{2} * kMostRoomUsers;
-
-RoomUser RecordOf(const Member& member) {
-    return {member.session->name, member.session->address, member.publicAddress};
-}
 
 StatusChange ChangeOf(std::string_view status, const Session& session, const Room& room) {
     return {status, session.name, room.name, session.address};
 }
 
-void TellStatus(const Lobby& lobby, const StatusChange& change, const Session* except = nullptr) {
-    lobby.Send(server_message::StatusOfUsers({&change, 1}), except);
+/// For who is out of the room but still in its game, the game is told last.
+void TellOut(const Lobby& lobby, const Room& room, std::span<const Session* const> out, const Session* gone) {
+    std::vector<StatusChange> changes;
+    std::vector<StatusChange> stillInGame;
+    for (const Session* user : out) {
+        changes.push_back(ChangeOf(kOutOfRoom, *user, room));
+        if (user->inGame) stillInGame.push_back({kInGame, user->name, "", user->address});
+    }
+    lobby.Update(server_message::StatusOfUsers(changes), gone);
+    if (!stillInGame.empty()) lobby.Update(server_message::StatusOfUsers(stillInGame), gone);
+}
+
+void TellOut(const Lobby& lobby, const Room& room, const Session& user, const Session* gone = nullptr) {
+    TellOut(lobby, room, std::array{&user}, gone);
 }
 
 /// An 8 takes a name off the list at any time; the bound is on what the server remembers.
@@ -44,7 +51,7 @@ void TakeOffGone(Session& viewer, const Room& room) {
 /// Clients that look at a room add who enters it to their lists by themselves.
 void RememberShown(const Lobby& lobby, const Room& room, const std::string& name) {
     for (Session* viewer : lobby.users) {
-        if (viewer->shown.room != room.name) continue;
+        if (viewer->inGame || viewer->shown.room != room.name) continue;
         std::vector<std::string>& names = viewer->shown.names;
         if (std::find(names.begin(), names.end(), name) != names.end()) continue;
         names.push_back(name);
@@ -54,8 +61,8 @@ void RememberShown(const Lobby& lobby, const Room& room, const std::string& name
 
 } // namespace
 
-server_message::RoomRecord RecordOf(const Room& room) {
-    return {room.name, room.Status(), room.creator->address, room.members.size(), room.max};
+void TellStatus(const Lobby& lobby, const StatusChange& change, const Session* except) {
+    lobby.Update(server_message::StatusOfUsers({&change, 1}), except);
 }
 
 void OpenRoom(Session& creator, Room opened, bool publicAddress) {
@@ -65,8 +72,8 @@ void OpenRoom(Session& creator, Room opened, bool publicAddress) {
     creator.peer.Send(server_message::RoomCreated(RecordOf(room.members.front())));
     creator.shown = {room.name, {creator.name}}; // the client has emptied its list
     const server_message::RoomRecord record = RecordOf(room);
-    lobby.Send(server_message::RoomsOfLobby({&record, 1}));
-    TellStatus(lobby, ChangeOf(kOpenedRoom, creator, room));
+    lobby.Update(server_message::RoomsOfLobby({&record, 1}));
+    TellStatus(lobby, ChangeOf(kAlreadyInRoom, creator, room));
 }
 
 void JoinRoom(Session& session, Room& room, bool publicAddress) {
@@ -74,7 +81,7 @@ void JoinRoom(Session& session, Room& room, bool publicAddress) {
     ShowUsersOf(room, session);
     session.peer.Send(server_message::RoomEntered(room.creator->name));
     const RoomUser arrived = RecordOf(room.members.back());
-    room.Send(server_message::UsersOfRoom({&arrived, 1}), &session);
+    room.Update(server_message::UsersOfRoom({&arrived, 1}), &session);
     TellStatus(*session.lobby, ChangeOf(kIntoRoom, session, room));
     RememberShown(*session.lobby, room, session.name);
 }
@@ -86,19 +93,20 @@ void QuitRoom(Session& session, Hears hears) {
     if (gone == nullptr) session.peer.Send(server_message::Bare("9"));
     if (room.creator == &session) return EndRoom(*session.lobby, room, gone);
     room.Remove(session);
-    room.Send(server_message::UserLeftRoom(session.name));
-    TellStatus(*session.lobby, ChangeOf(kOutOfRoom, session, room), gone);
+    room.Update(server_message::UserLeftRoom(session.name));
+    TellOut(*session.lobby, room, session, gone);
+    EndGameOfNobody(*session.lobby, room, gone);
 }
 
 void EndRoom(Lobby& lobby, Room& room, const Session* gone) {
     room.Send(server_message::Bare("10"), gone);
-    std::vector<StatusChange> changes;
+    std::vector<const Session*> out;
     for (const Member& member : room.members) {
-        changes.push_back(ChangeOf(kOutOfRoom, *member.session, room));
+        out.push_back(member.session);
         member.session->room = nullptr;
     }
-    lobby.Send(server_message::StatusOfUsers(changes), gone);
-    lobby.Send(server_message::RoomGone(room.name), gone);
+    TellOut(lobby, room, out, gone);
+    lobby.Update(server_message::RoomGone(room.name), gone);
     lobby.rooms.Remove(room);
 }
 
@@ -106,20 +114,10 @@ void RejectFromRoom(Session& session) {
     Room& room = *session.room;
     room.rejected.insert(Folded(session.name));
     room.Remove(session);
-    TellStatus(*session.lobby, ChangeOf(kOutOfRoom, session, room));
-    room.Send(server_message::UserLeftRoom(session.name));
+    TellOut(*session.lobby, room, session);
+    room.Update(server_message::UserLeftRoom(session.name));
+    EndGameOfNobody(*session.lobby, room);
     session.peer.Send(server_message::Bare("42"));
-}
-
-void ShowUsersOf(const Room& room, Session& session) {
-    for (const std::string& name : session.shown.names) session.peer.Send(server_message::UserLeftRoom(name));
-    std::vector<RoomUser> users;
-    session.shown = {room.name, {}};
-    for (const Member& member : room.members) {
-        users.push_back(RecordOf(member));
-        session.shown.names.push_back(member.session->name);
-    }
-    session.peer.Send(server_message::UsersOfRoom(users));
 }
 
 } // namespace ombrin::server

@@ -11,7 +11,14 @@ struct Lobby;
 /// Whether a user who leaves can still be told.
 enum class Hears { Yes, No };
 
-server_message::RoomRecord RecordOf(const Room& room);
+// A user's status where it changes.
+inline constexpr std::string_view kOutOfRoom = "1";
+inline constexpr std::string_view kIntoRoom = "2";
+inline constexpr std::string_view kInGame = "3";
+inline constexpr std::string_view kAlreadyInRoom = "5"; ///< who has opened it or is back: its record counts him
+
+/// To everybody in the lobby but one.
+void TellStatus(const Lobby& lobby, const server_message::StatusChange& change, const Session* except = nullptr);
 
 /// The room is new and without members.
 void OpenRoom(Session& creator, Room room, bool publicAddress);
@@ -22,8 +29,5 @@ void QuitRoom(Session& session, Hears hears);
 void EndRoom(Lobby& lobby, Room& room, const Session* gone);
 /// Out of his room and never in again. He is not its creator.
 void RejectFromRoom(Session& session);
-
-/// 3 with all users of the room, behind an 8 for each name that the client's list may still show.
-void ShowUsersOf(const Room& room, Session& session);
 
 } // namespace ombrin::server

@@ -6,11 +6,18 @@
 
 namespace ombrin::server {
 
-std::string_view Room::Status() const { return locked ? "4" : "1"; }
+std::string_view Room::Status() const {
+    if (gameRuns) return "2";
+    return locked ? "4" : "1";
+}
 
 bool Room::Has(std::string_view user) const {
     return std::any_of(members.begin(), members.end(),
                        [&](const Member& member) { return member.session->name == user; });
+}
+
+bool Room::AnybodyInGame() const {
+    return std::any_of(members.begin(), members.end(), [](const Member& member) { return member.session->inGame; });
 }
 
 bool Room::Rejected(std::string_view user) const { return rejected.contains(Folded(user)); }
@@ -28,6 +35,11 @@ void Room::Remove(Session& session) {
 void Room::Send(std::string_view message, const Session* except) const {
     for (const Member& member : members)
         if (member.session != except) member.session->peer.Send(message);
+}
+
+void Room::Update(std::string_view message, const Session* except) const {
+    for (const Member& member : members)
+        if (member.session != except && !member.session->inGame) member.session->peer.Send(message);
 }
 
 Room* Rooms::Find(std::string_view name) {

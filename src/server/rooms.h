@@ -28,16 +28,20 @@ struct Room {
     std::string password;                       ///< empty: open to all
     std::vector<Member> members{};              ///< in the order in which they came
     std::unordered_set<std::string> rejected{}; ///< names, folded
+    bool gameRuns = false;                      ///< as long as a member is in it
 
     std::string_view Status() const;
     bool Full() const { return members.size() >= static_cast<std::size_t>(max); }
     bool Has(std::string_view user) const;
+    bool AnybodyInGame() const;
     bool Rejected(std::string_view user) const;
 
     void Add(Session& session, bool publicAddress);
     void Remove(Session& session);
     /// To everybody in the room but one.
     void Send(std::string_view message, const Session* except = nullptr) const;
+    /// The same for what changes a list: a client in a game gets its lists anew when it is back.
+    void Update(std::string_view message, const Session* except = nullptr) const;
 };
 
 class Rooms {

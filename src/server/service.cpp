@@ -112,10 +112,11 @@ void Service::LoadBuddies(Session& session) {
 void Service::LogOff(Session& session) {
     Lobby* left = session.lobby;
     users.Remove(session);
+    session.inGame = false; // so that no status follows behind his going
     QuitRoom(session, Hears::No);
     if (left != nullptr) {
         left->Remove(session);
-        left->Send(server_message::UserLeftLobby(session.name));
+        left->Update(server_message::UserLeftLobby(session.name));
     }
     SendToAll(server_message::UserWent(session.name, left == nullptr ? "" : left->name, true));
     buddies.Forget(session);

@@ -64,6 +64,7 @@ struct Session {
     /// Where his friends see him: after leaving a lobby he counts as in it until he enters the next.
     const Lobby* seenIn = nullptr;
     std::vector<std::string> buddies{}; ///< in his spelling
+    bool inGame = false;                ///< from the launch, or his joining, until he is back
     bool spoken = false;                ///< a message has come
     bool closing = false;               ///< what still comes is not read
     int holds = 0;                      ///< reasons to read no message for now

@@ -1,6 +1,9 @@
 // All areas of a session, in the order of need: each knows those above it alone.
 #pragma once
 
+#include "launch/configuration.h"
+#include "launch/discovery.h"
+#include "launch/launcher.h"
 #include "lobby/buddies.h"
 #include "lobby/chat.h"
 #include "lobby/ignored_users.h"
@@ -23,13 +26,22 @@ struct AreaNeeds {
     Alarms& alarms;
     Pings& pings;
     Notifier& notifier;
+    Processes& processes;
+    Registry& registry;
+    Disks& disks;
+    Waiter& waiter;
+    Files& files;
     LogonDialogs dialogs;
     RoomDialogs roomDialogs;
     PMDialog& pmDialog;
+    ConfigurationDialogs configurationDialogs;
+    PauseAV& pauseAV;
+    FindingGame& findingGame;
+    TextColours& textColours;
     LobbyFilter& lobbyFilter;
     const Layout& layout;
     const std::string& roomWord;
-    std::string appPath;
+    std::string appPath, systemDirectory;
     std::function<void()> closeClient;
 };
 
@@ -40,8 +52,13 @@ struct Areas {
           chat(desk, ignored, needs.sound, needs.clipboard, needs.measure),
           pm(desk, needs.pmDialog, ignored, chat, notices, needs.sound, needs.appPath),
           buddies(desk, pm, notices, needs.sound), rooms(desk, needs.roomDialogs, position, frame, pinger, needs.sound),
-          lobbies(desk, needs.dialogs.connection, needs.lobbyFilter, needs.dialogs.mainLobby),
+          autoStart(desk),
+          lobbies(desk, autoStart, needs.dialogs.connection, needs.lobbyFilter, needs.dialogs.mainLobby),
           users(desk, ignored, lobbies, rooms, buddies, needs.dialogs.connection, needs.sound),
+          configuration(desk, needs.configurationDialogs, autoStart, lobbies, needs.textColours, needs.processes),
+          battleLan(desk, needs.processes, needs.files, needs.systemDirectory),
+          launcher(desk, needs.pauseAV, autoStart, position, needs.processes, battleLan, needs.clipboard, needs.alarms),
+          discovery(desk, needs.findingGame, autoStart, needs.disks, needs.registry, needs.waiter),
           connector(desk, needs.alarms), logon(desk, needs.dialogs, connector, needs.layout, needs.closeClient),
           keepAlive(desk, {ignored, position, connector, logon}, needs.dialogs, frame) {}
 
@@ -57,8 +74,13 @@ struct Areas {
     PrivateMessages pm;
     Buddies buddies;
     Rooms rooms;
+    AutoStart autoStart;
     LobbyDirectory lobbies;
     Users users;
+    Configuration configuration;
+    BattleLan battleLan;
+    Launcher launcher;
+    Discovery discovery;
     Connector connector;
     Logon logon;
     KeepAlive keepAlive;

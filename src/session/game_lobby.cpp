@@ -20,7 +20,9 @@ Dialogs::Dialogs(ModalStack& stack, Settings& settings, Session& session, IniFil
       LobbyFilter(stack, files, trap), ExeMainLobby(stack, settings, session, language, trap),
       UsrNmPwIP(stack, settings, language, messages.boxes, targets, trap), CreateAccount(stack, language, trap),
       NewRoom(stack, messages, language, trap), RoomPassword(stack, messages, language, trap),
-      PMDialog(stack, settings, messages, language, clipboard, trap) {}
+      PMDialog(stack, settings, messages, language, clipboard, trap),
+      ConfigureGame(stack, settings, files, session, messages.boxes, language, trap), frmAbout(stack),
+      PauseAV(stack, language, trap), FindingGame(stack) {}
 
 GameLobby::GameLobby(Platform given)
     : platform(std::move(given)), stack(platform.waiter, platform.holdEvents), boxes(stack),
@@ -48,13 +50,23 @@ GameLobby::GameLobby(Platform given)
                   .alarms = platform.alarms,
                   .pings = platform.pings,
                   .notifier = platform.notifier,
+                  .processes = platform.processes,
+                  .registry = platform.registry,
+                  .disks = platform.disks,
+                  .waiter = platform.waiter,
+                  .files = platform.files,
                   .dialogs = {dialogs.UsrNmPwIP, dialogs.CreateAccount, dialogs.Connection, dialogs.ExeMainLobby},
                   .roomDialogs = {dialogs.NewRoom, dialogs.RoomPassword},
                   .pmDialog = dialogs.PMDialog,
+                  .configurationDialogs = {dialogs.ConfigureGame, dialogs.LobbyFilter, dialogs.frmAbout},
+                  .pauseAV = dialogs.PauseAV,
+                  .findingGame = dialogs.FindingGame,
+                  .textColours = textColours,
                   .lobbyFilter = dialogs.LobbyFilter,
                   .layout = layout,
                   .roomWord = viewLanguage.m_sRoomWord,
                   .appPath = platform.places.AppPath(),
+                  .systemDirectory = platform.places.SystemDirectory(),
                   .closeClient = [this] {
                       if (CloseClient) CloseClient();
                   }});
@@ -96,17 +108,18 @@ void GameLobby::Start(std::optional<std::string> userData) {
     viewLanguage.SetForeignLanguage();
     textColours.SetTextColor();
     session.m_StandAlone = !userData.has_value();
+    view.Configure.SetVisible(true); // of use in either mode
+    view.Configure.SetEnabled(true);
     if (session.m_StandAlone) {
         ReadPresets();
         areas->logon.DisplayLogonBanner();
         if (areas->logon.LogonDialogClosed()) return;
     } else {
         session.m_UserData = *userData;
-        view.Configure.SetVisible(true);
-        view.Configure.SetEnabled(true);
     }
     areas->logon.TakeRecordApart(session.m_UserData);
     areas->connector.Start(kConnectTrace);
+    if (!session.m_StandAlone) areas->autoStart.CheckAutoStart();
     if (session.m_StandAlone) areas->logon.RunCancelLoop(kConnectTrace);
 }
 
@@ -159,6 +172,7 @@ void GameLobby::Winsock_Connect() {
         session.m_UserData = Join(session.m_UserName, ";", session.m_CurrentLobby, ";", link.Winsock().LocalIP());
         if (session.m_CurrentLobby != "temp") language.SetLobbyCaption(view.ChatFrame, session.m_CurrentLobby);
         if (!session.m_StandAlone) {
+            session.ConfiguredGame = session.m_CurrentLobby;
             link.SendData(client_message::EnterLobby(session.m_UserData));
             log.TraceMessage("game lobby connect request to host");
         } else if (session.m_CreatingAccount) {

@@ -7,9 +7,12 @@
 #include "lobby/text_colour.h"
 #include "platform/alarms.h"
 #include "platform/desktop.h"
+#include "platform/disks.h"
 #include "platform/network.h"
 #include "platform/notifier.h"
 #include "platform/pings.h"
+#include "platform/processes.h"
+#include "platform/registry.h"
 #include "platform/waiter.h"
 #include "session/areas.h"
 #include "session/stored_properties.h"
@@ -34,6 +37,9 @@ struct Platform {
     Clipboard& clipboard;
     Pings& pings;
     Notifier& notifier;
+    Processes& processes;
+    Registry& registry;
+    Disks& disks;
     TargetOpener& opener;
     const TextMeasure& measure;
     Waiter& waiter;
@@ -55,10 +61,14 @@ struct Dialogs {
     ombrin::NewRoom NewRoom;
     ombrin::RoomPassword RoomPassword;
     ombrin::PMDialog PMDialog;
+    ombrin::ConfigureGame ConfigureGame;
+    ombrin::frmAbout frmAbout;
+    ombrin::PauseAV PauseAV;
+    ombrin::FindingGame FindingGame;
 
     std::vector<Form*> All() {
-        return {&ChooseLanguage, &Connection, &LobbyFilter,  &ExeMainLobby, &UsrNmPwIP,
-                &CreateAccount,  &NewRoom,    &RoomPassword, &PMDialog};
+        return {&ChooseLanguage, &Connection, &LobbyFilter,   &ExeMainLobby, &UsrNmPwIP, &CreateAccount, &NewRoom,
+                &RoomPassword,   &PMDialog,   &ConfigureGame, &frmAbout,     &PauseAV,   &FindingGame};
     }
 };
 
@@ -92,6 +102,8 @@ public:
     void DisplayCreateAccount(bool ShowLogon) { areas->logon.DisplayCreateAccount(ShowLogon); }
     void ProcessLogonBanner() { areas->logon.ProcessLogonBanner(); }
     void SendData(std::string_view Data);
+    void Configure_Click() { areas->configuration.Configure_Click(); }
+    void CheckAutoStart() { areas->autoStart.CheckAutoStart(); }
     void ProcessRoomPassword() { areas->rooms.ProcessRoomPassword(); }
     void DisplayPMDialog() { areas->pm.DisplayPMDialog(); }
     void btnAddBuddy_Click() { areas->buddies.btnAddBuddy_Click(); }
@@ -113,6 +125,7 @@ public:
     const Link& Connection() const { return link; }
     Settings& Store() { return settings; }
     IniFiles& Inis() { return iniFiles; }
+    Registry& Hive() { return platform.registry; }
 
 private:
     void Winsock_Connect();

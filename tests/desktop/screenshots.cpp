@@ -6,7 +6,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QFile>
 #include <QLabel>
 #include <QPainter>
 #include <cstdio>
@@ -178,21 +177,59 @@ void TakeRooms(Stage& stage, Photographer& photographer) {
     photographer.Takes(QStringLiteral("30-back-in-the-lobby"));
 }
 
+/// Without a game where no lobby was entered yet.
+void TakeConfiguration(Stage& stage, Photographer& photographer, const QString& name) {
+    ConfigureGame& dialog = stage.forms.ConfigureGame;
+    stage.Step([&stage] { stage.loop.Enter([&stage] { stage.client.Configure_Click(); }); });
+    photographer.Takes(name);
+    stage.Step([&] { stage.board.Input([&](UserInput& input) { return input.Click(dialog.CancelButton); }); });
+}
+
+void TakeGame(Stage& stage, Photographer& photographer) {
+    const auto press = [&stage](Button& button) {
+        stage.Step([&] { stage.board.Input([&](UserInput& input) { return input.Click(button); }); });
+    };
+    Dialogs& forms = stage.forms;
+    stage.Step([&stage] {
+        const std::string& lobby = stage.client.Marks().m_CurrentLobby;
+        stage.client.Store().SaveSetting("Games", lobby, R"(C:\Program Files\Sierra\Half-Life\HL.EXE)");
+        stage.client.Store().SaveSetting("DirectPlay", lobby, "Half-Life");
+        stage.client.Inis().Write("AV.ini", "HL", "ClientOptions", "-console -game valve");
+        stage.forms.ConfigureGame.DPGameList = "Age of Sail;Half-Life;";
+    });
+    TakeConfiguration(stage, photographer, QStringLiteral("31-configure"));
+    stage.Step([&stage] { stage.loop.Enter([&stage] { stage.client.Configure_Click(); }); });
+    press(forms.ConfigureGame.About);
+    photographer.Takes(QStringLiteral("32-about"));
+    press(forms.frmAbout.cmdOK);
+    press(forms.ConfigureGame.CancelButton);
+    for (int which = 0; which < 6; ++which) { // the route counts only where the game is configured
+        stage.Step([&stage, which] {
+            PauseAV& pause = stage.forms.PauseAV;
+            pause.AutoStartOn = which < 4;
+            pause.UsesDirectPlay = which < 2;
+            pause.IsCreator = which % 2 == 0;
+            stage.loop.Enter([&pause] { pause.ShowModal(); });
+        });
+        photographer.Takes(QStringLiteral("33-game-launched-%1").arg(which + 1));
+        press(forms.PauseAV.ResumeButton);
+    }
+    stage.Step([&stage, &forms] { // over the main window instead of beside it, for the picture
+        forms.FindingGame.txtFindDir.SetCaption(R"(C:\Program Files\Sierra)");
+        stage.loop.Enter([&forms] { forms.FindingGame.ShowModal(); });
+    });
+    photographer.Takes(QStringLiteral("34-finding-game"));
+    stage.Step([&stage, &forms] { stage.loop.Enter([&forms] { forms.FindingGame.Hide(); }); });
+}
+
 int Run(QApplication& application, const QStringList& arguments) {
     const QString folder = arguments[1];
     const std::string language = Held(arguments[2]);
     QDir().mkpath(folder);
     desktop::Look::Install(application);
     Stage stage("");
-    QFile languages(QStringLiteral(OMBRIN_ASSETS "/language/AVfLang.ini"));
-    if (!languages.open(QIODevice::ReadOnly)) {
-        std::fprintf(stderr, "no language file\n");
-        return 1;
-    }
-    stage.world.files.Update(stage.world.places.WindowsDirectory() + "/AVfLang.ini", Files::Readers::Everybody,
-                             [&](const auto&) { return languages.readAll().toStdString(); });
+    stage.Speaks("");
     stage.window.resize(arguments[3].toInt(), arguments[4].toInt());
-    stage.client.Inis().Write("AVfLang.ini", "CurrentLanguage", "Language", "");
 
     Photographer photographer(stage, folder);
     const auto press = [&stage](Button& button) {
@@ -233,6 +270,7 @@ int Run(QApplication& application, const QStringList& arguments) {
     press(logon.Connect);
     stage.Sends("45:192.0.2.10;~22:Quake3,31;Half Life,12;Go,28;Chess,112;Age of Sail,4;~");
     photographer.Takes(QStringLiteral("07-lobby-filter"));
+    TakeConfiguration(stage, photographer, QStringLiteral("07-configure-no-game"));
     press(forms.LobbyFilter.OK);
     photographer.Takes(QStringLiteral("08-lobby-filter-none"));
     press(forms.LobbyFilter.SelectAll);
@@ -259,6 +297,7 @@ int Run(QApplication& application, const QStringList& arguments) {
         [&] { stage.board.Input([&](UserInput& input) { return input.DoubleClick(stage.view.lbLobbies, 1); }); });
     photographer.TakesWaiting(QStringLiteral("15-waiting"));
     TakeRooms(stage, photographer);
+    TakeGame(stage, photographer);
     return stage.Run() ? 0 : 1;
 }
 

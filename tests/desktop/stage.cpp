@@ -5,6 +5,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QMenu>
 #include <QPushButton>
 #include <QScopedValueRollback>
@@ -198,6 +199,14 @@ QPoint Stage::PlaceOfRow(const Control& list, int row) {
     const QModelIndex index = view->model()->index(row, 0);
     view->scrollTo(index);
     return view->visualRect(index).center();
+}
+
+void Stage::Speaks(const std::string& language) {
+    QFile languages(QStringLiteral(OMBRIN_ASSETS "/language/AVfLang.ini"));
+    if (!languages.open(QIODevice::ReadOnly)) return Fail("no language file");
+    world.files.Update(world.places.WindowsDirectory() + "/AVfLang.ini", Files::Readers::Everybody,
+                       [&](const auto&) { return languages.readAll().toStdString(); });
+    client.Inis().Write("AVfLang.ini", "CurrentLanguage", "Language", language);
 }
 
 void Stage::LogsOn() {

@@ -77,6 +77,8 @@ public:
     QPoint PlaceOfRow(const Control& list, int row); ///< in the list's viewport
 
     // Ways that many tests go
+    /// The languages that the client ships with, and this one of them in force; empty for none yet.
+    void Speaks(const std::string& language);
     /// From the start to the lobby Go, with ann, bob and cid.
     void LogsOn();
 

@@ -8,6 +8,7 @@ import os
 import sys
 import time
 
+import launch_cases     # noqa: F401, as each of them adds to the list
 import lobby_cases      # noqa: F401, as each of them adds to the list
 import position_cases   # noqa: F401
 import room_cases       # noqa: F401

@@ -145,7 +145,8 @@ class Console(Program):
         self.events = []
         self._replies = queue.Queue()
         self._looks = {}            # the last reply to each command that only looks
-        super().__init__(name, "ombrin-console", "--home", home, "--virtual-time", *options)
+        time_options = [] if "--wait-scale" in options else ["--virtual-time"]      # waits take time only in real time
+        super().__init__(name, "ombrin-console", "--home", home, *time_options, *options)
 
     def said(self, line):
         if line is None:

@@ -14,6 +14,7 @@ POSITIONS = {
     "AskingPassword": ("Arena", False),
     "Creator": ("Base", True),
     "Member": ("Arena", True),
+    "Launching": ("Base", False),
     "Leaving": ("", False),
     "Destroying": ("", False),
 }
@@ -37,6 +38,9 @@ BY_EVENT = {
     "18":             ("-", "E", "-", "-", "-", "-", "-", "-"),
     "19":             ("-", "E", "-", "-", "-", "-", "-", "-"),
     "43":             ("-", "E", "-", "-", "-", "-", "-", "-"),
+    "Launch":         ("-", "-", "-", "-", "D", "-", "-", "-"),
+    "12, creator":    ("-", "-", "-", "-", "E", "-", "-", "-"),         # back from the game
+    "12, member":     ("-", "-", "-", "-", "-", "-", "-", "-"),
     "Leave":          ("-", "-", "D", "-", "-", "-", "-", "-"),
     "9":              ("E", "E", "D H", "D", "-", "D", "D", "E"),       # LeaveRoom
     "42":             ("E", "E", "D H", "D", "-", "D", "D", "E"),
@@ -136,20 +140,31 @@ class Walk:
     def says(self, code, to, payload="", **seen):
         self.goes(code, lambda: self.server.sends(f"{code}:{payload}~"), to, **seen)
 
+    def plays(self, to, room):
+        """The game runs until the user resumes; then his lists are empty, and the server fills them."""
+        def until_resumed():
+            self.server.sends("12:10.0.0.9;~")
+            self.ann.sees_form("PauseAV")
+            self.ann.press("PauseAV.ResumeButton")
+        self.goes(f"12, {to.lower()}", until_resumed, to, hears=f"Ombrin:14:{UD};{room};:~")
+        self.server.sends("2:Arena;4;10.0.0.9;1;8;~")
+        self.ann.until("the room", lambda: self.ann.rows("RoomList"))
+
     def gives(self, password):
         self.ann.type("RoomPassword.Password", password)
         self.goes("password", lambda: self.ann.press("RoomPassword.OKButton"), "Entering", hears=WITH_PASSWORD)
 
 
 def the_whole_table():
-    """Every transition, but for those of a launch."""
+    """Every transition."""
     rows = [("Lobby", "Create", "Naming"), ("Naming", "cancelled", "Lobby"), ("Naming", "confirmed", "Creating"),
             ("Creating", "5", "Creator"), ("Creating", "17", "Lobby"), ("Lobby", "Enter", "Entering"),
             ("Entering", "7", "Member"), ("Entering", "34", "AskingPassword"), ("Entering", "33", "AskingPassword"),
             ("AskingPassword", "password", "Entering"), ("AskingPassword", "no password", "Lobby"),
             ("Entering", "18", "Lobby"), ("Entering", "19", "Lobby"), ("Entering", "43", "Lobby"),
             ("Member", "Leave", "Leaving"), ("Leaving", "9", "Lobby"), ("Member", "42", "Lobby"),
-            ("Creator", "Destroy, Yes", "Destroying"), ("Creator", "Destroy, No", "Creator"),
+            ("Creator", "Launch", "Launching"), ("Launching", "12, creator", "Creator"),
+            ("Member", "12, member", "Member"), ("Creator", "Destroy, Yes", "Destroying"), ("Creator", "Destroy, No", "Creator"),
             ("Destroying", "10", "Lobby"), ("Member", "10", "Lobby")]
     return set(rows)
 
@@ -167,6 +182,8 @@ def every_way_from_one_position_to_the_next_sets_what_can_be_pressed(evening):
     walk.says("5", "Creator", "ann;10.0.0.5;N;")
     sure = "Are you sure you want to destroy this room?"
     walk.goes("Destroy, No", lambda: ann.press("Destroy"), "Creator", box=sure, press=NO)
+    walk.goes("Launch", lambda: ann.press("Launch"), "Launching", hears=f"Ombrin:10:{UD};Base;:~")
+    walk.plays("Creator", "Base")
     walk.goes("Destroy, Yes", lambda: ann.press("Destroy"), "Destroying", box=sure, press=YES,
               hears=f"Ombrin:9:{UD};Base;:~")
     walk.says("10", "Lobby")
@@ -189,6 +206,7 @@ def every_way_from_one_position_to_the_next_sets_what_can_be_pressed(evening):
         walk.says("7", "Member", "bob;")
 
     enters()
+    walk.plays("Member", "Arena")
     walk.goes("Leave", lambda: ann.press("Leave"), "Leaving", hears=f"Ombrin:8:{UD};Arena;:~")
     walk.says("9", "Lobby")
     enters()

@@ -1,4 +1,4 @@
-#include "world.h"
+#include "room_world.h"
 
 #include <algorithm>
 
@@ -6,82 +6,6 @@ namespace ombrin::server::test {
 
 using testing::HasSubstr;
 using testing::Not;
-
-/// ann, bob, cid and dan are in "Go" and eve is in "Chess"; all have the address 10.0.0.1.
-class RoomTest : public World {
-protected:
-    explicit RoomTest(const Configuration& configuration = Lobbies()) : World(configuration) {}
-
-    static Configuration Lobbies() {
-        Configuration configuration = World::Lobbies();
-        configuration.limits.roomsPerLobby = 3;
-        return configuration;
-    }
-
-    struct Step {
-        const char* what;
-        Client& who;
-        std::string says;
-        std::vector<std::string> hear; ///< ann, bob, cid, dan, eve; those not named hear nothing
-    };
-    void Play(const std::vector<Step>& steps) {
-        for (const Step& step : steps) {
-            step.who.Says(step.says);
-            Hear(step.what, step.hear);
-        }
-    }
-    void Hear(const char* what, std::vector<std::string> hear) {
-        hear.resize(5);
-        std::size_t i = 0;
-        for (Client* user : {&ann, &bob, &cid, &dan, &eve})
-            EXPECT_EQ(user->Reads(), hear[i++]) << what << ", what " << user->name << " hears";
-    }
-
-    static std::string Creates(const Client& user, const std::string& room, const std::string& max = "4",
-                               const std::string& locked = "0", const std::string& password = "",
-                               const std::string& publicIP = "N") {
-        return Raw("4", user, {room, max, locked, password, publicIP});
-    }
-    /// As a client that does not escape what is in its fields.
-    static std::string Raw(const std::string& code, const Client& user, const std::vector<std::string>& fields) {
-        std::string message = "Ombrin:" + code + ":" + user.Record("Go") + ";";
-        for (const std::string& field : fields) message += field + ";";
-        return message + ":~";
-    }
-    static std::string Asks(const Client& user, const std::string& room, const std::string& publicIP = "N") {
-        return client_message::EnterRoom(user.Record("Go"), room, publicIP);
-    }
-    static std::string Answers(const Client& user, const std::string& room, const std::string& password) {
-        return client_message::EnterPasswordRoom(user.Record("Go"), room, password);
-    }
-    static std::string Previews(const Client& user, const std::string& room) {
-        return client_message::PreviewRoom(user.Record("Go"), room);
-    }
-    static std::string Leaves(const Client& user, const std::string& room) {
-        return client_message::LeaveRoom(user.Record("Go"), room);
-    }
-    static std::string Destroys(const Client& user, const std::string& room) {
-        return client_message::DestroyRoom(user.Record("Go"), room);
-    }
-    static std::string Rejects(const Client& user, const std::string& room, const std::string& rejected) {
-        return client_message::RejectUser(user.Record("Go"), room, rejected);
-    }
-    static std::string Writes(const Client& user, const std::string& room, const std::string& line = "hi") {
-        return Raw("5", user, {line, room});
-    }
-    /// ann's room "Red Base" with bob in it.
-    void OpenRedBase() {
-        ann.Says(Creates(ann, "Red Base"));
-        bob.Says(Asks(bob, "Red Base"));
-        ForgetAllRead();
-    }
-
-    Client& ann = InLobby("ann");
-    Client& bob = InLobby("bob");
-    Client& cid = InLobby("cid");
-    Client& dan = InLobby("dan");
-    Client& eve = InLobby("eve", "Chess");
-};
 
 TEST_F(RoomTest, ARoomFromItsOpeningToItsEnd) {
     const std::string opened = "2:Red Base;1;10.0.0.1;1;4;~13:5:ann;Red Base;10.0.0.1;~";

@@ -1,13 +1,16 @@
 // A machine for one client, in memory: files, a network whose peer is played, a clock that is moved by hand.
 #pragma once
 
+#include "platform/hive_registry.h"
 #include "platform/posix/clock.h"
 #include "platform/posix/event_loop.h"
 #include "platform/recording/memory_files.h"
 #include "platform/recording/recording_desktop.h"
+#include "platform/recording/recording_disks.h"
 #include "platform/recording/recording_network.h"
 #include "platform/recording/recording_notifier.h"
 #include "platform/recording/recording_pings.h"
+#include "platform/recording/recording_processes.h"
 #include "session/game_lobby.h"
 
 #include <string>
@@ -26,9 +29,12 @@ struct RecordedWorld {
     recording::RecordingClipboard clipboard{journal};
     recording::RecordingPings pings{journal};
     recording::RecordingNotifier notifier{journal};
+    recording::RecordingProcesses processes{journal};
     recording::RecordingOpener opener{journal};
     recording::FixedMeasure measure;
     Places places{"/home"};
+    HiveRegistry registry{files, places.RegistryFile()};
+    recording::RecordingDisks disks;
 
     /// `real` takes the place of the played network.
     Platform ForClient(Waiter& waiter, Network* real = nullptr) {
@@ -40,6 +46,9 @@ struct RecordedWorld {
                 clipboard,
                 pings,
                 notifier,
+                processes,
+                registry,
+                disks,
                 opener,
                 measure,
                 waiter,

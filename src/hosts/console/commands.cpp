@@ -229,6 +229,22 @@ struct Commands::Table {
         return {};
     }
 
+    static Json RegistryEntry(Commands& c, A a) {
+        const std::string key = a.Text("key"), name = a.Has("name") ? a.Text("name") : std::string();
+        const long type = a.Number("type", 1);
+        if (type != 1 && type != 4) throw Refused{"a value is a text (1) or a number (4)"};
+        if (a.Has("value")) {
+            c.client.Hive().Write(key, name,
+                                  type == 4 ? RegistryValue(static_cast<std::int32_t>(a.Number("value")))
+                                            : RegistryValue(a.Text("value")));
+            return {};
+        }
+        const auto value = c.client.Hive().Read(key, name);
+        if (!value) return {{"value", nullptr}};
+        if (const auto* text = std::get_if<std::string>(&*value)) return {{"value", c.page.ToUtf8(*text)}};
+        return {{"value", std::get<std::int32_t>(*value)}};
+    }
+
     static Json Call(Commands& c, A a) {
         if (a.Has("on")) throw Refused{"no such class"};
         if (!c.shown) throw Refused{"nothing is shown"};
@@ -290,10 +306,32 @@ struct Commands::Table {
         return answers;
     }
 
+    static std::vector<std::string> Roots(const Json& value, const CodePage& page) {
+        if (!value.is_array()) throw Refused{"\"drives\" is no list"};
+        std::vector<std::string> roots;
+        for (const Json& root : value) {
+            const auto text = root.is_string() ? page.FromUtf8(root.get<std::string>()) : std::nullopt;
+            if (!text || text->empty()) throw Refused{"a drive is no path"};
+            roots.push_back(*text);
+        }
+        return roots;
+    }
+
+    static std::deque<bool> AnswersOfStarts(const Json& value) {
+        std::deque<bool> answers;
+        for (const Json& answer : value.is_array() ? value : Json::array({value})) {
+            if (answer != "ok" && answer != "fail") throw Refused{"a start is \"ok\" or \"fail\""};
+            answers.push_back(answer == "ok");
+        }
+        return answers;
+    }
+
     /// All fields are read before the first one counts.
     static Json ChangeWorld(Commands& c, A a) {
         std::optional<std::deque<int>> connect;
         std::optional<PingAnswers> pings;
+        std::optional<std::deque<bool>> starts;
+        std::optional<std::vector<std::string>> drives;
         std::optional<int> open;
         for (const auto& [field, value] : a.json.items()) {
             if (field == "do") continue;
@@ -303,12 +341,18 @@ struct Commands::Table {
                 connect = ConnectErrors(value);
             else if (field == "ping")
                 pings = AnswersOfPings(value);
+            else if (field == "drives")
+                drives = Roots(value, c.page);
+            else if (field == "shell")
+                starts = AnswersOfStarts(value);
             else
                 throw Refused{Join("the world has no such \"", field, "\"")};
         }
         if (open) c.world.opener.result = *open;
         if (connect) c.world.network.connectErrors = *connect;
         if (pings) c.world.pings.answers = *pings;
+        if (starts) c.world.processes.starts = *starts;
+        if (drives) c.world.disks.roots = *drives;
         return {};
     }
 
@@ -338,6 +382,7 @@ const Commands::Table::Row Commands::Table::kRows[] = {
     {"forms", Forms},
     {"setting", Setting},
     {"ini", Ini},
+    {"registry", RegistryEntry},
     {"call", Call},
     {"advance", Advance},
     {"settle", Settle},

@@ -4,8 +4,10 @@
 #include "foundation/code_page.h"
 #include "hosts/console/console_loop.h"
 #include "platform/recording/recording_desktop.h"
+#include "platform/recording/recording_disks.h"
 #include "platform/recording/recording_network.h"
 #include "platform/recording/recording_pings.h"
+#include "platform/recording/recording_processes.h"
 #include "session/game_lobby.h"
 
 #include <memory>
@@ -18,6 +20,8 @@ struct World {
     recording::TellingNetwork& network;
     recording::RecordingOpener& opener;
     recording::RecordingPings& pings;
+    recording::RecordingProcesses& processes;
+    recording::RecordingDisks& disks;
 };
 
 class Commands : public CommandRunner {

@@ -35,6 +35,8 @@ constexpr std::array kMembers{
     Member{"DisplayCreateAccount", "b",
            [](GameLobby& c, const Arguments& a) { return c.DisplayCreateAccount(a[0].truth), Nothing(); }},
     Member{"ProcessLogonBanner", "", [](GameLobby& c, const Arguments&) { return c.ProcessLogonBanner(), Nothing(); }},
+    Member{"Configure_Click", "", [](GameLobby& c, const Arguments&) { return c.Configure_Click(), Nothing(); }},
+    Member{"CheckAutoStart", "", [](GameLobby& c, const Arguments&) { return c.CheckAutoStart(), Nothing(); }},
     Member{"ProcessRoomPassword", "",
            [](GameLobby& c, const Arguments&) { return c.ProcessRoomPassword(), Nothing(); }},
     Member{"DisplayPMDialog", "", [](GameLobby& c, const Arguments&) { return c.DisplayPMDialog(), Nothing(); }},

@@ -36,6 +36,9 @@ public:
             Read(static_cast<const TextBox&>(control), out);
             Read(static_cast<const ComboBox&>(control).List(), out);
             break;
+        case ControlKind::ColourSwatch:
+            out["colour"] = static_cast<const ColourSwatch&>(control).Colour();
+            break;
         case ControlKind::CheckBox:
             out["caption"] = Text(static_cast<const CheckBox&>(control).Caption());
             out["on"] = static_cast<const CheckBox&>(control).On();
@@ -75,7 +78,7 @@ private:
     bool HasText() const {
         const ControlKind kind = control.Kind();
         return kind != ControlKind::Image && kind != ControlKind::Menu && kind != ControlKind::MenuEntry &&
-               kind != ControlKind::Timer;
+               kind != ControlKind::Timer && kind != ControlKind::ColourSwatch;
     }
 
     std::string Text(std::string_view bytes) const { return page.ToUtf8(bytes); }

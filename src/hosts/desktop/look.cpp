@@ -24,6 +24,9 @@ QLabel { color: #e6edf3; background: transparent; }
 QLabel[heading="true"] { color: #8fc7f5; font-weight: 600; }
 QLabel[status="true"] { color: #ffd479; }
 QLabel[trouble="true"] { color: #ffb4a8; }
+QLabel[swatch="true"] { border: 1px solid #8fa8c0; }
+QGroupBox { border: 1px solid #3f5a76; border-radius: 4px; margin-top: 8px; padding-top: 8px; }
+QGroupBox::title { color: #8fc7f5; subcontrol-origin: margin; left: 10px; padding: 0 4px; }
 QPushButton { color: #e6edf3; background: #24384d; border: 1px solid #3f5a76; border-radius: 4px; padding: 2px 6px; }
 QPushButton#SendMain, QPushButton#SendRoom { padding: 0; font-size: 8pt; }
 QPushButton:hover { background: #2d4763; }
@@ -33,7 +36,7 @@ QPushButton:disabled { color: #8496a8; background: #1c2a38; border-color: #2a3c4
 QLineEdit { color: #7dff7d; background: #0a0f15; border: 1px solid #3f5a76; border-radius: 3px; padding: 1px 4px;
             selection-background-color: #2f81c7; selection-color: #ffffff; }
 QLineEdit:focus { border: 2px solid #8fc7f5; }
-QLineEdit:disabled { background: #141c25; border-color: #2a3c4e; }
+QLineEdit:disabled, QComboBox:disabled { color: #8496a8; background: #141c25; border-color: #2a3c4e; }
 QLineEdit[refused="true"] { border: 2px solid #ff6b5e; }
 QDialog QLineEdit, QWidget#logon QLineEdit { color: #e6edf3; }
 QTreeView, QTextBrowser { background: #0a0f15; border: 1px solid #34485e; border-radius: 3px; outline: 0;
@@ -61,6 +64,9 @@ QRadioButton::indicator:checked {
     background: qradialgradient(cx:0.5, cy:0.5, radius:0.5, fx:0.5, fy:0.5, stop:0 #8fc7f5, stop:0.62 #8fc7f5,
                                 stop:0.7 #0a0f15, stop:1 #0a0f15); }
 QCheckBox::indicator:focus, QRadioButton::indicator:focus { border: 2px solid #8fc7f5; }
+QRadioButton::indicator:focus { border-radius: 8px; }
+QCheckBox:disabled, QRadioButton:disabled { color: #8496a8; }
+QCheckBox::indicator:disabled, QRadioButton::indicator:disabled { border-color: #4a5d70; }
 QToolTip { color: #10171f; background: #f4f7fa; border: 1px solid #34485e; }
 QMenu { color: #e6edf3; background: #1b2836; border: 1px solid #3f5a76; }
 QMenu::item { padding: 4px 18px; }
@@ -101,6 +107,20 @@ QIcon Look::ButtonIcon(const std::string& button) {
         painter.setBrush(kText);
         painter.drawPolygon(QPolygonF({{2, 2}, {13, 7}, {2, 12}, {4, 7}}));
     }));
+}
+
+/// A ring of players around their game.
+QPixmap Look::Picture(const std::string& image) {
+    if (image != "picIcon") return {};
+    return Drawn([](QPainter& painter) {
+        painter.setBrush(kAccent);
+        painter.drawRoundedRect(QRectF(0, 0, 14, 14), 3, 3);
+        painter.setBrush(kText);
+        painter.drawEllipse(QPointF(7, 7), 2, 2);
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(kText, 1.4));
+        painter.drawEllipse(QPointF(7, 7), 4.4, 4.4);
+    });
 }
 
 QString Look::BuiltInCaption(const std::string& button) {

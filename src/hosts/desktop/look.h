@@ -23,6 +23,8 @@ struct Look {
     static QFont ChatFont();
     /// Shown where a button's caption is wider than its place; an empty one for most.
     static QIcon ButtonIcon(const std::string& button);
+    /// What the control of that name shows; a null one for an image whose picture comes from elsewhere, or not at all.
+    static QPixmap Picture(const std::string& image);
     /// What the built-in picture of a button without a caption says.
     static QString BuiltInCaption(const std::string& button);
     /// The same name has the same colour all evening.

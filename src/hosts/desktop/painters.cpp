@@ -3,10 +3,13 @@
 #include "hosts/desktop/chat_painter.h"
 #include "hosts/desktop/list_painter.h"
 #include "hosts/desktop/look.h"
+#include "hosts/desktop/rows_model.h"
 #include "hosts/desktop/text_painters.h"
 
 #include <QCheckBox>
 #include <QEvent>
+#include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -54,10 +57,49 @@ class ImagePainter : public Painter {
 public:
     ImagePainter(Board& board, Image& model, QWidget* parent) : Painter(board, model, new QLabel(parent)) {
         Widget()->setAttribute(Qt::WA_TransparentForMouseEvents);
+        static_cast<QLabel*>(Widget())->setPixmap(Look::Picture(model.Name()));
     }
 
 private:
     void ApplyOwn() override {}
+};
+
+/// Clicks on it go on to the window, which takes none.
+class FramePainter : public Painter {
+public:
+    FramePainter(Board& board, Frame& model, QWidget* parent)
+        : Painter(board, model, new QGroupBox(parent)), frame(model) {}
+
+private:
+    void ApplyOwn() override { static_cast<QGroupBox*>(Widget())->setTitle(board.Text(frame.Caption())); }
+    /// Qt's box would keep Enter for a mark that it does not have; the window's default button is meant.
+    bool TakesKey(QKeyEvent& event) override {
+        event.ignore();
+        return true;
+    }
+    Frame& frame;
+};
+
+class SwatchPainter : public Painter {
+public:
+    SwatchPainter(Board& board, ColourSwatch& model, QWidget* parent)
+        : Painter(board, model, new QLabel(parent)), swatch(model) {
+        Shown()->setProperty("swatch", true);
+        Shown()->setFixedSize(44, 22);
+        Shown()->setScaledContents(true);
+    }
+
+private:
+    QLabel* Shown() const { return static_cast<QLabel*>(Widget()); }
+    void ApplyOwn() override {
+        const QColor colour = ToColour(swatch.Colour());
+        QPixmap fill(1, 1);
+        fill.fill(colour);
+        Shown()->setPixmap(fill);
+        Shown()->setAccessibleName(colour.name());
+        Shown()->setToolTip(colour.name());
+    }
+    ColourSwatch& swatch;
 };
 
 class ButtonPainter : public Painter {
@@ -139,6 +181,10 @@ std::unique_ptr<Painter> MakePainter(Board& board, Control& control, QWidget* pa
         return std::make_unique<StatusPainter>(board, static_cast<StatusBar&>(control), parent);
     case ControlKind::Image:
         return std::make_unique<ImagePainter>(board, static_cast<Image&>(control), parent);
+    case ControlKind::Frame:
+        return std::make_unique<FramePainter>(board, static_cast<Frame&>(control), parent);
+    case ControlKind::ColourSwatch:
+        return std::make_unique<SwatchPainter>(board, static_cast<ColourSwatch&>(control), parent);
     case ControlKind::Button:
         return std::make_unique<ButtonPainter>(board, static_cast<Button&>(control), parent);
     case ControlKind::CheckBox:

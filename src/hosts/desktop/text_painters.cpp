@@ -50,6 +50,8 @@ protected:
 
     bool TakesKey(QKeyEvent& event) override {
         if (line == nullptr || (event.key() != Qt::Key_Return && event.key() != Qt::Key_Enter)) return false;
+        // In a line that does nothing with it, it is for the default button of the window.
+        if (box.Kind() == ControlKind::TextBox && !box.KeyPress) return false;
         int key = UserInput::kEnter;
         board.Input([&](UserInput& input) { return input.Key(box, key, UserInput::kNoShift); });
         return true;

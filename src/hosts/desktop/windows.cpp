@@ -1,6 +1,7 @@
 #include "hosts/desktop/windows.h"
 
 #include "hosts/desktop/dialog_layouts.h"
+#include "hosts/desktop/dialog_window.h"
 #include "hosts/desktop/own_texts.h"
 #include "hosts/desktop/rows_model.h"
 
@@ -24,89 +25,6 @@ namespace {
 
 constexpr int kTextWidth = 420; ///< pixels of a box's text before it wraps
 
-class DialogWindow : public FormWindow {
-public:
-    DialogWindow(Form& form, const DialogLayout& layout, Board& board, QWidget* parent)
-        : FormWindow(form, board, parent), grid(new QGridLayout(this)) {
-        grid->setContentsMargins(16, 14, 16, 14);
-        grid->setHorizontalSpacing(10);
-        grid->setVerticalSpacing(8);
-        grid->setColumnStretch(1, 1);
-        for (const DialogRow& row : layout.rows) Add(row);
-        setMinimumWidth(layout.width);
-        if (auto* button = qobject_cast<QPushButton*>(WidgetNamed(layout.defaultButton))) button->setDefault(true);
-    }
-
-    QGridLayout& Grid() { return *grid; }
-
-private:
-    QWidget* WidgetNamed(std::string_view name) {
-        Control* control = form.Find(name);
-        if (control == nullptr) return nullptr;
-        Painter* painter = board.PainterOf(*control);
-        return (painter != nullptr ? *painter : board.Paint(*control, this)).Widget();
-    }
-
-    void Add(const DialogRow& row) {
-        const int at = grid->rowCount();
-        switch (row.kind) {
-        case DialogRow::Kind::Wide:
-            for (const auto name : row.controls) grid->addWidget(WidgetNamed(name), grid->rowCount(), 0, 1, 2);
-            break;
-        case DialogRow::Kind::Grow:
-            grid->addWidget(WidgetNamed(row.controls.front()), at, 0, 1, 2);
-            WidgetNamed(row.controls.front())->setMinimumHeight(180);
-            WidgetNamed(row.controls.front())->setAccessibleName(board.Text(form.Caption())); // it is what that names
-            grid->setRowStretch(at, 1);
-            break;
-        case DialogRow::Kind::Pair: {
-            QWidget* name = WidgetNamed(row.controls[0]);
-            QWidget* field = WidgetNamed(row.controls[1]);
-            grid->addWidget(name, at, 0);
-            grid->addWidget(field, at, 1);
-            if (auto* label = qobject_cast<QLabel*>(name)) {
-                label->setWordWrap(false);
-                label->setBuddy(field);
-            } else { // a field that the box brings up; its place is kept for it
-                field->setAccessibleName(board.Text(static_cast<CheckBox*>(form.Find(row.controls[0]))->Caption()));
-                QSizePolicy policy = field->sizePolicy();
-                policy.setRetainSizeWhenHidden(true);
-                field->setSizePolicy(policy);
-            }
-            break;
-        }
-        case DialogRow::Kind::Entry: {
-            auto* line = new QHBoxLayout;
-            line->setSpacing(grid->horizontalSpacing());
-            auto* field = qobject_cast<QLineEdit*>(WidgetNamed(row.controls[0]));
-            field->setPlaceholderText(Say(Own::YourMessage));
-            field->setAccessibleName(Say(Own::YourMessage));
-            field->setMinimumHeight(28);
-            line->addWidget(field, 1);
-            QWidget* button = WidgetNamed(row.controls[1]);
-            button->setMinimumSize(84, 28);
-            line->addWidget(button);
-            grid->addLayout(line, at, 0, 1, 2);
-            break;
-        }
-        case DialogRow::Kind::Buttons: {
-            auto* line = new QHBoxLayout;
-            line->setSpacing(grid->horizontalSpacing());
-            line->addStretch();
-            for (const auto name : row.controls) {
-                QWidget* button = WidgetNamed(name);
-                button->setMinimumSize(84, 28);
-                line->addWidget(button);
-            }
-            grid->addLayout(line, at, 0, 1, 2);
-            break;
-        }
-        }
-    }
-
-    QGridLayout* grid;
-};
-
 /// Beside the dialog's own label: why the connection does not come, and what to check.
 class ConnectionWindow : public DialogWindow {
 public:
@@ -129,7 +47,7 @@ private:
         if (trouble->text() == text) return;
         trouble->setText(text);
         trouble->setVisible(!text.isEmpty());
-        adjustSize();
+        Follow();
     }
 
     QString Sentence() const {
@@ -338,7 +256,10 @@ void Windows::FormShown(Form& form) {
     window->setWindowModality(form.IsModal() ? Qt::ApplicationModal : Qt::NonModal);
     Place(form, *window);
     window->setAttribute(Qt::WA_ShowWithoutActivating, !MayTakeKeys(form));
-    board.Quietly([window] { window->show(); }); // a dialog tells its old focus as if by the Tab key
+    board.Quietly([&] {
+        Focus(form);    // first: Qt draws a caret in what had the keys when the window was shown before
+        window->show(); // a dialog tells its old focus as if by the Tab key
+    });
     FormRaised(form);
 }
 

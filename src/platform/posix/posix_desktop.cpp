@@ -1,9 +1,8 @@
 #include "platform/posix/posix_desktop.h"
 
-#include "platform/sound_files.h"
-
 #include "foundation/runtime_error.h"
 #include "platform/posix/descriptor.h"
+#include "platform/sound_files.h"
 
 #include <algorithm>
 #include <array>
@@ -43,6 +42,10 @@ std::string FirstPresent(const std::array<const char*, N>& programs) {
 }
 
 } // namespace
+
+bool Programs::IsThere(const std::string& program) {
+    return program.find('/') != std::string::npos ? access(program.c_str(), X_OK) == 0 : IsOnPath(program);
+}
 
 int Programs::Start(const std::vector<std::string>& arguments, std::string_view input, const std::string& directory) {
     std::erase_if(running, [](int process) { return waitpid(process, nullptr, WNOHANG) != 0; });

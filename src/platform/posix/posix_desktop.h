@@ -16,6 +16,8 @@ class Programs {
 public:
     /// `input` goes to its standard input. The process id, or -1 when there is no such program.
     int Start(const std::vector<std::string>& arguments, std::string_view input, const std::string& directory);
+    /// A path, or a name on the PATH, that can be run.
+    static bool IsThere(const std::string& program);
     bool HasEnded(int process);
     void Kill(int process);
 

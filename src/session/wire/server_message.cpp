@@ -30,6 +30,15 @@ std::string Lobbies(Text code, std::span<const LobbyCount> lobbies) {
     return message;
 }
 
+std::string Rooms(Text code, std::span<const RoomRecord> rooms) {
+    std::string message = Join(code, ":");
+    for (const RoomRecord& entry : rooms)
+        Append(message, entry.room, entry.status, entry.address, std::to_string(entry.users),
+               std::to_string(entry.max));
+    message += kMessageEnd;
+    return message;
+}
+
 void AppendUser(std::string& message, const RoomUser& entry) {
     Append(message, entry.user, entry.address, entry.publicAddress ? Text("Y") : Text("N"));
 }
@@ -56,14 +65,7 @@ std::string UsersOfLobby(std::span<const UserStatus> users) {
 
 std::string LobbyLine(Text user, Text encodedLine) { return Message("1", Line(user, encodedLine)); }
 
-std::string RoomsOfLobby(std::span<const RoomRecord> rooms) {
-    std::string message = "2:";
-    for (const RoomRecord& entry : rooms)
-        Append(message, entry.room, entry.status, entry.address, std::to_string(entry.users),
-               std::to_string(entry.max));
-    message += kMessageEnd;
-    return message;
-}
+std::string RoomsOfLobby(std::span<const RoomRecord> rooms) { return Rooms("2", rooms); }
 
 std::string UsersOfRoom(std::span<const RoomUser> users) {
     std::string message = "3:";
@@ -85,6 +87,8 @@ std::string RoomEntered(Text creator) { return Message("7", creator); }
 std::string UserLeftRoom(Text user) { return Message("8", user); }
 std::string RoomGone(Text room) { return Message("11", room); }
 
+std::string Launch(Text address) { return Message("12", address); }
+
 std::string StatusOfUsers(std::span<const StatusChange> changes) {
     std::string message = "13:";
     for (const StatusChange& entry : changes)
@@ -93,6 +97,7 @@ std::string StatusOfUsers(std::span<const StatusChange> changes) {
     return message;
 }
 
+std::string StatusOfRooms(std::span<const RoomRecord> rooms) { return Rooms("14", rooms); }
 std::string UserLeftLobby(Text user) { return Message("15", user); }
 std::string LobbySet(Text lobby) { return Message("21", lobby); }
 std::string LobbyList(std::span<const LobbyCount> lobbies) { return Lobbies("22", lobbies); }

@@ -78,8 +78,12 @@ std::string RoomEntered(Text creator);
 std::string UserLeftRoom(Text user);
 /// 11
 std::string RoomGone(Text room);
+/// 12. Who reads it starts the game with this address.
+std::string Launch(Text address);
 /// 13
 std::string StatusOfUsers(std::span<const StatusChange> changes);
+/// 14
+std::string StatusOfRooms(std::span<const RoomRecord> rooms);
 /// 15
 std::string UserLeftLobby(Text user);
 /// 21

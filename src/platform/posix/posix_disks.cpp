@@ -1,0 +1,71 @@
+#include "platform/posix/posix_disks.h"
+
+#include <algorithm>
+#include <array>
+#include <dirent.h>
+#include <fcntl.h>
+#include <mntent.h>
+#include <set>
+#include <sys/stat.h>
+
+namespace ombrin {
+
+namespace {
+
+constexpr std::array<std::string_view, 12> kLocalFileSystems{"ext2", "ext3", "ext4", "xfs",   "btrfs", "f2fs",
+                                                             "zfs",  "jfs",  "ntfs", "ntfs3", "vfat",  "exfat"};
+
+bool IsLocal(std::string_view type) {
+    return std::find(kLocalFileSystems.begin(), kLocalFileSystems.end(), type) != kLocalFileSystems.end();
+}
+
+bool IsDirectory(const std::string& path, const dirent& entry) {
+    if (entry.d_type == DT_DIR) return true;
+    if (entry.d_type != DT_UNKNOWN) return false;
+    struct stat info {};
+    return lstat((path + "/" + entry.d_name).c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+}
+
+} // namespace
+
+/// A disk that is mounted in several places counts once, where it was mounted first.
+std::vector<std::string> PosixDisks::FixedDisks() {
+    std::vector<std::string> roots;
+    std::FILE* table = setmntent("/proc/self/mounts", "r");
+    if (table == nullptr) return roots;
+    std::set<std::string> devices;
+    while (const mntent* mount = getmntent(table)) {
+        if (!IsLocal(mount->mnt_type) || !devices.insert(mount->mnt_fsname).second) continue;
+        auto root = page.FromUtf8(mount->mnt_dir);
+        if (!root) continue;
+        if (!root->ends_with('/')) *root += '/';
+        roots.push_back(std::move(*root));
+    }
+    endmntent(table);
+    return roots;
+}
+
+std::vector<Disks::Entry> PosixDisks::List(const std::string& directory) {
+    std::vector<Entry> entries;
+    const std::string path = page.ToUtf8(directory);
+    DIR* open = opendir(path.c_str());
+    if (open == nullptr) return entries;
+    struct stat own {};
+    fstat(dirfd(open), &own);
+    while (const dirent* entry = readdir(open)) {
+        const std::string_view raw = entry->d_name;
+        if (raw == "." || raw == "..") continue;
+        auto name = page.FromUtf8(raw);
+        if (!name) continue;
+        bool enterable = IsDirectory(path, *entry);
+        struct stat info {};
+        // What is mounted there is a disk of its own, or none.
+        if (enterable && fstatat(dirfd(open), entry->d_name, &info, AT_SYMLINK_NOFOLLOW) == 0)
+            enterable = info.st_dev == own.st_dev;
+        entries.push_back({std::move(*name), enterable, raw.front() == '.'});
+    }
+    closedir(open);
+    return entries;
+}
+
+} // namespace ombrin

@@ -1,0 +1,72 @@
+#include "platform/posix/posix_processes.h"
+
+#include "foundation/runtime_error.h"
+#include "foundation/text.h"
+
+#include <algorithm>
+#include <fstream>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace ombrin {
+
+namespace {
+
+bool HasDriveLetter(std::string_view path) {
+    return path.size() > 2 && path[1] == ':' && (path[2] == '\\' || path[2] == '/');
+}
+
+bool IsWindowsProgram(const std::string& path) {
+    if (HasDriveLetter(path)) return true;
+    std::ifstream file(path, std::ios::binary);
+    char start[2] = {};
+    return file.read(start, sizeof start) && start[0] == 'M' && start[1] == 'Z';
+}
+
+bool IsDirectory(const std::string& path) {
+    struct stat info {};
+    return stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+}
+
+/// A path of this machine with the separators that it came with.
+std::string Native(std::string path) {
+    if (!HasDriveLetter(path)) std::replace(path.begin(), path.end(), '\\', '/');
+    return path;
+}
+
+} // namespace
+
+void PosixProcesses::ChDir(std::string_view to) {
+    const std::string wanted = Native(page.ToUtf8(to));
+    if (HasDriveLetter(wanted)) return; // the runner's matter
+    if (!IsDirectory(wanted)) throw RuntimeError(ErrorNumber::PathNotFound);
+    directory = wanted;
+}
+
+Processes::TaskId PosixProcesses::Shell(const CommandLine& command) {
+    std::string program = Native(page.ToUtf8(command.Program()));
+    if (const std::string here = directory + "/" + program;
+        program.find('/') == std::string::npos && !directory.empty() && access(here.c_str(), F_OK) == 0)
+        program = here;
+    std::vector<std::string> arguments;
+    const bool isWindows = IsWindowsProgram(program);
+    if (isWindows) arguments.push_back(page.ToUtf8(runner()));
+    arguments.push_back(program);
+    for (const std::string& argument : command.Arguments()) arguments.push_back(page.ToUtf8(argument));
+    const int process = programs.Start(arguments, {}, directory);
+    if (process < 0 && isWindows && !programs.IsThere(arguments.front()))
+        throw RuntimeError(ErrorNumber::FileNotFound,
+                           Join("Windows programs are started by ", arguments.front(),
+                                ", which is not installed on this machine (setting Runner)"));
+    return process < 0 ? kNone : process;
+}
+
+void PosixProcesses::AppActivate(TaskId) {
+    throw RuntimeError(ErrorNumber::InvalidProcedureCall, "the windows of other programs cannot be reached");
+}
+
+void PosixProcesses::SendKeys(std::string_view) {
+    throw RuntimeError(ErrorNumber::InvalidProcedureCall, "keys cannot be sent to other programs");
+}
+
+} // namespace ombrin

@@ -1,0 +1,259 @@
+// The dialog for a game, and the way from the press of Launch back into the lobby.
+#include "support/played_client.h"
+
+#include "controls/user_input.h"
+
+namespace ombrin::test {
+
+namespace {
+
+using Rows = std::vector<std::string>;
+
+struct Player : PlayedClient, testing::Test {
+    Player() {
+        client.Store().SaveSetting("Games", "Go", "C:\\Games\\Quake 3\\quake3.exe");
+        LogsOn();
+        Sends("2:Arena;1;10.0.0.9;3;8;~");
+    }
+    ConfigureGame& dialog = forms.ConfigureGame;
+
+    std::string Setting(const std::string& section, const std::string& key) {
+        return client.Store().GetSetting(section, key);
+    }
+    std::string Option(const std::string& section, const std::string& key) {
+        return client.Inis().Read("AV.ini", section, key);
+    }
+    void Enters() {
+        Presses(view.Enter);
+        Heard();
+        Sends("3:bob;10.0.0.9;Y;ann;10.0.0.5;N;~7:bob;~");
+    }
+    void Creates() {
+        Presses(view.Create);
+        Types(forms.NewRoom.NewRoomName, "Base");
+        Presses(forms.NewRoom.OKButton);
+        Heard();
+        Sends("5:ann;10.0.0.5;N;~");
+    }
+    /// What the machine was asked for since the last look, one word an event.
+    Rows Done() {
+        Rows done;
+        for (const recording::Event& event : world.events) {
+            if (event.name == "sleep")
+                done.push_back("sleep " + std::to_string(std::get<std::int64_t>(event.fields[0].second)));
+            if (event.name == "shell" || event.name == "clipboard" || event.name == "chdir")
+                done.push_back(event.name + " " + std::get<std::string>(event.fields[0].second));
+        }
+        world.events.clear();
+        return done;
+    }
+};
+
+} // namespace
+
+TEST_F(Player, TheDialogShowsTheRecordAndOkStoresIt) {
+    client.Inis().Write("AV.ini", "quake3", "ServerOptions", "+map q3dm17");
+    EXPECT_EQ(view.ConfigWarning.Caption(), "");
+    Presses(view.Configure);
+    EXPECT_EQ(dialog.GameFile.Text() + "|" + dialog.ServerOptions.Text(), "C:\\Games\\Quake 3\\quake3.exe|+map q3dm17");
+    EXPECT_TRUE(dialog.NoDirectPlay.On() && dialog.GameFile.Enabled());
+    EXPECT_FALSE(dialog.DPGame.Enabled());
+    Presses(dialog.BrowseGames);
+    Tries([](UserInput& input) { return input.AnswerFile("/g/hl.exe"); });
+    Types(dialog.ClientOptions, ":27016");
+    Presses(dialog.OKButton);
+    EXPECT_EQ(Setting("Games", "Go"), "/g/hl.exe");
+    EXPECT_EQ(Option("hl", "ServerOptions") + Option("hl", "ClientOptions"), "+map q3dm17:27016");
+    EXPECT_EQ(Option("quake3", "ServerOptions"), "+map q3dm17") << "the old section stays";
+    EXPECT_EQ(Setting("DirectPlay", "DPEnabledGo"), "");
+
+    Presses(view.Configure);
+    Presses(dialog.DirectPlay);
+    EXPECT_FALSE(dialog.GameFile.Enabled());
+    Presses(dialog.OKButton);
+    EXPECT_EQ(Setting("DirectPlay", "DPEnabledGo") + Setting("Games", "Go"), "Y/g/hl.exe");
+    Sends("21:Chess;~");
+    EXPECT_EQ(view.ConfigWarning.Caption(), "Auto-start not configured. Press 'Configure' to set.");
+}
+
+TEST_F(Player, CancelKeepsTheRecordButNotTheColourAndTheBoxes) {
+    Presses(view.Configure);
+    Types(dialog.GameFile, "/elsewhere");
+    Presses(dialog.btnTextColor);
+    Tries([](UserInput& input) { return input.AnswerColour(0x00FFFFFF); });
+    Presses(dialog.BrowseGames);
+    Answers(BoxResult::Cancel);
+    EXPECT_EQ(dialog.GameFile.Text(), "/elsewhere");
+    Ticks(dialog.DisplayIP, true);
+    Ticks(dialog.EnableChatLineSounds, true);
+    Presses(dialog.About);
+    EXPECT_EQ(Top(), "frmAbout");
+    Presses(forms.frmAbout.cmdOK);
+    Presses(dialog.CancelButton);
+    EXPECT_EQ(Setting("Games", "Go"), "C:\\Games\\Quake 3\\quake3.exe");
+    EXPECT_EQ(Setting("Settings", "PublicIP") + Setting("Settings", "EnableChatLineSounds"), "Y1");
+    EXPECT_EQ(Setting("Settings", "TextColor"), "16777215");
+    EXPECT_EQ(view.UserList.ForeColour(), 0x00FFFFFF);
+    EXPECT_TRUE(Marks().ChatSoundsOn);
+}
+
+TEST_F(Player, AMemberWaitsStartsTheGameAndComesBackToEmptyLists) {
+    Enters();
+    world.events.clear();
+    Sends("12:10.0.0.9;more;~1:bob:late:;~");
+    EXPECT_EQ(Top(), "PauseAV");
+    EXPECT_EQ(Done(), (Rows{"clipboard 10.0.0.9", "chdir C:\\Games\\Quake 3", "sleep 10000",
+                            "shell C:\\Games\\Quake 3\\quake3.exe +connect 10.0.0.9 "}));
+    EXPECT_TRUE(
+        forms.PauseAV.Label2.Caption().starts_with("Game has been launched by room creator.  When game starts"));
+    EXPECT_FALSE(view.PingTimer.On());
+    Passes(Milliseconds(4 * 60'000));
+    EXPECT_EQ(Heard(), "Ombrin:28::~") << "the connection is served meanwhile";
+    Sends("1:bob:in between:;~");
+    EXPECT_EQ(Chat(), Rows{"bob: in between"}) << "what stood behind the launch waits";
+    Presses(forms.PauseAV.ResumeButton);
+    EXPECT_EQ(Heard(), "Ombrin:14:ann;Go;10.0.0.5;Arena;:~");
+    EXPECT_EQ(Chat(), Rows{"bob: late"});
+    for (const RowList* rows : {&view.UserList.rows, &view.RoomList.rows, &view.RoomUserList.rows})
+        EXPECT_EQ(rows->Count(), 0u);
+    EXPECT_EQ(client.RoomPosition(), Position::Member);
+    EXPECT_TRUE(view.Enabled() && view.PingTimer.On());
+}
+
+TEST_F(Player, ACreatorLaunchesTwiceWithHisServerFirst) {
+    Creates();
+    for (int launch = 0; launch < 2; ++launch) {
+        world.events.clear();
+        Presses(view.Launch);
+        EXPECT_EQ(Heard(), "Ombrin:10:ann;Go;10.0.0.5;Base;:~");
+        EXPECT_EQ(client.RoomPosition(), Position::Launching);
+        EXPECT_FALSE(view.Enabled());
+        Sends("12:10.0.0.5;~");
+        EXPECT_EQ(Done(), (Rows{"clipboard 10.0.0.5", "chdir C:\\Games\\Quake 3",
+                                "shell C:\\Games\\Quake 3\\quake3.exe +set dedicated 2 +map q3dm1", "sleep 10000",
+                                "shell C:\\Games\\Quake 3\\quake3.exe +connect 10.0.0.5 "}));
+        Presses(forms.PauseAV.ResumeButton);
+        EXPECT_EQ(Heard(), "Ombrin:14:ann;Go;10.0.0.5;Base;:~");
+        EXPECT_TRUE(view.Launch.Enabled());
+        EXPECT_EQ(client.RoomPosition(), Position::Creator);
+    }
+}
+
+TEST_F(Player, WhatCannotStartLeavesTheAddressAndTheWayBack) {
+    Enters();
+    const struct {
+        const char* message;
+        bool starts;
+        const char* file;
+        const char* clipboard;
+        const char* box;
+    } kCases[] = {
+        {"12:10.0.0.9;~", false, "/g/hl.exe", "10.0.0.9",
+         "Error: could not launch game.  Check path and file name in Configure dialog."},
+        {"12:10.0.0.9;~", true, "", "10.0.0.9", ""},
+        {"12:nothing~", true, "/g/other.exe", "", ""},
+        {"12:-exec evil;~", true, "/g/hl.exe", "-exec evil", ""},
+        {"12:10.0.0.9 +quit;~", true, "/g/hl.exe", "10.0.0.9 +quit", ""},
+    };
+    for (const auto& row : kCases) {
+        SCOPED_TRACE(row.message);
+        client.Store().SaveSetting("Games", "Go", row.file);
+        world.processes.starts = {row.starts};
+        world.events.clear();
+        Sends(row.message);
+        EXPECT_EQ(BoxText(), row.box);
+        if (!BoxText().empty()) Answers(BoxResult::Ok);
+        EXPECT_EQ(Top(), "PauseAV");
+        const Rows done = Done();
+        EXPECT_EQ(done.front(), "clipboard " + std::string(row.clipboard));
+        const bool shelled =
+            std::any_of(done.begin(), done.end(), [](const auto& d) { return d.starts_with("shell"); });
+        EXPECT_EQ(shelled, std::string(row.file).size() > 0 && std::string(row.clipboard).find_first_of(" -") > 99);
+        Presses(forms.PauseAV.ResumeButton);
+        Heard();
+    }
+}
+
+TEST_F(Player, ARunningGameIsJoinedFromTheLobbyAlone) {
+    Chooses(view.RoomList, 0, view.JoinServerAndPlay);
+    EXPECT_EQ(BoxText(), "You cannot join this game, it has not started.");
+    Answers(BoxResult::Ok);
+    Sends("14:Arena;2;~");
+    Heard();
+    world.events.clear();
+    Chooses(view.RoomList, 0, view.JoinServerAndPlay);
+    Heard(); // the preview of the click
+    EXPECT_EQ(Heard(), "Ombrin:29:3;:~");
+    EXPECT_EQ(Done().at(0), "clipboard 10.0.0.9");
+    Presses(forms.PauseAV.ResumeButton);
+    EXPECT_EQ(Heard(), "Ombrin:14:ann;Go;10.0.0.5;;:~");
+    EXPECT_EQ(client.RoomPosition(), Position::Lobby);
+    EXPECT_TRUE(view.Enabled());
+}
+
+TEST_F(Player, AServerThatDoesNotAnswerGivesTheViewBackWhereASettingSaysSo) {
+    Creates();
+    client.Store().SaveSetting("Settings", "LaunchPatience", "30");
+    Presses(view.Launch);
+    Passes(Milliseconds(29'000));
+    EXPECT_FALSE(view.Enabled());
+    Passes(Milliseconds(1'000));
+    EXPECT_TRUE(view.Enabled() && view.Launch.Enabled());
+    EXPECT_EQ(client.RoomPosition(), Position::Creator);
+}
+
+TEST_F(Player, AGameIsSearchedForWithTheUsersConsentLevelByLevel) {
+    world.disks.roots = {"/d/", "/e/"};
+    world.disks.directories = {
+        {"/d/", {{"a", true, false}, {".b", true, true}, {"HL.EXE.txt", false, false}}},
+        {"/d/a/", {{"c", true, false}}},
+        {"/d/a/c/", {{"deep.exe", false, false}}},
+        {"/d/.b/", {{"hl.exe", false, false}}}, // a hidden directory is not entered
+        {"/e/", {{"x", true, false}, {"y", true, false}, {"hl.exe", true, false}}},
+        {"/e/x/", {{"z", true, false}}},
+        {"/e/x/z/", {{"hl.exe", false, false}}},
+        {"/e/y/", {{"HL.exe", false, true}}}, // a hidden file is found, and keeps its letters
+    };
+    client.Store().SaveSetting("DirectPlay", "DPEnabledGo", "Y");
+    const auto asks = [&](const std::string& payload, BoxResult answer) {
+        Sends("40:" + payload + "~");
+        const bool asked =
+            BoxText().starts_with("The server would like to set this game to auto-start.  It will attempt");
+        if (asked) Answers(answer);
+        return asked;
+    };
+    EXPECT_TRUE(asks("Go;hl.exe;", BoxResult::No));
+    EXPECT_EQ(Setting("Games", "Go"), "C:\\Games\\Quake 3\\quake3.exe");
+    EXPECT_TRUE(asks("Go;hl.exe;", BoxResult::Yes));
+    EXPECT_EQ(Setting("Games", "Go") + Setting("DirectPlay", "DPEnabledGo"), "/e/y/HL.exe");
+    EXPECT_EQ(Top(), "") << "the progress is gone";
+    EXPECT_FALSE(asks("Go;HL.exe;", BoxResult::Yes)) << "known already";
+    EXPECT_TRUE(asks("Go;deep.exe;", BoxResult::Yes));
+    EXPECT_EQ(Setting("Games", "Go"), "/d/a/c/deep.exe");
+    EXPECT_TRUE(asks("Go;nosuch.exe;", BoxResult::Yes));
+    EXPECT_EQ(BoxText(), "This game does not seem to be installed on your system.  Could not set auto-start.");
+    Answers(BoxResult::Ok);
+    for (const char* odd : {"", "Go;../hl.exe;", "a/b;hl.exe;", "Go;..;", "Go;;"})
+        EXPECT_FALSE(asks(odd, BoxResult::Yes)) << odd;
+    EXPECT_EQ(Top(), "");
+
+    world.registry.Write("HKEY_LOCAL_MACHINE\\SOFTWARE\\Matrix Games\\Squad Assault - West Front", "installed to",
+                         std::string("C:\\SA"));
+    EXPECT_FALSE(asks("Chess;SquadAssaultWestFront.exe;", BoxResult::Yes));
+    EXPECT_EQ(Setting("Games", "Chess"), "C:\\SA\\SquadAssaultWestFront.exe");
+}
+
+TEST_F(Player, TheCreatorsOtherNetworkIsStartedFirstWithEverybodysAddress) {
+    client.Store().SaveSetting("Games", "Go", "C:\\W3\\Warcraft III.exe");
+    Creates();
+    Sends("3:bob;10.0.0.9;N;cid;;Y;~");
+    world.events.clear();
+    Presses(view.Launch);
+    Sends("12:10.0.0.5;~");
+    EXPECT_EQ(world.files.Content("/home/system/BattleLAN.ini"), "10.0.0.5\r\n10.0.0.9\r\n");
+    EXPECT_EQ(Done(), (Rows{"clipboard 10.0.0.5", "chdir C:\\W3", "shell BattleLANv0.5.exe", "sleep 4000",
+                            "shell C:\\W3\\Warcraft III.exe"}));
+    Presses(forms.PauseAV.ResumeButton);
+}
+
+} // namespace ombrin::test
