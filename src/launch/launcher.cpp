@@ -1,9 +1,9 @@
 #include "launch/launcher.h"
 
-#include "controls/grid_routines.h"
 #include "foundation/text.h"
 #include "launch/game_paths.h"
 #include "launch/trust.h"
+#include "lobby/lobby_views.h"
 #include "session/wire/client_message.h"
 #include "session/wire/codec.h"
 
@@ -92,12 +92,7 @@ void Launcher::ComeBack() {
                   : !session.m_CurrentRoom.empty() ? RoomEvent::BackAsMember
                                                    : RoomEvent::BackInLobby);
     view.PingTimer.SetOn(true);
-    ClearFlexGrid(view.msflexRoomLines);
-    view.RoomUserList.Clear();
-    view.RoomText.SetText("");
-    view.RoomList.Clear();
-    view.UserList.Clear();
-    ClearFlexGrid(view.msflxMainChatLines);
+    ClearLobbyViews(view);
     desk.link.SendData(client_message::BackFromGame(session.m_UserData, session.m_CurrentRoom));
 }
 

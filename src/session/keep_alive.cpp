@@ -3,6 +3,7 @@
 #include "controls/grid_routines.h"
 #include "foundation/text.h"
 #include "lobby/lobby_list.h"
+#include "lobby/lobby_views.h"
 #include "session/wire/client_message.h"
 
 namespace ombrin {
@@ -50,12 +51,7 @@ void KeepAlive::Logoff_Click() {
         view.PingTimer.SetOn(false);
         view.CleanUpTimer.SetOn(false);
         if (session.m_bBannersEnabled) view.BannerTimer.SetOn(false);
-        ClearFlexGrid(view.msflexRoomLines);
-        view.RoomUserList.Clear();
-        view.RoomText.SetText("");
-        view.RoomList.Clear();
-        view.UserList.Clear();
-        ClearFlexGrid(view.msflxMainChatLines);
+        ClearLobbyViews(view);
         session.m_IsRoomCreator = false;
         session.m_CurrentRoom.clear();
         session.m_SelectedRoom.clear();
