@@ -52,9 +52,10 @@ public:
 struct Player {
     Agreeing waiter;
     test::RecordedWorld world;
-    PosixDisks real{CodePage::Usual()};
+    const WinePrefix prefix{[] { return std::string(); }};
+    PosixDisks real{CodePage::Usual(), prefix};
     recording::RecordingDisks disks{&real};
-    PosixProcesses processes{CodePage::Usual(), waiter, [] { return std::string("wine"); }};
+    PosixProcesses processes{CodePage::Usual(), waiter, [] { return std::string("wine"); }, prefix};
     GameLobby client;
 
     Player() : client(Real()) {
@@ -66,22 +67,10 @@ struct Player {
     }
     Platform Real() {
         const Platform recorded = world.ForClient(waiter);
-        return {recorded.network,
-                recorded.alarms,
-                recorded.clock,
-                recorded.files,
-                recorded.sound,
-                recorded.clipboard,
-                recorded.pings,
-                recorded.notifier,
-                processes,
-                recorded.registry,
-                disks,
-                recorded.opener,
-                recorded.measure,
-                recorded.waiter,
-                recorded.holdEvents,
-                recorded.places};
+        return {recorded.network,    recorded.alarms, recorded.clock,    recorded.files,   recorded.sound,
+                recorded.clipboard,  recorded.pings,  recorded.notifier, processes,        recorded.registry,
+                recorded.directPlay, disks,           recorded.opener,   recorded.measure, recorded.waiter,
+                recorded.holdEvents, recorded.places};
     }
     void Sends(const std::string& data) { world.network.last->Sends(data); }
 };

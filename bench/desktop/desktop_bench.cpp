@@ -7,9 +7,11 @@
 #include "hosts/desktop/main_window.h"
 #include "hosts/desktop/qt_services.h"
 #include "hosts/desktop/windows.h"
+#include "launch/directplay/registry_service.h"
 #include "platform/hive_registry.h"
 #include "platform/posix/clock.h"
 #include "platform/posix/home.h"
+#include "platform/recording/recording_applications.h"
 #include "platform/recording/recording_desktop.h"
 #include "platform/recording/recording_disks.h"
 #include "platform/recording/recording_network.h"
@@ -75,11 +77,13 @@ struct Program {
     NoNotifier notifier;
     recording::RecordingProcesses processes{journal};
     HiveRegistry registry{files, places.RegistryFile()};
+    recording::RecordingApplications applications{journal};
+    directplay::RegistryService directPlay{registry, applications};
     recording::RecordingDisks disks;
     recording::RecordingOpener opener{journal};
     QtMeasure measure{Look::ChatFont(), page};
-    GameLobby client{{network, events, clock, files, sound, clipboard, pings, notifier, processes, registry, disks,
-                      opener, measure, loop, [this](bool held) { events.Hold(held); }, places}};
+    GameLobby client{{network, events, clock, files, sound, clipboard, pings, notifier, processes, registry, directPlay,
+                      disks, opener, measure, loop, [this](bool held) { events.Hold(held); }, places}};
     Board board{loop, client.Input(), page};
     MainWindow window{client, board};
     Windows windows{client, board, window};

@@ -12,6 +12,8 @@ const char* UsualDescription(ErrorNumber number) {
         return "Overflow";
     case ErrorNumber::OutOfMemory:
         return "Out of memory";
+    case ErrorNumber::SubscriptOutOfRange:
+        return "Subscript out of range";
     case ErrorNumber::TypeMismatch:
         return "Type mismatch";
     case ErrorNumber::FileNotFound:
@@ -24,10 +26,16 @@ const char* UsualDescription(ErrorNumber number) {
         return "Path/File access error";
     case ErrorNumber::PathNotFound:
         return "Path not found";
+    case ErrorNumber::ObjectNotSet:
+        return "Object variable not set";
     case ErrorNumber::FormAlreadyShown:
         return "Form already displayed; can't show modally";
     case ErrorNumber::ModelessUnderModal:
         return "Can't show non-modal form when modal form is displayed";
+    case ErrorNumber::CannotCreateObject:
+        return "Can't create object";
+    case ErrorNumber::NotSupported:
+        return "Object doesn't support this action";
     case ErrorNumber::DuplicateKey:
         return "This key is already associated with an element of this collection";
     case ErrorNumber::AddressInUse:

@@ -9,10 +9,9 @@
 
 namespace ombrin {
 
-Launcher::Launcher(Desk desk, PauseAV& dialog, AutoStart& autoStart, RoomPosition& position, Processes& processes,
-                   BattleLan& battleLan, Clipboard& clipboard, Alarms& alarms)
-    : desk(desk), dialog(dialog), autoStart(autoStart), position(position), processes(processes), clipboard(clipboard),
-      alarms(alarms), records(desk.settings, desk.iniFiles), m_DirectIPLaunch(desk, processes, &battleLan) {
+Launcher::Launcher(Desk desk, PauseAV& dialog, Peers peers, Processes& processes, Clipboard& clipboard, Alarms& alarms)
+    : desk(desk), dialog(dialog), peers(peers), processes(processes), clipboard(clipboard), alarms(alarms),
+      records(desk.settings, desk.iniFiles), m_DirectIPLaunch(desk, processes, &peers.battleLan) {
     desk.view.Launch.Click = [this] { Launch_Click(); };
     desk.view.JoinServerAndPlay.Click = [this] { JoinServerAndPlay_Click(); };
 }
@@ -20,7 +19,7 @@ Launcher::Launcher(Desk desk, PauseAV& dialog, AutoStart& autoStart, RoomPositio
 void Launcher::Launch_Click() {
     desk.trap(__func__, [&] {
         desk.TraceMessage("Launch game pressed");
-        position.Take(RoomEvent::LaunchPressed);
+        peers.position.Take(RoomEvent::LaunchPressed);
         WaitForTheServer();
         desk.link.SendData(client_message::Launch(desk.session.m_UserData, desk.session.m_CurrentRoom));
     });
@@ -33,9 +32,9 @@ void Launcher::WaitForTheServer() {
     if (setting.empty()) return;
     const auto epoch = desk.link.Epoch();
     patience = alarms.At(alarms.Now() + std::chrono::seconds(ToInteger(setting)), [this, epoch] {
-        if (desk.link.Epoch() != epoch || position.Now() != Position::Launching) return;
+        if (desk.link.Epoch() != epoch || peers.position.Now() != Position::Launching) return;
         desk.TraceMessage("the server has not answered the launch; the view is enabled again");
-        position.Take(RoomEvent::BackAsCreator);
+        peers.position.Take(RoomEvent::BackAsCreator);
     });
 }
 
@@ -58,7 +57,7 @@ void Launcher::JoinServerAndPlay_Click() {
         const std::string address = list.rows.Tag(row);
         desk.TraceMessage(Join("User trying to join game in progress at IP ", address));
         desk.link.SendData(client_message::JoinRunningGame());
-        position.Take(RoomEvent::JoinPressed);
+        peers.position.Take(RoomEvent::JoinPressed);
         LaunchGame(Join(address, ";"));
     });
 }
@@ -73,12 +72,12 @@ void Launcher::LaunchGame(std::string_view buffer) {
         if (!launchIP.empty() && !IsAddressOrHostName(launchIP))
             desk.trap.log.LogError("Error: the address of a launch is none, and no game was started with it.", false);
         else if (records.UsesDirectPlay(desk.session.m_CurrentLobby))
-            LaunchDPGame(launchIP);
+            peers.directPlay.LaunchDPGame(launchIP);
         else
             LaunchDirectIPGame(launchIP);
         dialog.IsCreator = desk.session.m_IsRoomCreator;
-        dialog.AutoStartOn = autoStart.AutoStartOn();
-        dialog.UsesDirectPlay = autoStart.UsesDirectPlay();
+        dialog.AutoStartOn = peers.autoStart.AutoStartOn();
+        dialog.UsesDirectPlay = peers.autoStart.UsesDirectPlay();
         dialog.ShowModal();
         if (desk.link.Epoch() == epoch) ComeBack();
     });
@@ -88,18 +87,12 @@ void Launcher::LaunchGame(std::string_view buffer) {
 void Launcher::ComeBack() {
     View& view = desk.view;
     const Session& session = desk.session;
-    position.Take(session.m_IsRoomCreator          ? RoomEvent::BackAsCreator
-                  : !session.m_CurrentRoom.empty() ? RoomEvent::BackAsMember
-                                                   : RoomEvent::BackInLobby);
+    peers.position.Take(session.m_IsRoomCreator          ? RoomEvent::BackAsCreator
+                        : !session.m_CurrentRoom.empty() ? RoomEvent::BackAsMember
+                                                         : RoomEvent::BackInLobby);
     view.PingTimer.SetOn(true);
     ClearLobbyViews(view);
     desk.link.SendData(client_message::BackFromGame(session.m_UserData, session.m_CurrentRoom));
-}
-
-/// No DirectPlay service is there yet: the user starts the game by hand, with the address on the clipboard.
-void Launcher::LaunchDPGame(std::string_view) {
-    desk.messages.DisplayMessage(text::kError14);
-    desk.trap.log.LogError("Error: there is no DirectPlay service to launch the game with.", false);
 }
 
 void Launcher::LaunchDirectIPGame(std::string_view launchIP) {

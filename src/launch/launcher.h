@@ -2,6 +2,7 @@
 #pragma once
 
 #include "launch/direct_ip_launch.h"
+#include "launch/directplay/direct_play.h"
 #include "launch/pause_av.h"
 #include "lobby/auto_start.h"
 #include "lobby/room_position.h"
@@ -15,8 +16,14 @@ public:
     /// Members wait so long before they start the game, so that the creator's machine is ready for them.
     static constexpr long kMemberWait = 10'000; ///< milliseconds
 
-    Launcher(Desk desk, PauseAV& dialog, AutoStart& autoStart, RoomPosition& position, Processes& processes,
-             BattleLan& battleLan, Clipboard& clipboard, Alarms& alarms);
+    struct Peers {
+        AutoStart& autoStart;
+        RoomPosition& position;
+        BattleLan& battleLan;
+        DirectPlay& directPlay;
+    };
+
+    Launcher(Desk desk, PauseAV& dialog, Peers peers, Processes& processes, Clipboard& clipboard, Alarms& alarms);
     ~Launcher() { alarms.Cancel(patience); }
     Launcher(const Launcher&) = delete;
     Launcher& operator=(const Launcher&) = delete;
@@ -28,14 +35,12 @@ private:
     void Launch_Click();
     void JoinServerAndPlay_Click();
     void LaunchDirectIPGame(std::string_view launchIP);
-    void LaunchDPGame(std::string_view launchIP);
     void WaitForTheServer();
     void ComeBack();
 
     Desk desk;
     PauseAV& dialog;
-    AutoStart& autoStart;
-    RoomPosition& position;
+    Peers peers;
     Processes& processes;
     Clipboard& clipboard;
     Alarms& alarms;

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace ombrin {
@@ -11,6 +12,8 @@ namespace ombrin {
 struct CommandLine {
     std::string text;
     std::size_t programLength = 0; ///< characters of the text that name the program
+    std::string directory{};       ///< where the program starts; empty for the current one
+    std::vector<std::pair<std::string, std::string>> environment{}; ///< beside the client's own
 
     std::string_view Program() const { return std::string_view(text).substr(0, programLength); }
     /// What stands behind the program, cut at blanks; a part in double quotes is one argument, without them.

@@ -28,6 +28,7 @@ struct AreaNeeds {
     Notifier& notifier;
     Processes& processes;
     Registry& registry;
+    directplay::Service& directPlay;
     Disks& disks;
     Waiter& waiter;
     Files& files;
@@ -57,7 +58,11 @@ struct Areas {
           users(desk, ignored, lobbies, rooms, buddies, needs.dialogs.connection, needs.sound),
           configuration(desk, needs.configurationDialogs, autoStart, lobbies, needs.textColours, needs.processes),
           battleLan(desk, needs.processes, needs.files, needs.systemDirectory),
-          launcher(desk, needs.pauseAV, autoStart, position, needs.processes, battleLan, needs.clipboard, needs.alarms),
+          directPlay8(desk, needs.directPlay, needs.registry, needs.processes),
+          directPlay(desk, directPlay8, autoStart,
+                     {needs.directPlay, needs.processes, needs.registry, needs.roomDialogs.newRoom}),
+          launcher(desk, needs.pauseAV, {autoStart, position, battleLan, directPlay}, needs.processes, needs.clipboard,
+                   needs.alarms),
           discovery(desk, needs.findingGame, autoStart, needs.disks, needs.registry, needs.waiter),
           connector(desk, needs.alarms), logon(desk, needs.dialogs, connector, needs.layout, needs.closeClient),
           keepAlive(desk, {ignored, position, connector, logon}, needs.dialogs, frame) {}
@@ -79,6 +84,8 @@ struct Areas {
     Users users;
     Configuration configuration;
     BattleLan battleLan;
+    DirectPlay8 directPlay8;
+    DirectPlay directPlay;
     Launcher launcher;
     Discovery discovery;
     Connector connector;

@@ -52,6 +52,7 @@ GameLobby::GameLobby(Platform given)
                   .notifier = platform.notifier,
                   .processes = platform.processes,
                   .registry = platform.registry,
+                  .directPlay = platform.directPlay,
                   .disks = platform.disks,
                   .waiter = platform.waiter,
                   .files = platform.files,
@@ -107,6 +108,10 @@ void GameLobby::Start(std::optional<std::string> userData) {
     areas->keepAlive.ReadHeartBeat();
     viewLanguage.SetForeignLanguage();
     textColours.SetTextColor();
+    areas->directPlay.InitDirectX();
+    areas->directPlay.m_DPGameList.clear();
+    areas->directPlay.EnumDPLocApps();
+    dialogs.ConfigureGame.DPGameList = areas->directPlay.m_DPGameList;
     session.m_StandAlone = !userData.has_value();
     view.Configure.SetVisible(true); // of use in either mode
     view.Configure.SetEnabled(true);
@@ -144,6 +149,7 @@ void GameLobby::Resize(int width, int height) {
 void GameLobby::UserControl_Terminate() {
     areas->connector.GiveUp();
     areas->ignored.Release();
+    areas->directPlay8.DirectX8CleanUp();
 }
 
 std::string GameLobby::SetAXParams(std::string_view pUserName) {

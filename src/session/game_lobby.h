@@ -4,6 +4,7 @@
 
 #include "controls/user_input.h"
 #include "foundation/places.h"
+#include "launch/directplay/cls_direct_play.h"
 #include "lobby/text_colour.h"
 #include "platform/alarms.h"
 #include "platform/desktop.h"
@@ -39,6 +40,7 @@ struct Platform {
     Notifier& notifier;
     Processes& processes;
     Registry& registry;
+    directplay::Service& directPlay;
     Disks& disks;
     TargetOpener& opener;
     const TextMeasure& measure;
@@ -102,6 +104,10 @@ public:
     void DisplayCreateAccount(bool ShowLogon) { areas->logon.DisplayCreateAccount(ShowLogon); }
     void ProcessLogonBanner() { areas->logon.ProcessLogonBanner(); }
     void SendData(std::string_view Data);
+    const std::string& m_DPGameList() const { return areas->directPlay.m_DPGameList; }
+    void InitDirectX() { areas->directPlay.InitDirectX(); }
+    void EnumDPLocApps() { areas->directPlay.EnumDPLocApps(); }
+    void LaunchDPGame(std::string_view LaunchIP) { areas->directPlay.LaunchDPGame(LaunchIP); }
     void Configure_Click() { areas->configuration.Configure_Click(); }
     void CheckAutoStart() { areas->autoStart.CheckAutoStart(); }
     void ProcessRoomPassword() { areas->rooms.ProcessRoomPassword(); }
@@ -111,6 +117,9 @@ public:
     bool IsSocketConnected() { return areas->keepAlive.IsSocketConnected(); }
     /// Ends the connection and logs on anew: the only way back from a lost one. Waits in dialogs, as Show does.
     void CloseSocket() { areas->keepAlive.CloseSocket(); }
+
+    /// Not part of this control, but of the same library; it does not outlive it.
+    clsDirectPlay DirectPlayForHost() { return {platform.directPlay, session, trap}; }
 
     /// The main view's size in pixels, at any time.
     void Resize(int width, int height);

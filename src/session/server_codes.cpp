@@ -67,7 +67,7 @@ constexpr std::array kServerCodes{
     ServerCode{"36", [](Areas& a, Payload p) { a.general.DisplayGeneralErrorMessage(p); }},
     ServerCode{"37", kUnserved},
     ServerCode{"38", [](Areas& a, Payload) { a.general.TakeLogoffButton(); }},
-    ServerCode{"39", kUnserved},
+    ServerCode{"39", [](Areas& a, Payload p) { a.directPlay.SetDirectPlayGames(p); }},
     ServerCode{"40", [](Areas& a, Payload p) { a.discovery.SetDirectIPGame(p); }},
     ServerCode{"41", [](Areas& a, Payload p) { a.buddies.DisplayBuddyList(p); }},
     ServerCode{"42", [](Areas& a, Payload) { a.rooms.Rejected(); }},

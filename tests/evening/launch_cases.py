@@ -88,3 +88,50 @@ def a_launch_starts_the_game_everywhere_and_everybody_comes_back(evening):
             friend.sees_in_room("Ann", "Bob", room="Base")
         cid.until("both back in the room", lambda: {cid.status_of("Ann"), cid.status_of("Bob")} == {2})
         cid.until("no padlock any more", lambda: cid.get("RoomList")["rows"][0]["image"] == 1)
+
+
+APPLICATION = """#!/bin/sh
+{ echo "$DIRECTPLAY_HOST $DIRECTPLAY_ADDRESS"; pwd; cat "$DIRECTPLAY_SESSION"; } > "$0.part" && mv "$0.part" "$0.start"
+"""
+PLACE = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\DirectPlay\\"
+
+
+@case
+def a_registered_application_is_started_with_its_session(evening):
+    server = evening.server(TWO_LOBBIES, "--open-accounts")
+    folders = {}
+    for name in ("Ann", "Bob"):
+        client = evening.client(name, "--real=process", "--wait-scale", str(SCALE), lobbies=("Chess", "Go"))
+        folders[client] = folder = evening.scratch / f"application of {name}"
+        folder.mkdir()
+        program = folder / "chess.sh"
+        program.write_text(APPLICATION)
+        program.chmod(program.stat().st_mode | stat.S_IXUSR)
+        for key, value, text in (("Applications\\Grand Chess", "Guid", "{C}"),
+                                 ("Applications\\Grand Chess", "Path", str(folder)),
+                                 ("Applications\\Grand Chess", "File", program.name),
+                                 ("Service Providers\\Internet TCP/IP Connection For DirectPlay", "Guid", "{T}")):
+            client.do("registry", key=PLACE + key, name=value, value=text)
+        client.do("setting", section="DirectPlay", key="Chess", value="Grand Chess")
+        client.do("setting", section="DirectPlay", key="DPEnabledChess", value="Y")
+        client.do("show")
+        client.log_on(server)
+        client.sees_lobby("Chess")
+    ann, bob = folders
+    ann.create_room("Base", users=" 4")
+    bob.sees_rooms("Base (1/4)")
+    bob.enter_room("Base")
+    ann.sees_in_room("Ann", "Bob")
+    ann.press("Launch")
+    for client, hosts, flags in ((ann, "1", "2"), (bob, "0", "1")):
+        client.sees_form("PauseAV")
+        note = folders[client] / "chess.sh.start"
+        end = time.monotonic() + PATIENCE
+        while not note.exists() and time.monotonic() < end:
+            time.sleep(0.01)
+        first, folder, *session = note.read_text().splitlines()
+        equal((first, folder), (f"{hosts} 127.0.0.1", str(folders[client])), f"what {client.name}'s application finds")
+        for line in ("application={C}", "provider={T}", "session=Base", f"connectionFlags={flags}",
+                     f"player={client.name}"):
+            if line not in session:
+                raise Failure(f"{line} is not in the session of {client.name}: {session}")

@@ -1,10 +1,12 @@
 // A machine for one client, in memory: files, a network whose peer is played, a clock that is moved by hand.
 #pragma once
 
+#include "launch/directplay/registry_service.h"
 #include "platform/hive_registry.h"
 #include "platform/posix/clock.h"
 #include "platform/posix/event_loop.h"
 #include "platform/recording/memory_files.h"
+#include "platform/recording/recording_applications.h"
 #include "platform/recording/recording_desktop.h"
 #include "platform/recording/recording_disks.h"
 #include "platform/recording/recording_network.h"
@@ -34,6 +36,8 @@ struct RecordedWorld {
     recording::FixedMeasure measure;
     Places places{"/home"};
     HiveRegistry registry{files, places.RegistryFile()};
+    recording::RecordingApplications applications{journal};
+    directplay::RegistryService directPlay{registry, applications};
     recording::RecordingDisks disks;
 
     /// `real` takes the place of the played network.
@@ -48,6 +52,7 @@ struct RecordedWorld {
                 notifier,
                 processes,
                 registry,
+                directPlay,
                 disks,
                 opener,
                 measure,

@@ -246,7 +246,8 @@ struct Commands::Table {
     }
 
     static Json Call(Commands& c, A a) {
-        if (a.Has("on")) throw Refused{"no such class"};
+        const std::string on = a.Has("on") ? a.Text("on") : std::string();
+        if (!on.empty() && on != "clsDirectPlay") throw Refused{"no such class"};
         if (!c.shown) throw Refused{"nothing is shown"};
         std::vector<Value> arguments;
         if (a.Has("args")) {
@@ -265,7 +266,7 @@ struct Commands::Table {
             }
         }
         std::string why;
-        const auto result = CallMember(c.client, a.Text("member"), arguments, why);
+        const auto result = CallMember(c.client, on, a.Text("member"), arguments, why);
         if (!result) throw Refused{why};
         if (result->kind == Value::Kind::Text) return {{"value", c.page.ToUtf8(result->text)}};
         if (result->kind == Value::Kind::Number) return {{"value", result->number}};
@@ -333,10 +334,13 @@ struct Commands::Table {
         std::optional<std::deque<bool>> starts;
         std::optional<std::vector<std::string>> drives;
         std::optional<int> open;
+        std::optional<bool> directPlay;
         for (const auto& [field, value] : a.json.items()) {
             if (field == "do") continue;
             if (field == "open" && value.is_number_integer())
                 open = value.get<int>();
+            else if (field == "directplay" && value.is_boolean())
+                directPlay = value.get<bool>();
             else if (field == "connect")
                 connect = ConnectErrors(value);
             else if (field == "ping")
@@ -349,6 +353,7 @@ struct Commands::Table {
                 throw Refused{Join("the world has no such \"", field, "\"")};
         }
         if (open) c.world.opener.result = *open;
+        if (directPlay) c.world.directPlay.present = *directPlay;
         if (connect) c.world.network.connectErrors = *connect;
         if (pings) c.world.pings.answers = *pings;
         if (starts) c.world.processes.starts = *starts;

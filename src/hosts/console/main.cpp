@@ -1,14 +1,14 @@
 // ombrin-console: the client without a window, as JSON lines.
 #include "hosts/console/commands.h"
 #include "hosts/console/reading.h"
-#include "platform/hive_registry.h"
+#include "hosts/game_machine.h"
+#include "launch/directplay/registry_service.h"
 #include "platform/posix/end_signals.h"
 #include "platform/posix/home.h"
 #include "platform/posix/posix_desktop.h"
-#include "platform/posix/posix_disks.h"
 #include "platform/posix/posix_network.h"
 #include "platform/posix/posix_pings.h"
-#include "platform/posix/posix_processes.h"
+#include "platform/recording/recording_applications.h"
 
 #include <CLI/CLI.hpp>
 #include <clocale>
@@ -90,11 +90,12 @@ int Run(const Options& options) {
     PosixClipboard clipboard(page);
     PosixPings pings(loop);
     NoNotifier notifier;
-    Settings settings(files, places.SettingsFile());
-    PosixProcesses processes(page, loop, [&] { return settings.GetSetting("Settings", "Runner", "wine"); });
-    HiveRegistry registry(files, places.RegistryFile());
-    PosixDisks realDisks(page);
-    recording::RecordingDisks disks(&realDisks);
+    GameMachine machine(files, places, page, loop);
+    recording::RecordingApplications recordedApplications(journal);
+    const bool realProcesses = options.IsReal("process");
+    directplay::RegistryService directPlay(
+        machine.registry, realProcesses ? static_cast<Applications&>(machine.applications) : recordedApplications);
+    recording::RecordingDisks disks(&machine.disks);
     PosixOpener opener(page);
     const recording::FixedMeasure measure;
 
@@ -102,13 +103,14 @@ int Run(const Options& options) {
                       options.IsReal("sound") ? static_cast<Sound&>(sound) : recordedSound,
                       options.IsReal("clipboard") ? static_cast<Clipboard&>(clipboard) : recordedClipboard,
                       options.IsReal("ping") ? static_cast<Pings&>(pings) : recordedPings, notifier,
-                      options.IsReal("process") ? static_cast<Processes&>(processes) : recordedProcesses, registry,
-                      disks, options.IsReal("open") ? static_cast<TargetOpener&>(opener) : recordedOpener, measure,
-                      loop, [&](bool held) { events.Hold(held); }, places});
+                      realProcesses ? static_cast<Processes&>(machine.processes) : recordedProcesses, machine.registry,
+                      directPlay, disks, options.IsReal("open") ? static_cast<TargetOpener&>(opener) : recordedOpener,
+                      measure, loop, [&](bool held) { events.Hold(held); }, places});
     client.CloseClient = [&] { journal({"CloseClient", {}}); };
     Teller teller(loop, page);
     client.Stack().SetObserver(&teller);
-    Commands commands(client, loop, {network, recordedOpener, recordedPings, recordedProcesses, disks}, page);
+    Commands commands(client, loop, {network, recordedOpener, recordedPings, recordedProcesses, disks, directPlay},
+                      page);
     loop.Attach(commands, client.Stack());
 
     const EndSignals signals(events, [&] { client.Stack().RequestEnd(); });

@@ -14,6 +14,7 @@ struct Member {
     std::string_view name;
     std::string_view takes; ///< a letter an argument: t text, b truth
     Value (*call)(GameLobby& client, const Arguments& arguments);
+    std::string_view on = {}; ///< a class beside the control
 };
 
 Value Nothing() { return {}; }
@@ -35,6 +36,16 @@ constexpr std::array kMembers{
     Member{"DisplayCreateAccount", "b",
            [](GameLobby& c, const Arguments& a) { return c.DisplayCreateAccount(a[0].truth), Nothing(); }},
     Member{"ProcessLogonBanner", "", [](GameLobby& c, const Arguments&) { return c.ProcessLogonBanner(), Nothing(); }},
+    Member{"m_DPGameList", "", [](GameLobby& c, const Arguments&) { return TextValue(c.m_DPGameList()); }},
+    Member{"InitDirectX", "", [](GameLobby& c, const Arguments&) { return c.InitDirectX(), Nothing(); }},
+    Member{"EnumDPLocApps", "", [](GameLobby& c, const Arguments&) { return c.EnumDPLocApps(), Nothing(); }},
+    Member{"LaunchDPGame", "t", [](GameLobby& c, const Arguments& a) { return c.LaunchDPGame(a[0].text), Nothing(); }},
+    Member{"GetDirectPlay8Games", "",
+           [](GameLobby& c, const Arguments&) { return c.DirectPlayForHost().GetDirectPlay8Games(), Nothing(); },
+           "clsDirectPlay"},
+    Member{"LaunchDP8Game", "",
+           [](GameLobby& c, const Arguments&) { return c.DirectPlayForHost().LaunchDP8Game(), Nothing(); },
+           "clsDirectPlay"},
     Member{"Configure_Click", "", [](GameLobby& c, const Arguments&) { return c.Configure_Click(), Nothing(); }},
     Member{"CheckAutoStart", "", [](GameLobby& c, const Arguments&) { return c.CheckAutoStart(), Nothing(); }},
     Member{"ProcessRoomPassword", "",
@@ -78,14 +89,15 @@ std::optional<Value> CallProperty(StoredProperties& properties, std::string_view
 
 } // namespace
 
-std::optional<Value> CallMember(GameLobby& client, std::string_view member, const std::vector<Value>& arguments,
-                                std::string& why) {
+std::optional<Value> CallMember(GameLobby& client, std::string_view on, std::string_view member,
+                                const std::vector<Value>& arguments, std::string& why) {
     why = "no such member";
     for (const Member& row : kMembers) {
-        if (row.name != member) continue;
+        if (row.name != member || row.on != on) continue;
         if (Fits(row, arguments)) return row.call(client, arguments);
         why = "these are not its arguments";
     }
+    if (!on.empty()) return std::nullopt;
     return CallProperty(client.Properties, member, arguments, why);
 }
 

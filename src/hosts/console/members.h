@@ -18,8 +18,9 @@ struct Value {
     bool truth = false;
 };
 
-/// Nothing when there is no such member, or the arguments are not its own; `why` then says which.
-std::optional<Value> CallMember(GameLobby& client, std::string_view member, const std::vector<Value>& arguments,
-                                std::string& why);
+/// Of the control, or of the class that `on` names. Nothing when there is no such member, or the arguments are not its
+/// own; `why` then says which.
+std::optional<Value> CallMember(GameLobby& client, std::string_view on, std::string_view member,
+                                const std::vector<Value>& arguments, std::string& why);
 
 } // namespace ombrin::console

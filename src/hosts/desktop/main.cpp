@@ -6,14 +6,13 @@
 #include "hosts/desktop/main_window.h"
 #include "hosts/desktop/qt_services.h"
 #include "hosts/desktop/windows.h"
-#include "platform/hive_registry.h"
+#include "hosts/game_machine.h"
+#include "launch/directplay/registry_service.h"
 #include "platform/posix/clock.h"
 #include "platform/posix/end_signals.h"
 #include "platform/posix/home.h"
-#include "platform/posix/posix_disks.h"
 #include "platform/posix/posix_network.h"
 #include "platform/posix/posix_pings.h"
-#include "platform/posix/posix_processes.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -44,15 +43,14 @@ int Run(QApplication& application, const std::optional<std::string>& home) {
         if (front != nullptr) BringUp(*front);
     });
     DesktopNotifier notifier(page, announcer);
-    Settings settings(files, places.SettingsFile());
-    PosixProcesses processes(page, loop, [&] { return settings.GetSetting("Settings", "Runner", "wine"); });
-    HiveRegistry registry(files, places.RegistryFile());
-    PosixDisks disks(page);
+    GameMachine machine(files, places, page, loop);
+    directplay::RegistryService directPlay(machine.registry, machine.applications);
     QtOpener opener(page);
     const QtMeasure measure(Look::ChatFont(), page);
 
-    GameLobby client({network, events, clock, files, sound, clipboard, pings, notifier, processes, registry, disks,
-                      opener, measure, loop, [&](bool held) { events.Hold(held); }, places});
+    GameLobby client({network, events, clock, files, sound, clipboard, pings, notifier, machine.processes,
+                      machine.registry, directPlay, machine.disks, opener, measure, loop,
+                      [&](bool held) { events.Hold(held); }, places});
     // The event only notes the wish, so that the raising routine finishes its steps.
     client.CloseClient = [&] { events.Post([&] { client.Stack().RequestEnd(); }); };
     Board board(loop, client.Input(), page);

@@ -41,18 +41,39 @@ std::string FirstPresent(const std::array<const char*, N>& programs) {
     return {};
 }
 
+/// As the system takes lists of texts; they point into the given ones.
+std::vector<char*> Pointers(const std::vector<std::string>& texts) {
+    std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
+    for (const std::string& text : texts) pointers.push_back(const_cast<char*>(text.c_str()));
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+/// This program's variables, with others in front of those of the same name.
+std::vector<std::string> Inherited(std::vector<std::string> variables) {
+    const std::size_t own = variables.size();
+    for (char** inherited = environ; *inherited != nullptr; ++inherited) {
+        const std::string_view variable = *inherited;
+        const std::string_view name = variable.substr(0, variable.find('=') + 1);
+        if (std::none_of(variables.begin(), variables.begin() + static_cast<std::ptrdiff_t>(own),
+                         [&](const std::string& other) { return other.starts_with(name); }))
+            variables.emplace_back(variable);
+    }
+    return variables;
+}
+
 } // namespace
 
 bool Programs::IsThere(const std::string& program) {
     return program.find('/') != std::string::npos ? access(program.c_str(), X_OK) == 0 : IsOnPath(program);
 }
 
-int Programs::Start(const std::vector<std::string>& arguments, std::string_view input, const std::string& directory) {
+int Programs::Start(const std::vector<std::string>& arguments, std::string_view input, const std::string& directory,
+                    const std::vector<std::string>& environment) {
     std::erase_if(running, [](int process) { return waitpid(process, nullptr, WNOHANG) != 0; });
-    std::vector<char*> list;
-    list.reserve(arguments.size() + 1);
-    for (const std::string& argument : arguments) list.push_back(const_cast<char*>(argument.c_str()));
-    list.push_back(nullptr);
+    const std::vector<std::string> surroundings = Inherited(environment);
+    const std::vector<char*> list = Pointers(arguments), variables = Pointers(surroundings);
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC) != 0) return -1;
     const Descriptor readEnd(ends[0]), writeEnd(ends[1]);
@@ -73,7 +94,7 @@ int Programs::Start(const std::vector<std::string>& arguments, std::string_view 
     posix_spawnattr_setsigdefault(&attributes, &usual);
     posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
     pid_t process = -1;
-    const int problem = posix_spawnp(&process, list[0], &actions, &attributes, list.data(), environ);
+    const int problem = posix_spawnp(&process, list[0], &actions, &attributes, list.data(), variables.data());
     posix_spawnattr_destroy(&attributes);
     posix_spawn_file_actions_destroy(&actions);
     if (problem != 0) return -1;

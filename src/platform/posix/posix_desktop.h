@@ -14,8 +14,10 @@ namespace ombrin {
 /// the next start.
 class Programs {
 public:
-    /// `input` goes to its standard input. The process id, or -1 when there is no such program.
-    int Start(const std::vector<std::string>& arguments, std::string_view input, const std::string& directory);
+    /// `input` goes to its standard input; `environment` holds "name=value" beside what is inherited. The process id,
+    /// or -1 when there is no such program.
+    int Start(const std::vector<std::string>& arguments, std::string_view input, const std::string& directory,
+              const std::vector<std::string>& environment = {});
     /// A path, or a name on the PATH, that can be run.
     static bool IsThere(const std::string& program);
     bool HasEnded(int process);

@@ -31,6 +31,8 @@ bool IsDirectory(const std::string& path, const dirent& entry) {
 /// A disk that is mounted in several places counts once, where it was mounted first.
 std::vector<std::string> PosixDisks::FixedDisks() {
     std::vector<std::string> roots;
+    if (const std::string named = prefix.Named(); !named.empty())
+        if (const auto drive = page.FromUtf8(named + "/drive_c/")) roots.push_back(*drive);
     std::FILE* table = setmntent("/proc/self/mounts", "r");
     if (table == nullptr) return roots;
     std::set<std::string> devices;

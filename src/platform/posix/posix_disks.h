@@ -3,6 +3,7 @@
 
 #include "foundation/code_page.h"
 #include "platform/disks.h"
+#include "platform/posix/wine_prefix.h"
 
 namespace ombrin {
 
@@ -11,12 +12,14 @@ namespace ombrin {
 /// a ".".
 class PosixDisks : public Disks {
 public:
-    explicit PosixDisks(const CodePage& page) : page(page) {}
+    /// Both outlive it. A prefix that is named is the first of the disks, by its drive C.
+    PosixDisks(const CodePage& page, const WinePrefix& prefix) : page(page), prefix(prefix) {}
     std::vector<std::string> FixedDisks() override;
     std::vector<Entry> List(const std::string& directory) override;
 
 private:
     const CodePage& page;
+    const WinePrefix& prefix;
 };
 
 } // namespace ombrin

@@ -12,10 +12,6 @@ namespace ombrin {
 
 namespace {
 
-bool HasDriveLetter(std::string_view path) {
-    return path.size() > 2 && path[1] == ':' && (path[2] == '\\' || path[2] == '/');
-}
-
 bool IsWindowsProgram(const std::string& path) {
     if (HasDriveLetter(path)) return true;
     std::ifstream file(path, std::ios::binary);
@@ -28,7 +24,7 @@ bool IsDirectory(const std::string& path) {
     return stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
 }
 
-/// A path of this machine with the separators that it came with.
+/// A path of this machine with its own separators; one with a drive letter stays as it is.
 std::string Native(std::string path) {
     if (!HasDriveLetter(path)) std::replace(path.begin(), path.end(), '\\', '/');
     return path;
@@ -36,9 +32,13 @@ std::string Native(std::string path) {
 
 } // namespace
 
+std::string PosixProcesses::DirectoryOf(std::string_view path) const {
+    const std::string wanted = Native(page.ToUtf8(path));
+    return HasDriveLetter(wanted) ? prefix.Native(wanted) : wanted;
+}
+
 void PosixProcesses::ChDir(std::string_view to) {
-    const std::string wanted = Native(page.ToUtf8(to));
-    if (HasDriveLetter(wanted)) return; // the runner's matter
+    const std::string wanted = DirectoryOf(to);
     if (!IsDirectory(wanted)) throw RuntimeError(ErrorNumber::PathNotFound);
     directory = wanted;
 }
@@ -53,7 +53,12 @@ Processes::TaskId PosixProcesses::Shell(const CommandLine& command) {
     if (isWindows) arguments.push_back(page.ToUtf8(runner()));
     arguments.push_back(program);
     for (const std::string& argument : command.Arguments()) arguments.push_back(page.ToUtf8(argument));
-    const int process = programs.Start(arguments, {}, directory);
+    std::vector<std::string> environment;
+    for (const auto& [name, value] : command.environment) environment.push_back(Join(name, "=", page.ToUtf8(value)));
+    if (isWindows && !prefix.Named().empty()) environment.push_back(Join("WINEPREFIX=", prefix.Named()));
+    const std::string own = command.directory.empty() ? directory : DirectoryOf(command.directory);
+    if (!own.empty() && !IsDirectory(own)) return kNone;
+    const int process = programs.Start(arguments, {}, own, environment);
     if (process < 0 && isWindows && !programs.IsThere(arguments.front()))
         throw RuntimeError(ErrorNumber::FileNotFound,
                            Join("Windows programs are started by ", arguments.front(),

@@ -3,6 +3,7 @@
 
 #include "foundation/code_page.h"
 #include "platform/posix/posix_desktop.h"
+#include "platform/posix/wine_prefix.h"
 #include "platform/processes.h"
 #include "platform/waiter.h"
 
@@ -16,8 +17,8 @@ namespace ombrin {
 class PosixProcesses : public Processes {
 public:
     /// `runner` names the program that runs Windows programs, as the settings have it at that moment.
-    PosixProcesses(const CodePage& page, Waiter& waiter, std::function<std::string()> runner)
-        : page(page), waiter(waiter), runner(std::move(runner)) {}
+    PosixProcesses(const CodePage& page, Waiter& waiter, std::function<std::string()> runner, const WinePrefix& prefix)
+        : page(page), waiter(waiter), runner(std::move(runner)), prefix(prefix) {}
 
     void ChDir(std::string_view to) override;
     /// Raises 53 where a Windows program has no runner.
@@ -28,9 +29,12 @@ public:
     void Sleep(long milliseconds) override { waiter.Block(Milliseconds(milliseconds)); }
 
 private:
+    std::string DirectoryOf(std::string_view path) const;
+
     const CodePage& page;
     Waiter& waiter;
     std::function<std::string()> runner;
+    const WinePrefix& prefix;
     std::string directory; ///< as the system takes it; empty for the client's own
     ombrin::Programs programs;
 };

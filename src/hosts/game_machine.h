@@ -1,0 +1,38 @@
+// What a host needs of the machine to start games: programs, Windows programs by way of their runner, and what the
+// registry knows of them.
+#pragma once
+
+#include "foundation/places.h"
+#include "foundation/settings.h"
+#include "platform/hive_registry.h"
+#include "platform/posix/posix_disks.h"
+#include "platform/posix/posix_files.h"
+#include "platform/posix/posix_processes.h"
+#include "platform/session_applications.h"
+#include "platform/wine_registry.h"
+
+namespace ombrin {
+
+/// The settings `Runner` and `WinePrefix` are read anew at each use.
+struct GameMachine {
+    GameMachine(PosixFiles& files, const Places& places, const CodePage& page, Waiter& waiter)
+        : settings(files, places.SettingsFile()),
+          prefix([this, &page] { return page.ToUtf8(settings.GetSetting("Settings", "WinePrefix")); }),
+          processes(
+              page, waiter, [this] { return settings.GetSetting("Settings", "Runner", "wine"); }, prefix),
+          hive(files, places.RegistryFile()),
+          registry(hive, files, page, [this] { return settings.GetSetting("Settings", "WinePrefix"); }),
+          disks(page, prefix), applications(files, processes, places.SystemDirectory()) {}
+    GameMachine(const GameMachine&) = delete;
+    GameMachine& operator=(const GameMachine&) = delete;
+
+    Settings settings;
+    WinePrefix prefix;
+    PosixProcesses processes;
+    HiveRegistry hive;
+    WineRegistry registry;
+    PosixDisks disks;
+    SessionApplications applications;
+};
+
+} // namespace ombrin

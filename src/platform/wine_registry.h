@@ -1,0 +1,60 @@
+// The registry of Windows programs on this machine, as their runner keeps it in two text files.
+#pragma once
+
+#include "foundation/code_page.h"
+#include "foundation/files.h"
+#include "platform/registry.h"
+
+#include <functional>
+#include <map>
+
+namespace ombrin {
+
+/// Reads what programs have left there, where a prefix is named, behind the client's own registry, which goes first
+/// and alone is written. A 32-bit program's branch is looked into as such a program would.
+class WineRegistry : public Registry {
+public:
+    /// `prefix` gives the folder that the settings name at that moment, "" for none.
+    WineRegistry(Registry& own, Files& files, const CodePage& page, std::function<std::string()> prefix)
+        : own(own), files(files), page(page), prefix(std::move(prefix)) {}
+
+    std::optional<RegistryValue> Read(std::string_view key, std::string_view name) override;
+    void Write(std::string_view key, std::string_view name, const RegistryValue& value) override {
+        own.Write(key, name, value);
+    }
+    bool Has(std::string_view key) override;
+    std::vector<std::string> Subkeys(std::string_view key) override;
+
+    using Values = std::map<std::string, RegistryValue, std::less<>>; ///< by name in small letters
+    struct Key {
+        std::string name; ///< its last part, as it is written
+        Values values;
+    };
+    using Keys = std::map<std::string, Key, std::less<>>; ///< by path in small letters, ordered
+
+    /// What a file of that form holds; lines that cannot be followed are passed over.
+    static Keys Parse(std::string_view text, const CodePage& page);
+
+private:
+    struct Branch {
+        std::string path; ///< of the file that was read
+        std::optional<Files::Stamp> stamp;
+        Keys keys;
+    };
+    /// A key below a root as its file has it.
+    struct Place {
+        const Keys* keys = nullptr;
+        std::string path;
+    };
+
+    std::vector<Place> PlacesOf(std::string_view key);
+    const Keys& KeysOf(Branch& branch, std::string_view file);
+
+    Registry& own;
+    Files& files;
+    const CodePage& page;
+    std::function<std::string()> prefix;
+    Branch machine, user;
+};
+
+} // namespace ombrin
