@@ -140,15 +140,18 @@ std::optional<std::string> CodePage::FromUtf8(std::string_view utf8) const {
     while (!utf8.empty()) {
         const auto c = TakeCharacter(utf8);
         if (!c) return std::nullopt;
-        if (*c < 128) {
-            bytes += static_cast<char>(*c);
-            continue;
-        }
-        const auto found = std::find(upperHalf.begin(), upperHalf.end(), *c);
-        if (found == upperHalf.end()) return std::nullopt;
-        bytes += static_cast<char>(128 + (found - upperHalf.begin()));
+        const auto byte = ByteOf(*c);
+        if (!byte) return std::nullopt;
+        bytes += *byte;
     }
     return bytes;
+}
+
+std::optional<char> CodePage::ByteOf(std::uint32_t character) const {
+    if (character < 128) return static_cast<char>(character);
+    const auto found = std::find(upperHalf.begin(), upperHalf.end(), character);
+    if (found == upperHalf.end()) return std::nullopt;
+    return static_cast<char>(128 + (found - upperHalf.begin()));
 }
 
 } // namespace ombrin

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,6 +22,8 @@ public:
     std::string ToUtf8(std::string_view bytes) const;
     /// Nothing when the text is no UTF-8 or has a character that the page cannot hold.
     std::optional<std::string> FromUtf8(std::string_view utf8) const;
+    /// Nothing when the page cannot hold the character.
+    std::optional<char> ByteOf(std::uint32_t character) const;
 
     std::string_view name;
     std::array<char16_t, 128> upperHalf; ///< characters of the bytes 128 to 255
