@@ -20,8 +20,8 @@ constexpr std::size_t kClassAt = 4, kOrderAt = 5; // in the first bytes of the h
 constexpr char kClass32 = 1, kClass64 = 2, kLittleEndian = 1;
 constexpr std::size_t kHeaderSize = 64, kNoteSegment = 4;
 // A program has about a dozen segments, and notes of some hundred bytes.
-constexpr std::size_t kMostSegments = 128;
-constexpr std::uint64_t kMostNoteBytes = 65'536;
+constexpr std::size_t kMostSegments = 128, kMostRowBytes = 64;
+constexpr std::uint64_t kMostNoteBytes = 16'384;
 
 const Layout& LayoutOf(std::string_view header) {
     if (header[kOrderAt] != kLittleEndian) throw BrokenStep{};
@@ -53,7 +53,7 @@ std::string NoteVersion(ByteSource& file) {
     const std::size_t rows = std::min(SizeAt(header, layout.rowCount), kMostSegments);
     const std::uint64_t table = NumberAt(header, layout.table, layout.width);
     for (std::size_t i = 0; i < rows; ++i) {
-        const std::string row = TakeBytes(file, table + i * rowSize, rowSize);
+        const std::string row = TakeBytes(file, table + i * rowSize, std::min(rowSize, kMostRowBytes));
         if (NumberAt(row, 0, 4) != kNoteSegment) continue;
         const std::uint64_t size = std::min(NumberAt(row, layout.size, layout.width), kMostNoteBytes);
         const std::string notes = TakeBytes(file, NumberAt(row, layout.offset, layout.width), size);
