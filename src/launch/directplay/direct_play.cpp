@@ -155,10 +155,18 @@ void DirectPlay::CheckFS2000(std::string_view roomName, std::string_view applica
         if (game == kFlightSimulators.end()) return;
         const auto held = needs.registry.Read(game->key, "Path");
         const auto* path = held ? std::get_if<std::string>(&*held) : nullptr;
-        if (path != nullptr && !path->empty())
-            desk.iniFiles.Write(Join(*path, SeparatorOf(*path), game->file), "MULTIPLAYER", "SESSION_NAME", roomName);
+        if (path != nullptr && !path->empty()) WriteSessionName(Join(*path, SeparatorOf(*path), game->file), roomName);
         if (!desk.session.m_IsRoomCreator) needs.processes.Sleep(kFlightSimulatorDelay);
     });
+}
+
+/// A game that cannot be told starts all the same.
+void DirectPlay::WriteSessionName(const std::string& file, std::string_view roomName) {
+    try {
+        desk.iniFiles.Write(file, "MULTIPLAYER", "SESSION_NAME", roomName);
+    } catch (const RuntimeError& problem) {
+        desk.trap.log.LogError(Join("Error: the room's name cannot be written to ", file, ": ", problem.what()), false);
+    }
 }
 
 void DirectPlay::SetDirectPlayGames(std::string_view payload) {

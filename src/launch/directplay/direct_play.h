@@ -48,6 +48,7 @@ private:
     void DescribeSession(const std::string& application);
     void DescribeConnection(const std::string& address, const std::string& provider);
     void CheckFS2000(std::string_view roomName, std::string_view applicationGuid);
+    void WriteSessionName(const std::string& file, std::string_view roomName);
     void SetGame(std::string_view game, std::string_view application);
 
     Desk desk;
