@@ -10,7 +10,7 @@ namespace ombrin {
 
 inline std::string Little(std::uint64_t number, int width) {
     std::string bytes;
-    for (int i = 0; i < width; ++i) bytes += static_cast<char>(number >> (8 * i) & 0xFF);
+    for (int i = 0; i < width; ++i, number >>= 8) bytes += static_cast<char>(number & 0xFF);
     return bytes;
 }
 
