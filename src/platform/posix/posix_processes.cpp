@@ -33,13 +33,15 @@ std::string Native(std::string path) {
 } // namespace
 
 std::string PosixProcesses::DirectoryOf(std::string_view path) const {
-    const std::string wanted = Native(page.ToUtf8(path));
-    return HasDriveLetter(wanted) ? prefix.Native(wanted) : wanted;
+    std::string wanted = Native(page.ToUtf8(path));
+    if (!HasDriveLetter(wanted)) return wanted;
+    wanted = prefix.Native(wanted);
+    return IsDirectory(wanted) ? wanted : std::string();
 }
 
 void PosixProcesses::ChDir(std::string_view to) {
     const std::string wanted = DirectoryOf(to);
-    if (!IsDirectory(wanted)) throw RuntimeError(ErrorNumber::PathNotFound);
+    if (!wanted.empty() && !IsDirectory(wanted)) throw RuntimeError(ErrorNumber::PathNotFound);
     directory = wanted;
 }
 
@@ -57,7 +59,6 @@ Processes::TaskId PosixProcesses::Shell(const CommandLine& command) {
     for (const auto& [name, value] : command.environment) environment.push_back(Join(name, "=", page.ToUtf8(value)));
     if (isWindows && !prefix.Named().empty()) environment.push_back(Join("WINEPREFIX=", prefix.Named()));
     const std::string own = command.directory.empty() ? directory : DirectoryOf(command.directory);
-    if (!own.empty() && !IsDirectory(own)) return kNone;
     const int process = programs.Start(arguments, {}, own, environment);
     if (process < 0 && isWindows && !programs.IsThere(arguments.front()))
         throw RuntimeError(ErrorNumber::FileNotFound,

@@ -29,6 +29,8 @@ public:
     void Sleep(long milliseconds) override { waiter.Block(Milliseconds(milliseconds)); }
 
 private:
+    /// As the system takes it; empty, the client's own, for a Windows path that is not found by its letters: the
+    /// runner, to which they are all the same, finds the program in it.
     std::string DirectoryOf(std::string_view path) const;
 
     const CodePage& page;
