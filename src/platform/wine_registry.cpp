@@ -17,19 +17,6 @@ std::string SmallLetters(std::string text) {
     return text;
 }
 
-void AppendUtf8(std::string& text, unsigned unit) {
-    if (unit < 0x80U) {
-        text += static_cast<char>(unit);
-    } else if (unit < 0x800U) {
-        text += static_cast<char>(0xC0U | unit >> 6U);
-        text += static_cast<char>(0x80U | (unit & 0x3FU));
-    } else {
-        text += static_cast<char>(0xE0U | unit >> 12U);
-        text += static_cast<char>(0x80U | (unit >> 6U & 0x3FU));
-        text += static_cast<char>(0x80U | (unit & 0x3FU));
-    }
-}
-
 /// Takes what stands before the closing character, with its escapes resolved, and the closing character itself off
 /// the line. Nothing where it does not close, or has a character that the page cannot hold.
 std::optional<std::string> TakeEscaped(std::string_view& line, char closing, const CodePage& page) {
@@ -50,7 +37,9 @@ std::optional<std::string> TakeEscaped(std::string_view& line, char closing, con
             const char* end = digits + std::min<std::size_t>(4, line.size() - i - 1);
             const auto read = std::from_chars(digits, end, unit, 16);
             i += static_cast<std::size_t>(read.ptr - digits);
-            AppendUtf8(text, unit);
+            const auto byte = page.ByteOf(unit);
+            if (!byte) return std::nullopt;
+            text += page.ToUtf8({&*byte, 1});
         } else {
             text += escaped == 'n' ? '\n' : escaped == 'r' ? '\r' : escaped == '0' ? '\0' : escaped;
         }
@@ -89,6 +78,15 @@ void TakeValue(std::string_view line, WineRegistry::Values& values, const CodePa
     if (auto value = ValueOf(line, page)) values.insert_or_assign(SmallLetters(std::move(*name)), std::move(*value));
 }
 
+bool IsAtOrBelow(std::string_view path, std::string_view key) {
+    return path.starts_with(key) && (path.size() == key.size() || path[key.size()] == '\\');
+}
+
+bool IsWanted(std::string_view path, const WineRegistry::Paths& wanted) {
+    return wanted.empty() ||
+           std::any_of(wanted.begin(), wanted.end(), [&](const std::string& key) { return IsAtOrBelow(path, key); });
+}
+
 struct Root {
     std::string_view name, file;
     bool isUsers;
@@ -97,7 +95,7 @@ constexpr Root kRoots[]{{"HKEY_LOCAL_MACHINE\\", "system.reg", false}, {"HKEY_CU
 
 } // namespace
 
-WineRegistry::Keys WineRegistry::Parse(std::string_view text, const CodePage& page) {
+WineRegistry::Keys WineRegistry::Parse(std::string_view text, const CodePage& page, const Paths& wanted) {
     Keys keys;
     Values* values = nullptr;
     while (!text.empty()) {
@@ -107,7 +105,7 @@ WineRegistry::Keys WineRegistry::Parse(std::string_view text, const CodePage& pa
         if (TakePrefix(line, "[")) {
             const auto path = TakeEscaped(line, ']', page);
             values = nullptr;
-            if (!path) continue;
+            if (!path || !IsWanted(SmallLetters(*path), wanted)) continue;
             Key& key = keys[SmallLetters(*path)];
             key.name = path->substr(path->rfind('\\') + 1);
             values = &key.values;
@@ -118,35 +116,39 @@ WineRegistry::Keys WineRegistry::Parse(std::string_view text, const CodePage& pa
     return keys;
 }
 
-const WineRegistry::Keys& WineRegistry::KeysOf(Branch& branch, std::string_view file) {
+const WineRegistry::Keys& WineRegistry::KeysOf(Branch& branch, std::string_view name, const Paths& paths) {
     const std::string folder = prefix();
-    const std::string path = folder.empty() ? std::string() : Join(folder, "/", file);
-    const auto now = path.empty() ? std::nullopt : files.StampOf(path);
-    if (path == branch.path && now == branch.stamp) return branch.keys;
-    branch = {path, now, now && now->size <= kLargestFile ? Parse(files.Read(path), page) : Keys()};
-    return branch.keys;
+    const std::string file = folder.empty() ? std::string() : Join(folder, "/", name);
+    const auto now = file.empty() ? std::nullopt : files.StampOf(file);
+    if (file != branch.file || now != branch.stamp) branch = {file, now};
+    for (const auto& [key, keys] : branch.asked)
+        if (IsAtOrBelow(paths.front(), key)) return keys;
+    const bool readable = now && now->size <= kLargestFile;
+    return branch.asked[paths.front()] = readable ? Parse(files.Read(file), page, paths) : Keys();
 }
 
-/// Where a key may be: as it is named, and in the branch of 32-bit programs.
-std::vector<WineRegistry::Place> WineRegistry::PlacesOf(std::string_view key) {
+/// As the key is named, and in the branch of 32-bit programs.
+WineRegistry::Places WineRegistry::PlacesOf(std::string_view key) {
     constexpr std::string_view kSoftware = "software\\";
+    static const Keys kNone;
     for (const Root& root : kRoots) {
         if (!EqualIgnoringCase(key.substr(0, root.name.size()), root.name)) continue;
-        const Keys& keys = KeysOf(root.isUsers ? user : machine, root.file);
-        if (keys.empty()) return {};
-        const std::string path = SmallLetters(std::string(key.substr(root.name.size())));
-        if (!path.starts_with(kSoftware)) return {{&keys, path}};
-        return {{&keys, path}, {&keys, Join(kSoftware, "wow6432node\\", path.substr(kSoftware.size()))}};
+        Paths paths{SmallLetters(std::string(key.substr(root.name.size())))};
+        if (paths.front().starts_with(kSoftware))
+            paths.push_back(Join(kSoftware, "wow6432node\\", paths.front().substr(kSoftware.size())));
+        const Keys& keys = KeysOf(root.isUsers ? user : machine, root.file, paths);
+        return {std::move(paths), keys};
     }
-    return {};
+    return {{}, kNone};
 }
 
 std::optional<RegistryValue> WineRegistry::Read(std::string_view key, std::string_view name) {
     if (auto value = own.Read(key, name)) return value;
     const std::string wanted = SmallLetters(std::string(name));
-    for (const Place& place : PlacesOf(key)) {
-        const auto found = place.keys->find(place.path);
-        if (found == place.keys->end()) continue;
+    const auto [paths, keys] = PlacesOf(key);
+    for (const std::string& path : paths) {
+        const auto found = keys.find(path);
+        if (found == keys.end()) continue;
         const auto value = found->second.values.find(wanted);
         if (value != found->second.values.end()) return value->second;
     }
@@ -155,19 +157,19 @@ std::optional<RegistryValue> WineRegistry::Read(std::string_view key, std::strin
 
 bool WineRegistry::Has(std::string_view key) {
     if (own.Has(key)) return true;
-    const auto places = PlacesOf(key);
-    return std::any_of(places.begin(), places.end(), [](const Place& place) {
-        const auto next = place.keys->lower_bound(place.path);
-        return next != place.keys->end() && (next->first == place.path || next->first.starts_with(place.path + "\\"));
+    const Places places = PlacesOf(key);
+    return std::any_of(places.paths.begin(), places.paths.end(), [&](const std::string& path) {
+        const auto below = places.keys.lower_bound(path + "\\");
+        return places.keys.contains(path) || (below != places.keys.end() && IsAtOrBelow(below->first, path));
     });
 }
 
 std::vector<std::string> WineRegistry::Subkeys(std::string_view key) {
     std::vector<std::string> names = own.Subkeys(key);
-    for (const Place& place : PlacesOf(key)) {
-        const std::string below = place.path + "\\";
-        for (auto next = place.keys->lower_bound(below); next != place.keys->end() && next->first.starts_with(below);
-             ++next)
+    const auto [paths, keys] = PlacesOf(key);
+    for (const std::string& path : paths) {
+        const std::string below = path + "\\";
+        for (auto next = keys.lower_bound(below); next != keys.end() && next->first.starts_with(below); ++next)
             if (next->first.find('\\', below.size()) == std::string::npos) names.push_back(next->second.name);
     }
     std::sort(names.begin(), names.end(), LessInSortedList);

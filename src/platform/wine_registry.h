@@ -32,23 +32,27 @@ public:
     };
     using Keys = std::map<std::string, Key, std::less<>>; ///< by path in small letters, ordered
 
-    /// What a file of that form holds; lines that cannot be followed are passed over.
-    static Keys Parse(std::string_view text, const CodePage& page);
+    using Paths = std::vector<std::string>; ///< of keys, in small letters
+
+    /// What a file of that form holds of these keys and of what is below them, without any of all; lines that cannot
+    /// be followed are passed over.
+    static Keys Parse(std::string_view text, const CodePage& page, const Paths& wanted = {});
 
 private:
+    /// A file has tens of thousands of keys, of which a client asks for a few: only those are kept.
     struct Branch {
-        std::string path; ///< of the file that was read
+        std::string file;
         std::optional<Files::Stamp> stamp;
-        Keys keys;
+        std::map<std::string, Keys> asked{}; ///< by the key that was asked for, with all below it
     };
-    /// A key below a root as its file has it.
-    struct Place {
-        const Keys* keys = nullptr;
-        std::string path;
+    /// Where a key may be, and what was read there.
+    struct Places {
+        Paths paths;
+        const Keys& keys;
     };
 
-    std::vector<Place> PlacesOf(std::string_view key);
-    const Keys& KeysOf(Branch& branch, std::string_view file);
+    Places PlacesOf(std::string_view key);
+    const Keys& KeysOf(Branch& branch, std::string_view name, const Paths& paths);
 
     Registry& own;
     Files& files;
