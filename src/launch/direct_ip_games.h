@@ -89,6 +89,16 @@ inline constexpr std::array kGames{
 };
 // clang-format on
 
+/// Games that leave word of their directory in the registry; the executable is compared exactly.
+struct RegistryRow {
+    std::string_view executable, key, value;
+};
+
+inline constexpr std::array kRegistryRows{
+    RegistryRow{"SquadAssaultWestFront.exe", "HKEY_LOCAL_MACHINE\\SOFTWARE\\Matrix Games\\Squad Assault - West Front",
+                "installed to"},
+};
+
 } // namespace direct_ip
 
 } // namespace ombrin

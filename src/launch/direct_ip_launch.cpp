@@ -73,6 +73,17 @@ CommandLine clsDIPServerLaunch::GetCommandLineParameters(Text path, bool isCreat
     return command;
 }
 
+std::string clsDIPServerLaunch::CheckRegistryForDirectIPGame(Registry& registry, Text executable) {
+    constexpr std::size_t kValueLength = 249; // characters of a value that are read
+    for (const direct_ip::RegistryRow& row : direct_ip::kRegistryRows) {
+        if (row.executable != executable) continue;
+        const auto value = registry.Read(row.key, row.value);
+        const auto* directory = value ? std::get_if<std::string>(&*value) : nullptr;
+        if (directory != nullptr) return Join(directory->substr(0, kValueLength), "\\", executable);
+    }
+    return {};
+}
+
 CommandLine clsDIPServerLaunch::Build(const DirectIPGame& game, const Request& request) {
     CommandLine command;
     desk.trap(game.routine, [&] {

@@ -5,6 +5,7 @@
 #include "launch/direct_ip_games.h"
 #include "lobby/desk.h"
 #include "platform/processes.h"
+#include "platform/registry.h"
 
 #include <string>
 #include <string_view>
@@ -26,6 +27,8 @@ public:
 
     /// Empty for a game that is in no row of the table.
     CommandLine GetCommandLineParameters(Text path, bool isCreator, Text launchIP, Text userName);
+    /// Where the game has left word of itself, the file not looked for; "" for others.
+    static std::string CheckRegistryForDirectIPGame(Registry& registry, Text executable);
     CommandLine Warlords4(Text path, bool isCreator, Text launchIP, Text userName);
     CommandLine SquadAssault(Text path, bool isCreator, Text launchIP, Text userName);
     CommandLine Dominions(Text path, bool isCreator, Text launchIP);

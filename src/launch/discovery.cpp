@@ -5,26 +5,7 @@
 #include "launch/trust.h"
 #include "session/wire/codec.h"
 
-#include <array>
-
 namespace ombrin {
-
-namespace {
-
-/// Games that leave word of where they are.
-struct RegistryRow {
-    std::string_view executable, key, value;
-};
-
-constexpr std::array kRegistryRows{
-    RegistryRow{"SquadAssaultWestFront.exe", "HKEY_LOCAL_MACHINE\\SOFTWARE\\Matrix Games\\Squad Assault - West Front",
-                "installed to"},
-};
-
-/// Characters of a value that are read.
-constexpr std::size_t kValueLength = 249;
-
-} // namespace
 
 void Discovery::SetDirectIPGame(std::string_view payload) {
     desk.trap(__func__, [&] {
@@ -39,7 +20,7 @@ void Discovery::SetDirectIPGame(std::string_view payload) {
             return;
         }
         if (FileOf(records.GameFile(game)) == executable) return;
-        std::string path = CheckRegistryForDirectIPGame(executable);
+        std::string path = clsDIPServerLaunch::CheckRegistryForDirectIPGame(registry, executable);
         if (path.empty()) {
             if (desk.messages.boxes.Show("The server would like to set this game to auto-start.  It will attempt to "
                                          "locate this game on your hard drive, this could take a few minutes.  Would "
@@ -58,16 +39,6 @@ void Discovery::SetDirectIPGame(std::string_view payload) {
         records.SaveUsesDirectPlay(game, false);
         autoStart.CheckAutoStart();
     });
-}
-
-std::string Discovery::CheckRegistryForDirectIPGame(std::string_view executable) {
-    for (const RegistryRow& row : kRegistryRows) {
-        if (row.executable != executable) continue;
-        const auto value = registry.Read(row.key, row.value);
-        const auto* directory = value ? std::get_if<std::string>(&*value) : nullptr;
-        if (directory != nullptr) return Join(directory->substr(0, kValueLength), "\\", executable);
-    }
-    return {};
 }
 
 std::string Discovery::Search(std::string_view executable) {

@@ -1,6 +1,7 @@
 // Games that the server sets up: found in the registry, or by a search through the fixed disks.
 #pragma once
 
+#include "launch/direct_ip_launch.h"
 #include "launch/finding_game.h"
 #include "lobby/auto_start.h"
 #include "platform/disks.h"
@@ -22,7 +23,6 @@ public:
     void SetDirectIPGame(std::string_view payload);
 
 private:
-    std::string CheckRegistryForDirectIPGame(std::string_view executable);
     std::string Search(std::string_view executable);
     std::string FindFile(const std::string& root, std::string_view fileName);
 

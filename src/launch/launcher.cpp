@@ -69,12 +69,12 @@ void Launcher::LaunchGame(std::string_view buffer) {
         desk.view.PingTimer.SetOn(false);
         const std::string launchIP(GetCommand(buffer, kFieldEnd));
         clipboard.SetText(launchIP);
-        if (!launchIP.empty() && !IsAddressOrHostName(launchIP))
-            desk.trap.log.LogError("Error: the address of a launch is none, and no game was started with it.", false);
-        else if (records.UsesDirectPlay(desk.session.m_CurrentLobby))
-            peers.directPlay.LaunchDPGame(launchIP);
-        else
-            LaunchDirectIPGame(launchIP);
+        if (MayLaunchAt(launchIP, desk.trap.log)) {
+            if (records.UsesDirectPlay(desk.session.m_CurrentLobby))
+                peers.directPlay.LaunchDPGame(launchIP);
+            else
+                LaunchDirectIPGame(launchIP);
+        }
         dialog.IsCreator = desk.session.m_IsRoomCreator;
         dialog.AutoStartOn = peers.autoStart.AutoStartOn();
         dialog.UsesDirectPlay = peers.autoStart.UsesDirectPlay();

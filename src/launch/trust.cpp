@@ -20,6 +20,12 @@ bool IsAddressOrHostName(std::string_view text) {
            std::all_of(text.begin(), text.end(), IsOfAHostName);
 }
 
+bool MayLaunchAt(std::string_view address, Log& log) {
+    if (address.empty() || IsAddressOrHostName(address)) return true;
+    log.LogError("Error: the address of a launch is none, and no game was started with it.", false);
+    return false;
+}
+
 bool IsBareName(std::string_view text) {
     return !text.empty() && text != "." && text != ".." &&
            std::none_of(text.begin(), text.end(), [](char c) { return c == '/' || c == '\\' || c == '\0'; });

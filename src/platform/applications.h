@@ -15,7 +15,7 @@ struct ApplicationStart {
     std::vector<std::pair<std::string, Value>> session; ///< the description, field by field in the order of telling
 
     // The program, as it has registered itself; empty where it has not.
-    std::string file, path, commandLine, currentDirectory;
+    std::string program{}, commandLine{}, directory{};
 };
 
 class Applications {

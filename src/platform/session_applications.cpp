@@ -29,16 +29,14 @@ bool Hosts(const ApplicationStart& start) {
 } // namespace
 
 long SessionApplications::Run(const ApplicationStart& start) {
-    if (start.file.empty())
+    if (start.program.empty())
         throw RuntimeError(ErrorNumber::FileNotFound,
                            Join("no program is registered for the application ", Field(start, "application")));
     CommandLine command;
-    command.text = start.path.empty()
-                       ? start.file
-                       : Join(start.path, start.path.find('\\') < start.path.size() ? "\\" : "/", start.file);
+    command.text = start.program;
     command.programLength = command.text.size();
     if (!start.commandLine.empty()) command.text += Join(" ", start.commandLine);
-    command.directory = start.currentDirectory.empty() ? start.path : start.currentDirectory;
+    command.directory = start.directory;
     command.environment = {{"DIRECTPLAY_SESSION", Describe(start)},
                            {"DIRECTPLAY_HOST", Hosts(start) ? "1" : "0"},
                            {"DIRECTPLAY_ADDRESS", Field(start, "address")}};

@@ -1,9 +1,9 @@
 #include "foundation/file_version.h"
 
-#include "foundation/runtime_error.h"
 #include "platform/posix/file_source.h"
 #include "platform/recording/held_bytes.h"
 #include "program_files.h"
+#include "raised.h"
 
 #include <gtest/gtest.h>
 
@@ -84,14 +84,7 @@ TEST(FileVersion, SurvivesEveryDamageOfOneByte) {
 }
 
 TEST(FileVersion, OfAFileThatCannotBeReadIsTheErrorOfItsSource) {
-    const auto error = [](const char* path) {
-        try {
-            FileSource file(path);
-            return 0;
-        } catch (const RuntimeError& raised) {
-            return raised.Number();
-        }
-    };
+    const auto error = [](const char* path) { return Raised([&] { FileSource file(path); }); };
     EXPECT_EQ(error("/nothing/here"), 53);
     EXPECT_EQ(error("/dev"), 75);
     EXPECT_EQ(error("/dev/null"), 75);

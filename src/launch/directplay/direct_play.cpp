@@ -80,10 +80,7 @@ void DirectPlay::LaunchDPGame(std::string_view launchIP) {
     desk.trap(__func__, [&] {
         const Session& session = desk.session;
         const std::string name = records.DirectPlayApplication(session.m_CurrentLobby), address = Address(launchIP);
-        if (!address.empty() && !IsAddressOrHostName(address)) {
-            desk.trap.log.LogError("Error: the address of a launch is none, and no game was started with it.", false);
-            return;
-        }
+        if (!MayLaunchAt(address, desk.trap.log)) return;
         if (directPlay8.DirectPlay8Game(name)) {
             directPlay8.LaunchDP8Game(
                 {address, session.m_CurrentRoom, session.m_UserName, session.m_CurrentLobby, session.m_IsRoomCreator});

@@ -52,11 +52,7 @@ public:
                                 {"address", connection.address.address},
                                 {"port", std::int64_t{connection.address.port}},
                                 {"player", connection.playerLongName},
-                                {"connectionFlags", std::int64_t{connection.flags}}},
-                               {},
-                               {},
-                               {},
-                               {}};
+                                {"connectionFlags", std::int64_t{connection.flags}}}};
         const Registered applications(machine, kApplications);
         for (int i = 1; i <= applications.GetCount(); ++i)
             if (applications.GetGuid(i) == session.guidApplication)

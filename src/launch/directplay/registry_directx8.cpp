@@ -39,11 +39,7 @@ public:
                                 {"player", settings.playerName},
                                 {"connectionFlags", std::int64_t{settings.flags}},
                                 {"infoFlags", std::int64_t{info.flags}},
-                                {"timeout", std::int64_t{timeout}}},
-                               {},
-                               {},
-                               {},
-                               {}};
+                                {"timeout", std::int64_t{timeout}}}};
         machine.AddProgram(start, Join(kApplications8, "\\", info.guidApplication), kProgram);
         return machine.applications.Run(start);
     }
@@ -77,7 +73,7 @@ public:
     /// The application itself connects: it is started with the address of the host.
     void Connect(const ApplicationDescription& description, const DirectPlay8Address& host, const DirectPlay8Address&,
                  long, std::string_view userData) override {
-        ApplicationStart start{"Connect", {{"application", description.guidApplication}}, {}, {}, {}, {}};
+        ApplicationStart start{"Connect", {{"application", description.guidApplication}}};
         for (const auto& component : dynamic_cast<const Address&>(host).components) start.session.push_back(component);
         start.session.emplace_back("player", std::string(userData));
         machine.AddProgram(start, Join(kApplications8, "\\", description.guidApplication), kProgram);

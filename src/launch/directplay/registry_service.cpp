@@ -2,6 +2,7 @@
 
 #include "foundation/runtime_error.h"
 #include "foundation/text.h"
+#include "launch/game_paths.h"
 
 namespace ombrin::directplay {
 
@@ -13,10 +14,11 @@ std::string RegistryService::Machine::Text(std::string_view key, std::string_vie
 
 void RegistryService::Machine::AddProgram(ApplicationStart& start, const std::string& key,
                                           const ProgramValues& values) const {
-    start.file = Text(key, values.file);
-    start.path = Text(key, values.path);
+    const std::string file = Text(key, values.file), path = Text(key, values.path);
+    if (!file.empty()) start.program = path.empty() ? file : Join(path, SeparatorOf(path), file);
     start.commandLine = Text(key, "CommandLine");
-    start.currentDirectory = Text(key, "CurrentDirectory");
+    start.directory = Text(key, "CurrentDirectory");
+    if (start.directory.empty()) start.directory = path;
 }
 
 std::size_t RegistryService::Position(int index, std::size_t count) {
