@@ -32,11 +32,11 @@ struct InLobby {
         client.Inis().Write("AVfLang.ini", "CurrentLanguage", "Language", "English");
         client.Inis().Write("AV.ini", "GameFilter", "DisplayedGames", "Go;");
         client.UserControl_Show("ann;Go;127.0.0.1;7777");
-        world.network.last->Accept();
+        world.network.Named("Winsock").Accept();
         if (users > 0) Sends(UserList(users));
     }
 
-    void Sends(const std::string& data) { world.network.last->Sends(data); }
+    void Sends(const std::string& data) { world.network.Named("Winsock").Sends(data); }
 
     static std::string Name(std::size_t i) {
         std::string digits = std::to_string(i);

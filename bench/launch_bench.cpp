@@ -62,17 +62,17 @@ struct Player {
         waiter.client = &client;
         client.Inis().Write("AVfLang.ini", "CurrentLanguage", "Language", "English");
         client.UserControl_Show("ann;Go;127.0.0.1;7777");
-        world.network.last->Accept();
+        world.network.Named("Winsock").Accept();
         Sends("0:ann;1;~");
     }
     Platform Real() {
         const Platform recorded = world.ForClient(waiter);
-        return {recorded.network,    recorded.alarms, recorded.clock,    recorded.files,   recorded.sound,
-                recorded.clipboard,  recorded.pings,  recorded.notifier, processes,        recorded.registry,
-                recorded.directPlay, disks,           recorded.opener,   recorded.measure, recorded.waiter,
-                recorded.holdEvents, recorded.places};
+        return {recorded.network,    recorded.alarms,    recorded.clock,    recorded.files,      recorded.localFiles,
+                recorded.sound,      recorded.clipboard, recorded.pings,    recorded.notifier,   processes,
+                recorded.components, recorded.integrity, recorded.registry, recorded.directPlay, disks,
+                recorded.opener,     recorded.measure,   recorded.waiter,   recorded.holdEvents, recorded.places};
     }
-    void Sends(const std::string& data) { world.network.last->Sends(data); }
+    void Sends(const std::string& data) { world.network.Named("Winsock").Sends(data); }
 };
 
 long PeakMemory() { // KiB

@@ -55,7 +55,7 @@ private:
     }
 
     bool Arrive() {
-        auto& server = *world.network.last;
+        auto& server = world.network.Named("Winsock");
         if (server.State() == SocketState::Connecting) return server.Accept(), true;
         // As the loop is held at this depth, nothing is read.
         const bool held = client.Stack().Visible().size() >= ModalStack::kOpenLimit;

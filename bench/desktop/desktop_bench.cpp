@@ -97,9 +97,9 @@ struct Program {
         client.Inis().Write("AVfLang.ini", "CurrentLanguage", "Language", "English");
         client.Inis().Write("AV.ini", "GameFilter", "DisplayedGames", lobbies);
         client.UserControl_Show("ann;Go;127.0.0.1;7777");
-        network.last->Accept();
+        network.Named("Winsock").Accept();
     }
-    void Sends(const std::string& data) { network.last->Sends(data); }
+    void Sends(const std::string& data) { network.Named("Winsock").Sends(data); }
 };
 
 /// Hears of the frames that a window paints.

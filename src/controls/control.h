@@ -28,6 +28,7 @@ enum class ControlKind {
     Menu,
     MenuEntry,
     OptionButton,
+    ProgressBar,
     StatusBar,
     TextBox,
     Timer,

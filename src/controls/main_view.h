@@ -17,7 +17,12 @@ public:
 
     /// The one switch of the whole view: while it is off the view takes no input, and messages go on arriving.
     bool Enabled() const { return enabled; }
-    void SetEnabled(bool on) { enabled = on; }
+    void SetEnabled(bool on) { enabled = on && !disabledForGood; }
+    /// From here on nothing enables it again.
+    void DisableForGood() {
+        disabledForGood = true;
+        enabled = false;
+    }
 
     /// Opens a pop-up menu; it closes with the next input.
     void PopUp(Menu& menu) { openMenu = &menu; }
@@ -31,7 +36,7 @@ public:
 
 private:
     Alarms& alarms;
-    bool enabled = true;
+    bool enabled = true, disabledForGood = false;
     Menu* openMenu = nullptr;
 
 public:

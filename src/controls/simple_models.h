@@ -82,6 +82,17 @@ private:
     ombrin::Colour colour = 0;
 };
 
+/// How far something has come, from 0 to 100.
+class ProgressBar : public Control {
+public:
+    ProgressBar(Container& parent, std::string name) : Control(parent, ControlKind::ProgressBar, std::move(name)) {}
+    int Value() const { return value; }
+    void SetValue(int percent) { Set(value, percent < 0 ? 0 : percent > 100 ? 100 : percent); }
+
+private:
+    int value = 0;
+};
+
 class StatusBar : public Control {
 public:
     StatusBar(Container& parent, std::string name) : Control(parent, ControlKind::StatusBar, std::move(name)) {}

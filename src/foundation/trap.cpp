@@ -20,11 +20,11 @@ Failure CurrentFailure() {
     }
 }
 
-void Trap::Report(std::string_view routine, std::string_view file, const Failure& failure) {
+void Trap::Report(std::string_view routine, std::string_view file, const Failure& failure, bool showBox) {
     const std::string place = file.empty() ? std::string() : Join(" in file ", file);
     log.LogError(Join("Error: occured in module ", routine, "()", place, ".  Error number: ",
                       std::to_string(failure.number), ",  Error Line: 0,  Description: ", failure.description),
-                 true);
+                 showBox);
 }
 
 } // namespace ombrin

@@ -27,22 +27,33 @@ public:
     /// passes.
     template <class Body>
     bool operator()(std::string_view routine, Body&& body, std::string_view file = {}) {
-        std::optional<Failure> failure;
-        try {
-            body();
-        } catch (const ProgramEnding&) {
-            throw;
-        } catch (...) {
-            failure = CurrentFailure();
-        }
-        if (failure) Report(routine, file, *failure);
+        const std::optional<Failure> failure = FailureOf(body);
+        if (failure) Report(routine, file, *failure, true);
+        return !failure;
+    }
+    /// The same without the box, for routines whose failure the user is not told of.
+    template <class Body>
+    bool Quietly(std::string_view routine, Body&& body) {
+        const std::optional<Failure> failure = FailureOf(body);
+        if (failure) Report(routine, {}, *failure, false);
         return !failure;
     }
 
     Log& log;
 
 private:
-    void Report(std::string_view routine, std::string_view file, const Failure& failure);
+    template <class Body>
+    static std::optional<Failure> FailureOf(Body& body) {
+        try {
+            body();
+        } catch (const ProgramEnding&) {
+            throw;
+        } catch (...) {
+            return CurrentFailure();
+        }
+        return std::nullopt;
+    }
+    void Report(std::string_view routine, std::string_view file, const Failure& failure, bool showBox);
 };
 
 } // namespace ombrin

@@ -15,12 +15,8 @@ void BattleLan::LaunchUsingBattleLAN(const RowList& roomUsers) {
             const std::string_view address = GetCommand(tag, kFieldEnd);
             if (address.empty()) continue;
             // Only the first row starts the file anew: without an address there, what an earlier launch left stays.
-            desk.trap("WriteToFile", [&] {
-                files.Update(path, Files::Readers::Everybody, [&](const std::optional<std::string>& old) {
-                    return Join(position == 0 ? std::string_view{} : std::string_view(old.value_or("")), address,
-                                "\r\n");
-                });
-            });
+            WriteToFile(files, desk.trap.log, path, Join(address, "\r\n"),
+                        position == 0 ? LocalFiles::WriteMode::Create : LocalFiles::WriteMode::Append);
         }
         const Processes::TaskId task = processes.Shell({std::string(kProgram), kProgram.size()});
         processes.AppActivate(task);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "lobby/desk.h"
+#include "platform/local_files.h"
 #include "platform/processes.h"
 
 #include <string>
@@ -13,7 +14,7 @@ public:
     /// Milliseconds that the program is given after its key.
     static constexpr long kWait = 4'000;
 
-    BattleLan(Desk desk, Processes& processes, Files& files, std::string systemDirectory)
+    BattleLan(Desk desk, Processes& processes, LocalFiles& files, std::string systemDirectory)
         : desk(desk), processes(processes), files(files), systemDirectory(std::move(systemDirectory)) {}
 
     /// Writes the addresses of the room's users, starts the program and presses its key. A blocking wait.
@@ -22,7 +23,7 @@ public:
 private:
     Desk desk;
     Processes& processes;
-    Files& files;
+    LocalFiles& files;
     std::string systemDirectory;
 };
 

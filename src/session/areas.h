@@ -15,6 +15,7 @@
 #include "session/keep_alive.h"
 #include "session/logon.h"
 #include "session/server_messages.h"
+#include "update/update.h"
 
 namespace ombrin {
 
@@ -31,7 +32,6 @@ struct AreaNeeds {
     directplay::Service& directPlay;
     Disks& disks;
     Waiter& waiter;
-    Files& files;
     LogonDialogs dialogs;
     RoomDialogs roomDialogs;
     PMDialog& pmDialog;
@@ -44,6 +44,8 @@ struct AreaNeeds {
     const std::string& roomWord;
     std::string appPath, systemDirectory;
     std::function<void()> closeClient;
+    LocalFiles& localFiles;
+    UpdateServices update;
 };
 
 struct Areas {
@@ -57,7 +59,7 @@ struct Areas {
           lobbies(desk, autoStart, needs.dialogs.connection, needs.lobbyFilter, needs.dialogs.mainLobby),
           users(desk, ignored, lobbies, rooms, buddies, needs.dialogs.connection, needs.sound),
           configuration(desk, needs.configurationDialogs, autoStart, lobbies, needs.textColours, needs.processes),
-          battleLan(desk, needs.processes, needs.files, needs.systemDirectory),
+          battleLan(desk, needs.processes, needs.localFiles, needs.systemDirectory),
           directPlay8(desk, needs.directPlay, needs.registry, needs.processes),
           directPlay(desk, directPlay8, autoStart,
                      {needs.directPlay, needs.processes, needs.registry, needs.roomDialogs.newRoom}),
@@ -65,7 +67,7 @@ struct Areas {
                    needs.alarms),
           discovery(desk, needs.findingGame, autoStart, needs.disks, needs.registry, needs.waiter),
           connector(desk, needs.alarms), logon(desk, needs.dialogs, connector, needs.layout, needs.closeClient),
-          keepAlive(desk, {ignored, position, connector, logon}, needs.dialogs, frame) {}
+          keepAlive(desk, {ignored, position, connector, logon}, needs.dialogs, frame), update(desk, needs.update) {}
 
     Session& session;
     Sound& sound;
@@ -91,6 +93,7 @@ struct Areas {
     Connector connector;
     Logon logon;
     KeepAlive keepAlive;
+    Update update;
 };
 
 } // namespace ombrin

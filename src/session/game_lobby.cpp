@@ -22,7 +22,7 @@ Dialogs::Dialogs(ModalStack& stack, Settings& settings, Session& session, IniFil
       NewRoom(stack, messages, language, trap), RoomPassword(stack, messages, language, trap),
       PMDialog(stack, settings, messages, language, clipboard, trap),
       ConfigureGame(stack, settings, files, session, messages.boxes, language, trap), frmAbout(stack),
-      PauseAV(stack, language, trap), FindingGame(stack) {}
+      PauseAV(stack, language, trap), FindingGame(stack), DownloadProgress(stack, language, trap) {}
 
 GameLobby::GameLobby(Platform given)
     : platform(std::move(given)), stack(platform.waiter, platform.holdEvents), boxes(stack),
@@ -42,6 +42,9 @@ GameLobby::GameLobby(Platform given)
       link(platform.network, session, messages, log,
            {[this] { Winsock_Connect(); }, [this](std::size_t) { Winsock_DataArrival(); },
             [this] { areas->keepAlive.Winsock_Close(); }, [this](ConnectFailure why) { Winsock_Failed(why); }}) {
+    const auto closeClient = [this] {
+        if (CloseClient) CloseClient();
+    };
     areas = std::make_unique<Areas>(
         Desk{view, session, link, messages, language, settings, iniFiles, trap},
         AreaNeeds{.sound = platform.sound,
@@ -55,7 +58,6 @@ GameLobby::GameLobby(Platform given)
                   .directPlay = platform.directPlay,
                   .disks = platform.disks,
                   .waiter = platform.waiter,
-                  .files = platform.files,
                   .dialogs = {dialogs.UsrNmPwIP, dialogs.CreateAccount, dialogs.Connection, dialogs.ExeMainLobby},
                   .roomDialogs = {dialogs.NewRoom, dialogs.RoomPassword},
                   .pmDialog = dialogs.PMDialog,
@@ -68,9 +70,11 @@ GameLobby::GameLobby(Platform given)
                   .roomWord = viewLanguage.m_sRoomWord,
                   .appPath = platform.places.AppPath(),
                   .systemDirectory = platform.places.SystemDirectory(),
-                  .closeClient = [this] {
-                      if (CloseClient) CloseClient();
-                  }});
+                  .closeClient = closeClient,
+                  .localFiles = platform.localFiles,
+                  .update = {platform.network, platform.alarms, platform.localFiles, platform.components,
+                             platform.integrity, platform.processes, dialogs.DownloadProgress, platform.places,
+                             closeClient}});
 }
 
 GameLobby::~GameLobby() = default;
@@ -93,6 +97,7 @@ void GameLobby::Start(std::optional<std::string> userData) {
     InitializeMSFlexGrid(view.msflxMainChatLines, false);
     InitializeMSFlexGrid(view.msflexRoomLines, false);
     LoadTracingOn(session, settings);
+    areas->update.FindDirectories();
     layout.UserControl_Resize();
     view.SetEnabled(false);
     dialogs.UsrNmPwIP.Closed = false;

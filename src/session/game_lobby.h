@@ -7,8 +7,11 @@
 #include "launch/directplay/cls_direct_play.h"
 #include "lobby/text_colour.h"
 #include "platform/alarms.h"
+#include "platform/components.h"
 #include "platform/desktop.h"
 #include "platform/disks.h"
+#include "platform/integrity.h"
+#include "platform/local_files.h"
 #include "platform/network.h"
 #include "platform/notifier.h"
 #include "platform/pings.h"
@@ -34,11 +37,14 @@ struct Platform {
     Alarms& alarms;
     const Clock& clock;
     Files& files;
+    LocalFiles& localFiles;
     Sound& sound;
     Clipboard& clipboard;
     Pings& pings;
     Notifier& notifier;
     Processes& processes;
+    Components& components;
+    Integrity& integrity;
     Registry& registry;
     directplay::Service& directPlay;
     Disks& disks;
@@ -67,10 +73,12 @@ struct Dialogs {
     ombrin::frmAbout frmAbout;
     ombrin::PauseAV PauseAV;
     ombrin::FindingGame FindingGame;
+    ombrin::DownloadProgress DownloadProgress;
 
     std::vector<Form*> All() {
-        return {&ChooseLanguage, &Connection, &LobbyFilter,   &ExeMainLobby, &UsrNmPwIP, &CreateAccount, &NewRoom,
-                &RoomPassword,   &PMDialog,   &ConfigureGame, &frmAbout,     &PauseAV,   &FindingGame};
+        return {&ChooseLanguage, &Connection, &LobbyFilter,  &ExeMainLobby,    &UsrNmPwIP,
+                &CreateAccount,  &NewRoom,    &RoomPassword, &PMDialog,        &ConfigureGame,
+                &frmAbout,       &PauseAV,    &FindingGame,  &DownloadProgress};
     }
 };
 

@@ -78,7 +78,7 @@ constexpr std::array kServerCodes{
     ServerCode{"47", [](Areas& a, Payload p) { a.users.AddAllUsersToListBox(p); }},
     ServerCode{"48", [](Areas& a, Payload p) { a.users.AddUserToAllUsersListBox(p); }},
     ServerCode{"49", [](Areas& a, Payload p) { a.users.RemoveUserFromAllUsersListBox(p); }},
-    ServerCode{"50", kUnserved},
+    ServerCode{"50", [](Areas& a, Payload p) { a.update.GetFilesFromServer(p); }},
 };
 
 static_assert(std::equal(kServerCodes.begin(), kServerCodes.end(), kServerCodeNames.begin(), kServerCodeNames.end(),

@@ -48,7 +48,7 @@ public:
     bool Run();
 
     // The server's side
-    recording::PlayedSocket& Server() { return *world.network.last; }
+    recording::PlayedSocket& Server() { return world.network.Named("Winsock"); }
     void Accepts();
     void Sends(const std::string& data);
 

@@ -12,6 +12,7 @@ import launch_cases     # noqa: F401, as each of them adds to the list
 import lobby_cases      # noqa: F401, as each of them adds to the list
 import position_cases   # noqa: F401
 import room_cases       # noqa: F401
+import update_cases     # noqa: F401
 from casebook import CASES
 from evening import Evening, Failure, Refused, leave_nothing_when_stopped
 

@@ -44,28 +44,28 @@ protected:
 TEST_F(TellingNetworkTest, TellsAWholeConnectionInItsOrder) {
     Make(true);
     socket->Connect();
-    EXPECT_EQ(played.last->RemoteHost, "lobby");
-    EXPECT_EQ(played.last->RemotePort, 80);
-    played.last->Accept();
+    EXPECT_EQ(played.Named("Winsock").RemoteHost, "lobby");
+    EXPECT_EQ(played.Named("Winsock").RemotePort, 80);
+    played.Named("Winsock").Accept();
     EXPECT_TRUE(socket->IsConnected());
     socket->SendData("Ombrin:28::~");
-    played.last->Sends("38:~");
+    played.Named("Winsock").Sends("38:~");
     EXPECT_EQ(socket->GetData(), "38:~");
-    played.last->CloseByPeer();
-    played.last->Fail(ConnectFailure::TimedOut);
+    played.Named("Winsock").CloseByPeer();
+    played.Named("Winsock").Fail(ConnectFailure::TimedOut);
     EXPECT_THAT(told, ElementsAre("connect host=lobby port=80 socket=Winsock", "connected socket=Winsock",
                                   "sent socket=Winsock data=Ombrin:28::~", "received socket=Winsock data=38:~",
                                   "closed socket=Winsock", "failed socket=Winsock why=timed out"));
-    EXPECT_THAT(played.last->sent, ElementsAre("Ombrin:28::~"));
+    EXPECT_THAT(played.Named("Winsock").sent, ElementsAre("Ombrin:28::~"));
     EXPECT_EQ(events, "cdxf");
 }
 
 TEST_F(TellingNetworkTest, KeepsDataToItselfWhenItIsNotWanted) {
     Make(false);
     socket->Connect();
-    played.last->Accept();
+    played.Named("Winsock").Accept();
     socket->SendData("secret");
-    played.last->Sends("secret");
+    played.Named("Winsock").Sends("secret");
     EXPECT_EQ(socket->GetData(), "secret");
     EXPECT_THAT(told, ElementsAre("connect host=lobby port=80 socket=Winsock", "connected socket=Winsock"));
 }
@@ -75,10 +75,10 @@ TEST_F(TellingNetworkTest, RaisesTheOrderedErrorsOneATryAndTheLastForEver) {
     network->connectErrors = {10048, 10065, 0};
     EXPECT_EQ(ConnectNumber(), 10048);
     EXPECT_EQ(ConnectNumber(), 10065);
-    EXPECT_EQ(played.last->connects, 0);
+    EXPECT_EQ(played.Named("Winsock").connects, 0);
     EXPECT_EQ(ConnectNumber(), 0);
     EXPECT_EQ(ConnectNumber(), 0);
-    EXPECT_EQ(played.last->connects, 2);
+    EXPECT_EQ(played.Named("Winsock").connects, 2);
     EXPECT_EQ(told.size(), 4U) << "each try is told, also one that fails";
     network->connectErrors = {11001};
     EXPECT_EQ(ConnectNumber(), 11001);
@@ -89,8 +89,8 @@ TEST_F(TellingNetworkTest, ShowsTheLocalPortThatIsSettledOnlyWithTheConnection) 
     Make(false);
     socket->Connect();
     EXPECT_EQ(socket->LocalPort, 0); // the name is being looked up
-    played.last->LocalPort = 40'000;
-    played.last->Accept();
+    played.Named("Winsock").LocalPort = 40'000;
+    played.Named("Winsock").Accept();
     EXPECT_EQ(socket->LocalPort, 40'000);
     socket->Close();
     EXPECT_EQ(socket->LocalPort, 0);

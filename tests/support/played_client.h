@@ -43,7 +43,7 @@ public:
     void Passes(Milliseconds time);
 
     // The server
-    recording::PlayedSocket& Server() { return *world.network.last; }
+    recording::PlayedSocket& Server() { return world.network.Named("Winsock"); }
     void Accepts();
     void Sends(const std::string& data);
     /// The oldest message that was not looked at yet, empty when there is none.

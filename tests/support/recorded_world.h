@@ -6,9 +6,12 @@
 #include "platform/posix/clock.h"
 #include "platform/posix/event_loop.h"
 #include "platform/recording/memory_files.h"
+#include "platform/recording/memory_local_files.h"
 #include "platform/recording/recording_applications.h"
+#include "platform/recording/recording_components.h"
 #include "platform/recording/recording_desktop.h"
 #include "platform/recording/recording_disks.h"
+#include "platform/recording/recording_integrity.h"
 #include "platform/recording/recording_network.h"
 #include "platform/recording/recording_notifier.h"
 #include "platform/recording/recording_pings.h"
@@ -26,12 +29,15 @@ struct RecordedWorld {
     VirtualClock clock;
     EventLoop loop{clock};
     recording::MemoryFiles files;
+    recording::MemoryLocalFiles localFiles{files};
     recording::PlayedNetwork network;
     recording::RecordingSound sound{journal};
     recording::RecordingClipboard clipboard{journal};
     recording::RecordingPings pings{journal};
     recording::RecordingNotifier notifier{journal};
     recording::RecordingProcesses processes{journal};
+    recording::RecordingComponents components{journal};
+    recording::RecordingIntegrity integrity;
     recording::RecordingOpener opener{journal};
     recording::FixedMeasure measure;
     Places places{"/home"};
@@ -46,11 +52,14 @@ struct RecordedWorld {
                 loop,
                 clock,
                 files,
+                localFiles,
                 sound,
                 clipboard,
                 pings,
                 notifier,
                 processes,
+                components,
+                integrity,
                 registry,
                 directPlay,
                 disks,

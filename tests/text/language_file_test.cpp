@@ -126,8 +126,6 @@ TEST_F(LanguageFile, NoMenuHasTwoEntriesUnderOneLetter) {
 }
 
 TEST_F(LanguageFile, EveryCaptionBelongsToAControlOfItsPlace) {
-    // Dialogs that have keys already and are still to come.
-    constexpr std::string_view kToCome[] = {"DownloadProgress"};
     Settings settings(files, "/settings.ini");
     recording::RecordingOpener opener([](const recording::Event&) {});
     ConfigurableButtons targets(inis, opener, boxes, trap, "/app");
@@ -138,7 +136,6 @@ TEST_F(LanguageFile, EveryCaptionBelongsToAControlOfItsPlace) {
     View view(loop);
     for (const CaptionKey& row : kCaptionKeys) {
         SCOPED_TRACE(std::string(row.place) + "." + std::string(row.control));
-        if (std::count(std::begin(kToCome), std::end(kToCome), row.place) > 0) continue;
         const Container* place = row.place == view.Name() ? &view : nullptr;
         for (const Form* form : dialogs.All())
             if (form->Name() == row.place) place = form;
@@ -152,8 +149,6 @@ TEST_F(LanguageFile, EveryCaptionBelongsToAControlOfItsPlace) {
             EXPECT_NE(dynamic_cast<const Captioned*>(place->Find(row.control)), nullptr);
         }
     }
-    for (const Form* form : dialogs.All())
-        EXPECT_EQ(std::count(std::begin(kToCome), std::end(kToCome), form->Name()), 0) << form->Name() << " has come";
 }
 
 } // namespace

@@ -335,12 +335,15 @@ struct Commands::Table {
         std::optional<std::vector<std::string>> drives;
         std::optional<int> open;
         std::optional<bool> directPlay;
+        std::optional<bool> registers;
         for (const auto& [field, value] : a.json.items()) {
             if (field == "do") continue;
             if (field == "open" && value.is_number_integer())
                 open = value.get<int>();
             else if (field == "directplay" && value.is_boolean())
                 directPlay = value.get<bool>();
+            else if (field == "register" && value.is_boolean())
+                registers = value.get<bool>();
             else if (field == "connect")
                 connect = ConnectErrors(value);
             else if (field == "ping")
@@ -358,6 +361,7 @@ struct Commands::Table {
         if (pings) c.world.pings.answers = *pings;
         if (starts) c.world.processes.starts = *starts;
         if (drives) c.world.disks.roots = *drives;
+        if (registers) c.world.components.works = *registers;
         return {};
     }
 

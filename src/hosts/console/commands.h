@@ -4,6 +4,7 @@
 #include "foundation/code_page.h"
 #include "hosts/console/console_loop.h"
 #include "launch/directplay/registry_service.h"
+#include "platform/recording/recording_components.h"
 #include "platform/recording/recording_desktop.h"
 #include "platform/recording/recording_disks.h"
 #include "platform/recording/recording_network.h"
@@ -22,6 +23,7 @@ struct World {
     recording::RecordingOpener& opener;
     recording::RecordingPings& pings;
     recording::RecordingProcesses& processes;
+    recording::RecordingComponents& components;
     recording::RecordingDisks& disks;
     directplay::RegistryService& directPlay;
 };

@@ -3,12 +3,16 @@
 #include "hosts/console/reading.h"
 #include "hosts/game_machine.h"
 #include "launch/directplay/registry_service.h"
+#include "platform/posix/client_start.h"
 #include "platform/posix/end_signals.h"
 #include "platform/posix/home.h"
+#include "platform/posix/posix_components.h"
 #include "platform/posix/posix_desktop.h"
+#include "platform/posix/posix_local_files.h"
 #include "platform/posix/posix_network.h"
 #include "platform/posix/posix_pings.h"
 #include "platform/recording/recording_applications.h"
+#include "platform/sodium/sodium_integrity.h"
 
 #include <CLI/CLI.hpp>
 #include <clocale>
@@ -71,6 +75,8 @@ int Run(const Options& options) {
     const CodePage& page = CodePageOfStore(root);
     PosixFiles files(page);
     const Places places = PreparePlaces(root, page, files);
+    ExportHome(root);
+    const FileLock clientFiles = HoldClientFiles(places, files);
 
     const SystemClock realClock;
     VirtualClock virtualClock;
@@ -85,11 +91,15 @@ int Run(const Options& options) {
     recording::RecordingClipboard recordedClipboard(journal);
     recording::RecordingPings recordedPings(journal);
     recording::RecordingProcesses recordedProcesses(journal);
+    recording::RecordingComponents recordedComponents(journal);
     recording::RecordingOpener recordedOpener(journal);
     PosixSound sound(root + "/app", page, loop);
     PosixClipboard clipboard(page);
     PosixPings pings(loop);
     NoNotifier notifier;
+    PosixLocalFiles localFiles(page);
+    PosixComponents components(page);
+    SodiumIntegrity integrity;
     GameMachine machine(files, places, page, loop);
     recording::RecordingApplications recordedApplications(journal);
     const bool realProcesses = options.IsReal("process");
@@ -99,18 +109,32 @@ int Run(const Options& options) {
     PosixOpener opener(page);
     const recording::FixedMeasure measure;
 
-    GameLobby client({network, events, clock, files,
+    GameLobby client({network,
+                      events,
+                      clock,
+                      files,
+                      localFiles,
                       options.IsReal("sound") ? static_cast<Sound&>(sound) : recordedSound,
                       options.IsReal("clipboard") ? static_cast<Clipboard&>(clipboard) : recordedClipboard,
-                      options.IsReal("ping") ? static_cast<Pings&>(pings) : recordedPings, notifier,
-                      realProcesses ? static_cast<Processes&>(machine.processes) : recordedProcesses, machine.registry,
-                      directPlay, disks, options.IsReal("open") ? static_cast<TargetOpener&>(opener) : recordedOpener,
-                      measure, loop, [&](bool held) { events.Hold(held); }, places});
+                      options.IsReal("ping") ? static_cast<Pings&>(pings) : recordedPings,
+                      notifier,
+                      realProcesses ? static_cast<Processes&>(machine.processes) : recordedProcesses,
+                      options.IsReal("register") ? static_cast<Components&>(components) : recordedComponents,
+                      integrity,
+                      machine.registry,
+                      directPlay,
+                      disks,
+                      options.IsReal("open") ? static_cast<TargetOpener&>(opener) : recordedOpener,
+                      measure,
+                      loop,
+                      [&](bool held) { events.Hold(held); },
+                      places});
     client.CloseClient = [&] { journal({"CloseClient", {}}); };
     Teller teller(loop, page);
     client.Stack().SetObserver(&teller);
-    Commands commands(client, loop, {network, recordedOpener, recordedPings, recordedProcesses, disks, directPlay},
-                      page);
+    Commands commands(
+        client, loop,
+        {network, recordedOpener, recordedPings, recordedProcesses, recordedComponents, disks, directPlay}, page);
     loop.Attach(commands, client.Stack());
 
     const EndSignals signals(events, [&] { client.Stack().RequestEnd(); });

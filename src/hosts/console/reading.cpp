@@ -47,6 +47,9 @@ public:
             out["caption"] = Text(static_cast<const OptionButton&>(control).Caption());
             out["on"] = static_cast<const OptionButton&>(control).On();
             break;
+        case ControlKind::ProgressBar:
+            out["value"] = static_cast<const ProgressBar&>(control).Value();
+            break;
         case ControlKind::StatusBar:
             out["text"] = Text(static_cast<const StatusBar&>(control).Text());
             break;
@@ -78,7 +81,7 @@ private:
     bool HasText() const {
         const ControlKind kind = control.Kind();
         return kind != ControlKind::Image && kind != ControlKind::Menu && kind != ControlKind::MenuEntry &&
-               kind != ControlKind::Timer && kind != ControlKind::ColourSwatch;
+               kind != ControlKind::Timer && kind != ControlKind::ColourSwatch && kind != ControlKind::ProgressBar;
     }
 
     std::string Text(std::string_view bytes) const { return page.ToUtf8(bytes); }

@@ -8,11 +8,15 @@
 #include "hosts/desktop/windows.h"
 #include "hosts/game_machine.h"
 #include "launch/directplay/registry_service.h"
+#include "platform/posix/client_start.h"
 #include "platform/posix/clock.h"
 #include "platform/posix/end_signals.h"
 #include "platform/posix/home.h"
+#include "platform/posix/posix_components.h"
+#include "platform/posix/posix_local_files.h"
 #include "platform/posix/posix_network.h"
 #include "platform/posix/posix_pings.h"
+#include "platform/sodium/sodium_integrity.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -29,6 +33,9 @@ int Run(QApplication& application, const std::optional<std::string>& home) {
     const CodePage& page = CodePageOfStore(root);
     PosixFiles files(page);
     const Places places = PreparePlaces(root, page, files);
+    ExportHome(root);
+    FinishHandOverFirst(places, files);
+    const FileLock clientFiles = HoldClientFiles(places, files);
 
     Look::Install(application);
     const SystemClock clock;
@@ -43,14 +50,34 @@ int Run(QApplication& application, const std::optional<std::string>& home) {
         if (front != nullptr) BringUp(*front);
     });
     DesktopNotifier notifier(page, announcer);
+    PosixLocalFiles localFiles(page);
+    PosixComponents components(page);
+    SodiumIntegrity integrity;
     GameMachine machine(files, places, page, loop);
     directplay::RegistryService directPlay(machine.registry, machine.applications);
     QtOpener opener(page);
     const QtMeasure measure(Look::ChatFont(), page);
 
-    GameLobby client({network, events, clock, files, sound, clipboard, pings, notifier, machine.processes,
-                      machine.registry, directPlay, machine.disks, opener, measure, loop,
-                      [&](bool held) { events.Hold(held); }, places});
+    GameLobby client({network,
+                      events,
+                      clock,
+                      files,
+                      localFiles,
+                      sound,
+                      clipboard,
+                      pings,
+                      notifier,
+                      machine.processes,
+                      components,
+                      integrity,
+                      machine.registry,
+                      directPlay,
+                      machine.disks,
+                      opener,
+                      measure,
+                      loop,
+                      [&](bool held) { events.Hold(held); },
+                      places});
     // The event only notes the wish, so that the raising routine finishes its steps.
     client.CloseClient = [&] { events.Post([&] { client.Stack().RequestEnd(); }); };
     Board board(loop, client.Input(), page);

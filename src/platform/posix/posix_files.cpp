@@ -1,8 +1,8 @@
 #include "platform/posix/posix_files.h"
 
 #include "foundation/runtime_error.h"
-#include "foundation/text.h"
 #include "platform/posix/descriptor.h"
+#include "platform/posix/native_files.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -21,44 +21,16 @@ namespace {
 
 constexpr mode_t kForEverybody = 0644, kForUserOnly = 0600;
 
-std::string FolderOf(const std::string& native) {
-    const std::size_t slash = native.rfind('/');
-    return slash == std::string::npos ? "." : slash == 0 ? "/" : native.substr(0, slash);
-}
-
-std::string NameOf(const std::string& native) { return native.substr(native.rfind('/') + 1); }
-
-[[noreturn]] void Raise(const std::string& path) {
-    const int problem = errno;
-    ErrorNumber number = ErrorNumber::DeviceIo;
-    if (problem == ENOENT) number = ErrorNumber::FileNotFound;
-    if (problem == ENOTDIR || (problem == ENOENT && access(FolderOf(path).c_str(), F_OK) != 0))
-        number = ErrorNumber::PathNotFound;
-    if (problem == EACCES || problem == EPERM || problem == EROFS || problem == EISDIR)
-        number = ErrorNumber::PathAccess;
-    if (problem == ENOSPC || problem == EDQUOT) number = ErrorNumber::DiskFull;
-    throw RuntimeError(number, Join(RuntimeError(number).what(), ": ", path));
-}
-
-void WriteAll(int descriptor, std::string_view bytes, const std::string& path) {
-    while (!bytes.empty()) {
-        const ssize_t written = write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written < 0) Raise(path);
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-}
-
 std::string ReadAll(int descriptor, const std::string& path) {
     struct stat info {};
-    if (fstat(descriptor, &info) != 0) Raise(path);
+    if (fstat(descriptor, &info) != 0) RaiseLastProblem(path);
     std::string bytes;
     bytes.resize(static_cast<std::size_t>(std::max<off_t>(info.st_size, 0)) + 1);
     std::size_t length = 0;
     while (true) {
         const ssize_t taken = read(descriptor, bytes.data() + length, bytes.size() - length);
         if (taken < 0 && errno == EINTR) continue;
-        if (taken < 0) Raise(path);
+        if (taken < 0) RaiseLastProblem(path);
         if (taken == 0) break;
         length += static_cast<std::size_t>(taken);
         if (length == bytes.size()) bytes.resize(bytes.size() * 2);
@@ -67,24 +39,14 @@ std::string ReadAll(int descriptor, const std::string& path) {
     return bytes;
 }
 
-/// Where a link leads, so that the swap replaces the file and not the link; its target need not be there yet.
-std::string Resolved(const std::string& native) {
-    constexpr int kLinks = 40; // as many as the system follows
-    std::filesystem::path path = native;
-    std::error_code none;
-    for (int i = 0; i < kLinks && std::filesystem::is_symlink(path, none); ++i)
-        path = path.parent_path() / std::filesystem::read_symlink(path, none);
-    return path.string();
-}
-
 std::string LockPath(const std::string& native) { return FolderOf(native) + "/." + NameOf(native) + ".lock"; }
 
 Descriptor Locked(const std::string& native, mode_t mode) {
     const std::string path = LockPath(native);
     Descriptor lock(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, mode));
-    if (!lock) Raise(path);
+    if (!lock) RaiseLastProblem(path);
     while (flock(lock.Number(), LOCK_EX) != 0)
-        if (errno != EINTR) Raise(path);
+        if (errno != EINTR) RaiseLastProblem(path);
     return lock;
 }
 
@@ -94,18 +56,17 @@ void Swap(const std::string& native, std::string_view bytes, mode_t mode) {
     const std::string aside = FolderOf(native) + "/." + NameOf(native) + ".new";
     unlink(aside.c_str());
     Descriptor file(open(aside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kForUserOnly));
-    if (!file) Raise(native);
+    if (!file) RaiseLastProblem(native);
     try {
-        if (fchmod(file.Number(), mode) != 0) Raise(native);
+        if (fchmod(file.Number(), mode) != 0) RaiseLastProblem(native);
         WriteAll(file.Number(), bytes, native);
-        if (fsync(file.Number()) != 0) Raise(native);
-        if (rename(aside.c_str(), native.c_str()) != 0) Raise(native);
+        if (fsync(file.Number()) != 0) RaiseLastProblem(native);
+        if (rename(aside.c_str(), native.c_str()) != 0) RaiseLastProblem(native);
     } catch (...) {
         unlink(aside.c_str());
         throw;
     }
-    const Descriptor folder(open(FolderOf(native).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (folder) fsync(folder.Number());
+    FlushFolder(FolderOf(native));
 }
 
 } // namespace
@@ -128,7 +89,7 @@ std::optional<Files::Stamp> PosixFiles::StampOf(const std::string& path) const {
 std::string PosixFiles::Read(const std::string& path) const {
     const std::string native = Native(path);
     const Descriptor file(open(native.c_str(), O_RDONLY | O_CLOEXEC));
-    if (!file) Raise(native);
+    if (!file) RaiseLastProblem(native);
     return ReadAll(file.Number(), native);
 }
 
@@ -142,7 +103,7 @@ void PosixFiles::Update(const std::string& path, Readers readers, const Change& 
         struct stat info {};
         if (readers == Readers::Everybody && fstat(file.Number(), &info) == 0) mode = info.st_mode & 07777;
     } else if (errno != ENOENT) {
-        Raise(native);
+        RaiseLastProblem(native);
     }
     const auto changed = change(old);
     if (changed && changed != old) Swap(native, *changed, mode);
@@ -152,14 +113,14 @@ void PosixFiles::AppendRecord(const std::string& path, std::string_view record, 
     const std::string native = Native(path);
     const auto openForAppending = [&] {
         Descriptor file(open(native.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, kForUserOnly));
-        if (!file) Raise(native);
+        if (!file) RaiseLastProblem(native);
         return file;
     };
     Descriptor file = openForAppending();
     struct stat info {};
     if (fstat(file.Number(), &info) == 0 && static_cast<std::uint64_t>(info.st_size) > limit) {
         file.Reset();
-        if (unlink(native.c_str()) != 0) Raise(native);
+        if (unlink(native.c_str()) != 0) RaiseLastProblem(native);
         file = openForAppending();
     }
     WriteAll(file.Number(), record, native);
@@ -183,13 +144,13 @@ void PosixFiles::MakeFolder(const std::string& path, Readers readers) const {
         const std::string part = native.substr(0, at);
         const bool last = at == std::string::npos;
         const mode_t mode = last && readers == Readers::UserOnly ? 0700 : 0755;
-        if (mkdir(part.c_str(), mode) != 0 && errno != EEXIST && (last || errno != EROFS)) Raise(part);
+        if (mkdir(part.c_str(), mode) != 0 && errno != EEXIST && (last || errno != EROFS)) RaiseLastProblem(part);
         if (last) break;
     }
     struct stat info {};
     if (stat(native.c_str(), &info) != 0 || !S_ISDIR(info.st_mode)) {
         errno = ENOTDIR;
-        Raise(native);
+        RaiseLastProblem(native);
     }
 }
 

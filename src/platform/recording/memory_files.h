@@ -17,6 +17,8 @@ public:
 
     /// Empty where there is no such file.
     std::string Content(const std::string& path) const;
+    /// Whether there was one.
+    bool Delete(const std::string& path) { return files.erase(Normal(path)) > 0; }
 
     int failAppends = 0; ///< an error number that appending raises, 0 for none
 

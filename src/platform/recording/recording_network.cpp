@@ -114,9 +114,9 @@ void PlayedSocket::CloseByPeer() {
     events.closed();
 }
 
-std::unique_ptr<Socket> PlayedNetwork::MakeSocket(const std::string&, Socket::Events events) {
+std::unique_ptr<Socket> PlayedNetwork::MakeSocket(const std::string& name, Socket::Events events) {
     auto socket = std::make_unique<PlayedSocket>(std::move(events));
-    last = socket.get();
+    sockets[name] = socket.get();
     return socket;
 }
 

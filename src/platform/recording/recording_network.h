@@ -5,6 +5,7 @@
 #include "platform/recording/event.h"
 
 #include <deque>
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -58,7 +59,11 @@ private:
 class PlayedNetwork : public Network {
 public:
     std::unique_ptr<Socket> MakeSocket(const std::string& name, Socket::Events events) override;
-    PlayedSocket* last = nullptr; ///< owned by whoever asked for it
+    /// Owned by whoever asked for it. Raises std::out_of_range where nobody did.
+    PlayedSocket& Named(const std::string& name) { return *sockets.at(name); }
+
+private:
+    std::map<std::string, PlayedSocket*> sockets;
 };
 
 } // namespace ombrin::recording

@@ -58,6 +58,34 @@ inline constexpr LanguageText kDownloadComplete{"DownloadComplete",
 inline constexpr LanguageText kDownloadingFile1{"DownloadingFile1", "Downloading file 1 of"};
 inline constexpr LanguageText kDownloadingFile{"DownloadingFile", "Downloading file"};
 inline constexpr LanguageText kOf{"Of", "of"};
+// What the check and the transfer of files say of their own: first what follows, then why.
+inline constexpr LanguageText kUpdateNotUsable{
+    "UpdateNotUsable", "The list of files from the server cannot be used, and nothing is downloaded."};
+inline constexpr LanguageText kUpdateNotAsSigned{
+    "UpdateNotAsSigned", "What was downloaded is not what was signed, and nothing of it was put in place."};
+inline constexpr LanguageText kUpdateNotAllInPlace{
+    "UpdateNotAllInPlace", "Not all files could be put in place.  This one and those after it are missing."};
+inline constexpr LanguageText kUpdateNoConnection{"UpdateNoConnection", "The update server cannot be reached."};
+inline constexpr LanguageText kUpdateBadName{"UpdateBadName", "this is no plain file name."};
+inline constexpr LanguageText kUpdateBadDirectory{"UpdateBadDirectory", "its directory does not exist."};
+inline constexpr LanguageText kUpdateNoClientDirectory{"UpdateNoClientDirectory",
+                                                       "the settings name no ClientDirectory."};
+inline constexpr LanguageText kUpdateBadSize{"UpdateBadSize", "its size is below zero."};
+inline constexpr LanguageText kUpdateTooManyFiles{"UpdateTooManyFiles", "the list is too long."};
+inline constexpr LanguageText kUpdateNamesMeet{"UpdateNamesMeet",
+                                               "its temporary name is the name of another file of the list."};
+inline constexpr LanguageText kUpdateNoSpace{"UpdateNoSpace", "there is not enough room on the disk."};
+inline constexpr LanguageText kUpdateBadKey{"UpdateBadKey", "the setting UpdateKey holds no key."};
+inline constexpr LanguageText kUpdateNoSums{"UpdateNoSums", "the server offers no signed sums."};
+inline constexpr LanguageText kUpdateBadSums{"UpdateBadSums", "the signed sums cannot be read."};
+inline constexpr LanguageText kUpdateBadSignature{"UpdateBadSignature", "the signature does not fit the key."};
+inline constexpr LanguageText kUpdateOtherVersion{"UpdateOtherVersion", "the list promised another version."};
+inline constexpr LanguageText kUpdateNotNamed{"UpdateNotNamed", "the signed sums do not name it."};
+inline constexpr LanguageText kUpdateNotThere{"UpdateNotThere", "it is missing or cannot be read."};
+inline constexpr LanguageText kUpdateTooShort{"UpdateTooShort", "it is too short."};
+inline constexpr LanguageText kUpdateTooLong{"UpdateTooLong", "it is too long."};
+inline constexpr LanguageText kUpdateOtherContent{"UpdateOtherContent", "its content is another one."};
+inline constexpr LanguageText kUpdateNoCopy{"UpdateNoCopy", "it could not be written."};
 inline constexpr LanguageText kReady{"Ready", "Ready"};
 inline constexpr LanguageText kInvalidLobbyPassword{"InvalidLobbyPassword", "Invalid lobby password"};
 inline constexpr LanguageText kAutoStart{"AutoStart", "Auto-start not configured. Press 'Configure' to set."};
@@ -102,6 +130,28 @@ inline constexpr std::array kMessageTexts{
     text::kDownloadingFile1,
     text::kDownloadingFile,
     text::kOf,
+    text::kUpdateNotUsable,
+    text::kUpdateNotAsSigned,
+    text::kUpdateNotAllInPlace,
+    text::kUpdateNoConnection,
+    text::kUpdateBadName,
+    text::kUpdateBadDirectory,
+    text::kUpdateNoClientDirectory,
+    text::kUpdateBadSize,
+    text::kUpdateTooManyFiles,
+    text::kUpdateNamesMeet,
+    text::kUpdateNoSpace,
+    text::kUpdateBadKey,
+    text::kUpdateNoSums,
+    text::kUpdateBadSums,
+    text::kUpdateBadSignature,
+    text::kUpdateOtherVersion,
+    text::kUpdateNotNamed,
+    text::kUpdateNotThere,
+    text::kUpdateTooShort,
+    text::kUpdateTooLong,
+    text::kUpdateOtherContent,
+    text::kUpdateNoCopy,
     text::kReady,
     text::kInvalidLobbyPassword,
     text::kAutoStart,

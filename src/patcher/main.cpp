@@ -1,0 +1,102 @@
+// OBPatch: started by the client just before it ends, it finishes the update and starts the client again.
+#include "foundation/settings.h"
+#include "foundation/text.h"
+#include "patcher/notice.h"
+#include "patcher/patch.h"
+#include "patcher/trial.h"
+#include "platform/posix/clock.h"
+#include "platform/posix/home.h"
+#include "platform/posix/posix_components.h"
+
+#include <CLI/CLI.hpp>
+#include <clocale>
+#include <iostream>
+
+namespace ombrin::patcher {
+
+namespace {
+
+constexpr Milliseconds kLongestRegistration{10'000};
+
+class StandardErrorBox : public PlainBox {
+public:
+    void ShowPlain(const std::string& text) override { std::cerr << "OBPatch: " << text << "\n"; }
+};
+
+/// The client's log has it all; the user hears what concerns him.
+class DesktopReporter : public Reporter {
+public:
+    DesktopReporter(Log& log, const CodePage& page) : log(log), page(page) {}
+
+    void Step(const std::string& what) override { Trace(what); }
+    void Waiting(const std::string& what) override { Tell(what, Urgency::Passing); }
+    void Failed(const std::string& what) override { Tell(what, Urgency::UntilRead); }
+
+private:
+    void Trace(const std::string& what) { log.TraceMessage(Join("OBPatch: ", page.FromUtf8(what).value_or(what))); }
+    void Tell(const std::string& what, Urgency urgency) {
+        Trace(what);
+        std::cerr << "OBPatch: " << what << "\n";
+        ShowNotice(what, urgency);
+    }
+
+    Log& log;
+    const CodePage& page;
+};
+
+int Run(double patience, double trial) {
+    const std::string root = HomeRoot(std::nullopt);
+    const CodePage& page = CodePageOfStore(root);
+    PosixFiles files(page);
+    const Places places = PreparePlaces(root, page, files);
+    ExportHome(root);
+
+    const SystemClock clock;
+    StandardErrorBox box;
+    Log log(files, clock, places.SystemDirectory(), box);
+    Trap trap(log);
+    DesktopReporter reporter(log, page);
+    Settings settings(files, places.SettingsFile());
+    PosixComponents components(page);
+    const auto milliseconds = [](double seconds) { return Milliseconds(static_cast<long>(seconds * 1000)); };
+    Patch patch{
+        .systemFolder = files.Native(places.SystemDirectory()),
+        .clientFolder = files.Native(settings.GetSetting("Settings", "ClientDirectory") + "/Client"),
+        .windowsFolder = files.Native(places.WindowsDirectory()),
+        .patience = milliseconds(patience),
+        .trial = milliseconds(trial),
+        // A component runs its own code when it is loaded. If that fails badly, the hand-over goes on all the same.
+        .registerComponent =
+            [&](const std::string& component) {
+                const std::string path = page.FromUtf8(component).value_or(component);
+                if (!RunApart([&] { RegisterServer(components, trap, path, true); }, kLongestRegistration))
+                    log.TraceMessage(Join(path, " failed to register"));
+            },
+        .reporter = reporter,
+    };
+    return patch.Run();
+}
+
+} // namespace
+
+} // namespace ombrin::patcher
+
+int main(int argc, char** argv) {
+    std::setlocale(LC_TIME, "");
+    double patience = 120, trial = 5;
+    CLI::App app{"Finishes an update of Ombrin when its client has ended, and starts it again.", "OBPatch"};
+    app.set_version_flag("--version", OMBRIN_VERSION);
+    const auto seconds = CLI::Range(0.0, 86'400.0);
+    app.add_option("--wait", patience, "how long to wait for a running client to end")->check(seconds)->type_name("S");
+    app.add_option("--trial", trial, "a client that fails within this time has not started")
+        ->check(seconds)
+        ->type_name("S");
+    CLI11_PARSE(app, argc, argv);
+    try {
+        return ombrin::patcher::Run(patience, trial);
+    } catch (const std::exception& error) {
+        std::cerr << "OBPatch: " << error.what() << "\n";
+        ombrin::patcher::ShowNotice(error.what(), ombrin::patcher::Urgency::UntilRead);
+        return 1;
+    }
+}

@@ -1,0 +1,93 @@
+#include "patcher/patch.h"
+
+#include "foundation/text.h"
+#include "patcher/trial.h"
+
+namespace ombrin::patcher {
+
+namespace {
+
+/// What a step raised, as a text; empty when it raised nothing.
+template <class Steps>
+std::string ProblemOf(Steps&& steps) {
+    try {
+        steps();
+        return "";
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+}
+
+} // namespace
+
+int Patch::Run() {
+    const HandOverFiles agreed(systemFolder);
+    constexpr Milliseconds kLook{1'000}; // a client that starts looks at this lock, too, for a moment
+    const auto alone = FileLock::Take(agreed.patcher, FileLock::Kind::Exclusive, kLook);
+    if (!alone) {
+        reporter.Step("another OBPatch is at work");
+        return 0;
+    }
+    reporter.Step("waiting for the client to end");
+    auto clientsGone = WaitForClients(agreed.clients);
+    if (!clientsGone) {
+        reporter.Failed("The update was not put in place: Ombrin is still running. End it and start OBPatch again.");
+        return 1;
+    }
+    // Each of the three stays in the folder that the list of files named for it, which may be any of these.
+    HandOver handOver({systemFolder, clientFolder, windowsFolder}, agreed.state,
+                      [&](const std::string& step) { reporter.Step(step); });
+    const std::string problem = TryNew(handOver, clientsGone);
+    if (!problem.empty()) return StartOld(handOver, agreed.clients, std::move(clientsGone), problem);
+    const std::string left = ProblemOf([&] { handOver.Finish(); });
+    if (!left.empty()) reporter.Failed(Join("The update is in place, but not everything is tidied up: ", left));
+    return left.empty() ? 0 : 1;
+}
+
+std::optional<FileLock> Patch::WaitForClients(const std::string& lock) {
+    if (auto taken = FileLock::Take(lock, FileLock::Kind::Exclusive, std::min(untilSaid, patience))) return taken;
+    if (patience <= untilSaid) return std::nullopt;
+    reporter.Waiting("The update waits for Ombrin to end.");
+    return FileLock::Take(lock, FileLock::Kind::Exclusive, patience - untilSaid);
+}
+
+/// Places what is there and starts the client; what went wrong, if something did.
+std::string Patch::TryNew(HandOver& handOver, std::optional<FileLock>& clientsGone) {
+    std::vector<std::string> components;
+    const std::string problem = ProblemOf([&] {
+        handOver.Settle();
+        components = handOver.Place();
+    });
+    if (!problem.empty()) return problem;
+    for (const std::string& component : components) registerComponent(component);
+    reporter.Step(Join("starting ", Client()));
+    clientsGone.reset(); // the client takes its share of the lock
+    const std::string failure = StartOnTrial(Client(), trial);
+    return failure.empty() ? "" : Join(Client(), " ", failure);
+}
+
+int Patch::StartOld(HandOver& handOver, const std::string& lock, std::optional<FileLock> clientsGone,
+                    const std::string& problem) {
+    reporter.Step(problem);
+    if (!handOver.HasKept()) {
+        reporter.Failed(Join("Ombrin could not be started: ", problem));
+        return 1;
+    }
+    if (!clientsGone) clientsGone = WaitForClients(lock); // one that was started by hand meanwhile
+    const std::string back =
+        clientsGone ? ProblemOf([&] { handOver.GoBack(); }) : std::string("Ombrin is still running");
+    if (!back.empty()) {
+        reporter.Failed(Join("The update failed: ", problem, ". The old files could not be put back: ", back,
+                             ". Start OBPatch again."));
+        return 1;
+    }
+    clientsGone.reset();
+    reporter.Step(Join("starting the old ", Client()));
+    const std::string failure = StartOnTrial(Client(), trial);
+    reporter.Failed(Join("The update failed: ", problem, ". ",
+                         failure.empty() ? "The old files are back in place and Ombrin was started again."
+                                         : Join("The old files are back in place, but Ombrin ", failure, ".")));
+    return 1;
+}
+
+} // namespace ombrin::patcher

@@ -1,0 +1,310 @@
+"""Updates: an older client, a server with newer files, the transfer, the patcher, and the new client running."""
+import functools
+import os
+import pathlib
+import random
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+
+from casebook import TWO_LOBBIES, case
+from evening import OK, PATIENCE, PROGRAMS, Failure, equal
+
+OLDER, NEWER = "0.0.9", "0.2.0"
+CANCEL = 2
+DIRECTORIES = {1: pathlib.Path("files", "Client"), 2: pathlib.Path("system")}
+QUESTION = "In order to continue a required download is available.  Download now?"
+
+# The release: name, directory, bytes behind the line with the version. The two programs are real ones.
+TEXTS = [("Readme.txt", 1, 100), ("Maps.dat", 1, 3_000_000), ("Rules.txt", 1, 8_000), ("Colours.txt", 1, 1),
+         ("Ombrin.ocx", 2, 20_000), ("Ping.ocx", 2, 5_000), ("Names.txt", 2, 70_000), ("Places.txt", 2, 4_096)]
+PROGRAM_FILES = [("OmbrinExe.exe", 1), ("OBPatch.exe", 2)]
+HANDED_OVER = {"OmbrinExe.exe", "Ombrin.ocx", "Ping.ocx"}
+
+
+@functools.lru_cache(maxsize=None)
+def stripped(program):
+    """As it is delivered: without what only a debugger reads, which is nine tenths of it."""
+    with tempfile.NamedTemporaryFile(prefix="ombrin-evening-") as file:
+        subprocess.run(["strip", "-o", file.name, PROGRAMS / program], check=True, timeout=PATIENCE)
+        return pathlib.Path(file.name).read_bytes()
+
+
+def stamped(program, version):
+    """One of our programs as if it had been built under another version."""
+    data = bytearray(stripped(program))
+    owner = data.index(b"\1\0\0\0Ombrin\0\0") + 4      # behind the note's type
+    size = int.from_bytes(data[owner - 8:owner - 4], "little")
+    text = version.encode().ljust(size, b"\0")
+    equal(len(text), size, "the length of a version in a note")
+    data[owner + 8:owner + 8 + size] = text
+    return bytes(data)
+
+
+HAS_WINDOW = (PROGRAMS / "OmbrinExe").exists()
+
+
+def the_client():
+    """The program that the patcher starts: with a window, where that is built."""
+    return "OmbrinExe" if HAS_WINDOW else "ombrin-console"
+
+
+def case_with_window(function):
+    """A case that there is only where the window is built."""
+    return case(function) if HAS_WINDOW else function
+
+
+def release(version):
+    """Its files by name: the directory and the content."""
+    content = {"OmbrinExe.exe": stamped(the_client(), version), "OBPatch.exe": stamped("OBPatch", version)}
+    files = {name: (code, content[name]) for name, code in PROGRAM_FILES}
+    noise = random.Random(version)
+    for name, code, size in TEXTS:
+        files[name] = code, f";FileVersion={version}\r\n".encode() + noise.randbytes(size)
+    return files
+
+
+def place(home, name, code):
+    return home / DIRECTORIES[code] / name
+
+
+def install(home, files):
+    """As an installer does."""
+    for name, (code, data) in files.items():
+        file = place(home, name, code)
+        file.parent.mkdir(parents=True, exist_ok=True)
+        file.write_bytes(data)
+        file.chmod(0o755 if data.startswith(b"\x7fELF") else 0o644)
+
+
+def installed(home, files):
+    """Which of the files are in place, by name."""
+    return {name for name, (code, data) in files.items() if place(home, name, code).is_file()
+            and place(home, name, code).read_bytes() == data}
+
+
+def left_over(home):
+    """Files under temporary names, old ones that were kept, and marks of a hand-over."""
+    return sorted(file.name for folder in DIRECTORIES.values() for file in (home / folder).iterdir()
+                  if file.is_file() and (file.stem[-1] in "78" or file.suffix in (".part", ".state", ".new")))
+
+
+def make_key(evening):
+    """The server's key; its public half."""
+    home = evening.scratch / "server"
+    home.mkdir()
+    made = subprocess.run([PROGRAMS / "ardvelle-server", "--make-update-key", home / "update.key"], check=True,
+                          capture_output=True, text=True, timeout=PATIENCE)
+    return made.stdout.split()[-1]
+
+
+class Update:
+    """A server with the newer files, and Ann, who has the older ones and is asked whether she wants them."""
+
+    def __init__(self, evening, key=False):
+        # What the patcher starts has no screen here.
+        os.environ.update(QT_QPA_PLATFORM="offscreen", DISPLAY="", WAYLAND_DISPLAY="")
+        self.old, self.new = release(OLDER), release(NEWER)
+        public = make_key(evening) if key else ""
+        offered = evening.scratch / "server" / "files"
+        offered.mkdir(parents=True)
+        for name, (_, data) in self.new.items():
+            (offered / name).write_bytes(data)
+        order = sorted(self.new, key=lambda name: name != "Readme.txt")
+        order.insert(1, order.pop(order.index("Maps.dat")))       # small, large, and the others
+        config = {**TWO_LOBBIES, "files": [{"name": n, "directory": self.new[n][0]} for n in order]}
+        if key:
+            config["updateKey"] = "update.key"
+        self.server = evening.server(config, "--open-accounts")
+        self.offered = offered
+
+        self.ann = evening.client("Ann", "--real=process,register", lobbies=("Chess", "Go"))
+        self.home = self.ann.home
+        install(self.home, self.old)
+        for name, value in (("ClientDirectory", self.home / "files"), ("UpdateKey", public)):
+            self.ann.do("setting", section="Settings", key=name, value=str(value))
+        self.ann.do("show")
+        self.ann.log_on(self.server)
+
+    def begin(self):
+        equal(self.ann.reads_box(OK), QUESTION, "the question")
+        until("the dialog", lambda: self.ann.top() == "DownloadProgress")
+
+    def reaches_file(self, number):
+        """Looks all the time: who lets the client go on until it is quiet sees the last file."""
+        wanted = f"Downloading file {number} of"
+        until(wanted, lambda: self.ann.get("DownloadProgress.DPLabel")["caption"].startswith(wanted))
+
+    def sees_the_end(self):
+        """The client asks to be ended, and nothing has changed on the disk. The boxes that came before."""
+        texts = []
+        while not self.ann.happened("CloseClient"):
+            self.ann.until("a box or the wish to end", lambda: self.ann.top() == "MessageBox"
+                           or self.ann.happened("CloseClient"))
+            if self.ann.top() == "MessageBox":
+                texts.append(self.ann.reads_box())
+        equal(installed(self.home, self.old), set(self.old), "the old files")
+        equal(left_over(self.home), [], "files left over")
+        return texts
+
+    def ends_like_a_cancel(self):
+        texts = self.sees_the_end()
+        if not texts or not texts[-1].startswith("Download canceled."):
+            raise Failure(f"the user does not read that the download is over: {texts}")
+        return texts
+
+    def hand_over(self):
+        """The dialog is done, the client ends, the patcher does its part; the process id of the new client."""
+        self.ann.until("the end of the transfer", lambda: self.ann.get("DownloadProgress.OK")["visible"])
+        self.ann.press("DownloadProgress.OK")
+        self.ann.until("the wish to end", lambda: self.ann.happened("CloseClient"))
+        equal(self.ann.quit(), 0, "the exit status of the old client")
+
+    def until_logged(self, text):
+        until(f"the log's line {text!r}", lambda: text in self.ann.log())
+
+
+def until(what, condition):
+    end = time.monotonic() + PATIENCE
+    while True:
+        seen = condition()
+        if seen:
+            return seen
+        if time.monotonic() > end:
+            raise Failure(f"waited {PATIENCE} s in vain for {what}")
+        time.sleep(0.002)
+
+
+def running(program):
+    """The processes that run this very file."""
+    found = []
+    for process in pathlib.Path("/proc").glob("[0-9]*"):
+        try:
+            if os.readlink(process / "exe") == str(program.resolve()):
+                found.append(int(process.name))
+        except OSError:
+            continue
+    return found
+
+
+def end_client(home):
+    """The client that the patcher has started, with a window where there is one, is there and ends when asked."""
+    program = place(home, "OmbrinExe.exe", 1)
+    if not HAS_WINDOW:
+        return      # without input it has ended by itself
+    for process in until("the new client", lambda: running(program)):
+        os.kill(process, signal.SIGTERM)
+    until("the end of the new client", lambda: not running(program))
+
+
+def whole_update(evening, key):
+    update = Update(evening, key)
+    update.begin()
+    update.hand_over()
+    update.until_logged("OBPatch: the hand-over ends")
+    end_client(update.home)
+    equal(installed(update.home, update.new), set(update.new), "the new files")
+    until("a tidy disk", lambda: not left_over(update.home))
+
+
+@case
+def an_update_is_fetched_and_put_in_place_and_the_new_client_starts(evening):
+    whole_update(evening, key=False)
+
+
+@case
+def a_signed_update_is_fetched_and_put_in_place(evening):
+    whole_update(evening, key=True)
+
+
+@case
+def who_refuses_an_update_ends_with_his_old_files(evening):
+    update = Update(evening)
+    equal(update.ann.reads_box(CANCEL), QUESTION, "the question")
+    equal(update.sees_the_end(), [], "boxes")
+
+
+@case
+def a_cancel_in_the_second_file_leaves_the_old_files_alone(evening):
+    update = Update(evening)
+    update.begin()
+    update.reaches_file(2)
+    update.ann.press("DownloadProgress.Cancel")
+    equal(len(update.ends_like_a_cancel()), 1, "boxes")
+
+
+@case
+def a_server_that_dies_in_the_middle_leaves_the_old_files_alone(evening):
+    update = Update(evening)
+    update.begin()
+    update.reaches_file(2)
+    update.server.kill()
+    update.ends_like_a_cancel()
+
+
+def refused_by_the_key(evening, spoil):
+    update = Update(evening, key=True)
+    spoil(update)
+    update.begin()
+    texts = update.ends_like_a_cancel()
+    if "Names.txt" not in texts[0]:
+        raise Failure(f"the user does not read which file is wrong: {texts}")
+
+
+@case
+def with_a_key_one_wrong_byte_puts_nothing_in_place(evening):
+    def spoil(update):
+        file = update.offered / "Names.txt"
+        times, data = file.stat(), bytearray(file.read_bytes())
+        data[40_000] ^= 1
+        file.write_bytes(data)
+        os.utime(file, ns=(times.st_atime_ns, times.st_mtime_ns))
+    refused_by_the_key(evening, spoil)
+
+
+@case
+def with_a_key_a_file_that_cannot_be_written_puts_nothing_in_place(evening):
+    refused_by_the_key(evening, lambda update: (update.home / "system" / "Names7.txt").mkdir())
+
+
+@case
+def a_target_that_is_read_only_stays_and_the_client_is_renewed_all_the_same(evening):
+    update = Update(evening)
+    place(update.home, "Names.txt", 2).chmod(0o444)
+    update.begin()
+    update.hand_over()
+    update.until_logged("OBPatch: the hand-over ends")
+    end_client(update.home)
+    equal(installed(update.home, update.old), {"Names.txt", "Places.txt"}, "what could not be put in place, and what "
+          "stands behind it")
+    if "Error: occured in module CopyTemporaryFiles().  Error number: 75" not in update.ann.log():
+        raise Failure("the log does not tell of it")
+
+
+@case_with_window
+def a_client_started_over_a_broken_hand_over_finishes_it_first(evening):
+    old, new = release(OLDER), release(NEWER)
+    home = evening.scratch / "Ann"
+    install(home, old)
+    (home / "settings.ini").write_text(f"[Settings]\nClientDirectory={home / 'files'}\n")
+    # As a patcher leaves it that was killed between two files.
+    (home / "system" / "OBPatch.state").write_text("placing\n")
+    shutil.copy(place(home, "Ping.ocx", 2), home / "system" / "Ping8.ocx")
+    place(home, "Ping.ocx", 2).write_bytes(new["Ping.ocx"][1])
+    (home / "system" / "Ombrin7.ocx").write_bytes(new["Ombrin.ocx"][1])
+    (home / "files" / "Client" / "OmbrinExe7.exe").write_bytes(new["OmbrinExe.exe"][1])
+
+    environment = {**os.environ, "QT_QPA_PLATFORM": "offscreen", "DISPLAY": "", "WAYLAND_DISPLAY": ""}
+    client = subprocess.Popen([place(home, "OmbrinExe.exe", 1), "--home", home], env=environment,
+                              stderr=subprocess.DEVNULL)
+    try:
+        equal(client.wait(PATIENCE), 0, "the exit status of the client that became the patcher")
+        end_client(home)
+    finally:
+        client.kill()
+        for process in running(place(home, "OmbrinExe.exe", 1)):
+            os.kill(process, signal.SIGKILL)
+    equal(installed(home, new), HANDED_OVER, "the new files")
+    equal(left_over(home), [], "files left over")
