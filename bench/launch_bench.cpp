@@ -67,10 +67,28 @@ struct Player {
     }
     Platform Real() {
         const Platform recorded = world.ForClient(waiter);
-        return {recorded.network,    recorded.alarms,    recorded.clock,    recorded.files,      recorded.localFiles,
-                recorded.sound,      recorded.clipboard, recorded.pings,    recorded.notifier,   processes,
-                recorded.components, recorded.integrity, recorded.registry, recorded.directPlay, disks,
-                recorded.opener,     recorded.measure,   recorded.waiter,   recorded.holdEvents, recorded.places};
+        return {recorded.network,
+                recorded.alarms,
+                recorded.clock,
+                recorded.files,
+                recorded.localFiles,
+                recorded.sound,
+                recorded.clipboard,
+                recorded.pings,
+                recorded.notifier,
+                recorded.browser,
+                recorded.pictures,
+                processes,
+                recorded.components,
+                recorded.integrity,
+                recorded.registry,
+                recorded.directPlay,
+                disks,
+                recorded.opener,
+                recorded.measure,
+                recorded.waiter,
+                recorded.holdEvents,
+                recorded.places};
     }
     void Sends(const std::string& data) { world.network.Named("Winsock").Sends(data); }
 };

@@ -32,6 +32,7 @@ enum class ControlKind {
     StatusBar,
     TextBox,
     Timer,
+    WebBrowser,
 };
 
 /// A 32-bit colour value, low byte red.

@@ -51,26 +51,26 @@ public:
     // Chat
     FlexGrid msflxMainChatLines{*this, "msflxMainChatLines"};
     TextBox MainText{*this, "MainText", {}};
-    Button SendMain{*this, "SendMain", "Send"};
+    Button SendMain{*this, "SendMain", "Send", ButtonPictures::BuiltIn()};
     FlexGrid msflexRoomLines{*this, "msflexRoomLines"};
     TextBox RoomText{*this, "RoomText", {}};
-    Button SendRoom{*this, "SendRoom", "Send"};
+    Button SendRoom{*this, "SendRoom", "Send", ButtonPictures::BuiltIn()};
     TextBox HiddenTextBox{*this, "HiddenTextBox", {}};
 
     // The column of buttons
-    Button Create{*this, "Create", "Create"};
-    Button Destroy{*this, "Destroy", "Destroy"};
-    Button Enter{*this, "Enter", "Enter"};
-    Button Leave{*this, "Leave", "Leave"};
-    Button Launch{*this, "Launch", "Launch"};
-    Button PM{*this, "PM", "Private Message"};
-    Button btnAddBuddy{*this, "btnAddBuddy", "Add Buddy"};
-    Button btnRemoveBuddy{*this, "btnRemoveBuddy", "Remove Buddy"};
-    Button btnConfigurable1{*this, "btnConfigurable1"};
-    Button btnConfigurable2{*this, "btnConfigurable2"};
-    Button btnConfigurable3{*this, "btnConfigurable3"};
-    Button btnConfigurable4{*this, "btnConfigurable4"};
-    Button btnConfigurable5{*this, "btnConfigurable5"};
+    Button Create{*this, "Create", "Create", ButtonPictures::BuiltIn()};
+    Button Destroy{*this, "Destroy", "Destroy", ButtonPictures::BuiltIn()};
+    Button Enter{*this, "Enter", "Enter", ButtonPictures::BuiltIn()};
+    Button Leave{*this, "Leave", "Leave", ButtonPictures::BuiltIn()};
+    Button Launch{*this, "Launch", "Launch", ButtonPictures::BuiltIn()};
+    Button PM{*this, "PM", "Private Message", ButtonPictures::BuiltIn()};
+    Button btnAddBuddy{*this, "btnAddBuddy", "Add Buddy", ButtonPictures::BuiltIn()};
+    Button btnRemoveBuddy{*this, "btnRemoveBuddy", "Remove Buddy", ButtonPictures::BuiltIn()};
+    Button btnConfigurable1{*this, "btnConfigurable1", "", ButtonPictures::BuiltIn()};
+    Button btnConfigurable2{*this, "btnConfigurable2", "", ButtonPictures::BuiltIn()};
+    Button btnConfigurable3{*this, "btnConfigurable3", "", ButtonPictures::BuiltIn()};
+    Button btnConfigurable4{*this, "btnConfigurable4", "", ButtonPictures::BuiltIn()};
+    Button btnConfigurable5{*this, "btnConfigurable5", "", ButtonPictures::BuiltIn()};
 
     // Other buttons
     Button Configure{*this, "Configure", "Configure"};
@@ -90,7 +90,7 @@ public:
     Image Image1{*this, "Image1"};
     Image OBSkin{*this, "OBSkin"};
     Image AVBrand{*this, "AVBrand"};
-    Image BannerAd{*this, "BannerAd"};
+    WebBrowser BannerAd{*this, "BannerAd"};
 
     // Menus
     MenuEntry PMMenu{*this, "PMMenu", "&Send Private Messaage..."};

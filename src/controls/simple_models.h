@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/control.h"
+#include "controls/picture.h"
 
 namespace ombrin {
 
@@ -31,9 +32,24 @@ public:
 
 class Button : public Captioned {
 public:
-    Button(Container& parent, std::string name, std::string caption = "")
-        : Captioned(parent, ControlKind::Button, std::move(name), std::move(caption)) {}
+    Button(Container& parent, std::string name, std::string caption = "", ButtonPictures pictures = {})
+        : Captioned(parent, ControlKind::Button, std::move(name), std::move(caption)), pictures(std::move(pictures)) {}
     std::function<void()> Click;
+
+    /// A button without any shows its caption.
+    const ButtonPictures& Pictures() const { return pictures; }
+    void SetPicture(Picture ButtonPictures::*state, Picture picture) {
+        if (pictures.*state == picture) return;
+        pictures.*state = std::move(picture);
+        Changed();
+    }
+    /// Flat instead of raised.
+    bool Flat() const { return flat; }
+    void SetFlat(bool on) { Set(flat, on); }
+
+private:
+    ButtonPictures pictures;
+    bool flat = false;
 };
 
 class CheckBox : public Captioned {
@@ -69,6 +85,17 @@ private:
 class Image : public Control {
 public:
     Image(Container& parent, std::string name) : Control(parent, ControlKind::Image, std::move(name)) {}
+    const ombrin::Picture& Picture() const { return picture; }
+    void SetPicture(ombrin::Picture other) { Set(picture, std::move(other)); }
+
+private:
+    ombrin::Picture picture = ombrin::Picture::BuiltIn();
+};
+
+/// The place of an embedded browser; the host's browser service shows the pages there.
+class WebBrowser : public Control {
+public:
+    WebBrowser(Container& parent, std::string name) : Control(parent, ControlKind::WebBrowser, std::move(name)) {}
 };
 
 /// A colour to look at.

@@ -28,6 +28,8 @@ const char* UsualDescription(ErrorNumber number) {
         return "Path not found";
     case ErrorNumber::ObjectNotSet:
         return "Object variable not set";
+    case ErrorNumber::InvalidPropertyValue:
+        return "Invalid property value";
     case ErrorNumber::FormAlreadyShown:
         return "Form already displayed; can't show modally";
     case ErrorNumber::ModelessUnderModal:
@@ -38,6 +40,8 @@ const char* UsualDescription(ErrorNumber number) {
         return "Object doesn't support this action";
     case ErrorNumber::DuplicateKey:
         return "This key is already associated with an element of this collection";
+    case ErrorNumber::InvalidPicture:
+        return "Invalid picture";
     case ErrorNumber::AddressInUse:
         return "Address in use";
     case ErrorNumber::NoBufferSpace:

@@ -10,8 +10,8 @@
 namespace ombrin {
 
 Launcher::Launcher(Desk desk, PauseAV& dialog, Peers peers, Processes& processes, Clipboard& clipboard, Alarms& alarms)
-    : desk(desk), dialog(dialog), peers(peers), processes(processes), clipboard(clipboard), alarms(alarms),
-      records(desk.settings, desk.iniFiles), m_DirectIPLaunch(desk, processes, &peers.battleLan) {
+    : desk(desk), dialog(dialog), peers(std::move(peers)), processes(processes), clipboard(clipboard), alarms(alarms),
+      records(desk.settings, desk.iniFiles), m_DirectIPLaunch(desk, processes, &this->peers.battleLan) {
     desk.view.Launch.Click = [this] { Launch_Click(); };
     desk.view.JoinServerAndPlay.Click = [this] { JoinServerAndPlay_Click(); };
 }
@@ -67,6 +67,7 @@ void Launcher::LaunchGame(std::string_view buffer) {
         const auto epoch = desk.link.Epoch();
         alarms.Cancel(patience);
         desk.view.PingTimer.SetOn(false);
+        peers.banners.begin();
         const std::string launchIP(GetCommand(buffer, kFieldEnd));
         clipboard.SetText(launchIP);
         if (MayLaunchAt(launchIP, desk.trap.log)) {
@@ -91,6 +92,7 @@ void Launcher::ComeBack() {
                         : !session.m_CurrentRoom.empty() ? RoomEvent::BackAsMember
                                                          : RoomEvent::BackInLobby);
     view.PingTimer.SetOn(true);
+    peers.banners.end();
     ClearLobbyViews(view);
     desk.link.SendData(client_message::BackFromGame(session.m_UserData, session.m_CurrentRoom));
 }

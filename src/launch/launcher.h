@@ -16,11 +16,17 @@ public:
     /// Members wait so long before they start the game, so that the creator's machine is ready for them.
     static constexpr long kMemberWait = 10'000; ///< milliseconds
 
+    /// What rests while a game runs.
+    struct Intermission {
+        std::function<void()> begin, end;
+    };
+
     struct Peers {
         AutoStart& autoStart;
         RoomPosition& position;
         BattleLan& battleLan;
         DirectPlay& directPlay;
+        Intermission banners;
     };
 
     Launcher(Desk desk, PauseAV& dialog, Peers peers, Processes& processes, Clipboard& clipboard, Alarms& alarms);

@@ -29,6 +29,14 @@ public:
     virtual int Open(std::string_view target, std::string_view workingDirectory) = 0;
 };
 
+/// The browser inside the main view.
+class Browser {
+public:
+    virtual ~Browser() = default;
+    /// Shows the page when it comes; a page that does not is no error.
+    virtual void Navigate(std::string_view address) = 0;
+};
+
 /// Measures text in the font of the chat grids.
 class TextMeasure {
 public:

@@ -15,6 +15,7 @@
 #include "session/keep_alive.h"
 #include "session/logon.h"
 #include "session/server_messages.h"
+#include "ui/banners.h"
 #include "update/update.h"
 
 namespace ombrin {
@@ -27,6 +28,7 @@ struct AreaNeeds {
     Alarms& alarms;
     Pings& pings;
     Notifier& notifier;
+    Browser& browser;
     Processes& processes;
     Registry& registry;
     directplay::Service& directPlay;
@@ -55,7 +57,7 @@ struct Areas {
           chat(desk, ignored, needs.sound, needs.clipboard, needs.measure),
           pm(desk, needs.pmDialog, ignored, chat, notices, needs.sound, needs.appPath),
           buddies(desk, pm, notices, needs.sound), rooms(desk, needs.roomDialogs, position, frame, pinger, needs.sound),
-          autoStart(desk),
+          autoStart(desk), banners(desk, needs.browser, needs.registry),
           lobbies(desk, autoStart, needs.dialogs.connection, needs.lobbyFilter, needs.dialogs.mainLobby),
           users(desk, ignored, lobbies, rooms, buddies, needs.dialogs.connection, needs.sound),
           configuration(desk, needs.configurationDialogs, autoStart, lobbies, needs.textColours, needs.processes),
@@ -63,11 +65,17 @@ struct Areas {
           directPlay8(desk, needs.directPlay, needs.registry, needs.processes),
           directPlay(desk, directPlay8, autoStart,
                      {needs.directPlay, needs.processes, needs.registry, needs.roomDialogs.newRoom}),
-          launcher(desk, needs.pauseAV, {autoStart, position, battleLan, directPlay}, needs.processes, needs.clipboard,
-                   needs.alarms),
+          launcher(desk, needs.pauseAV,
+                   {autoStart,
+                    position,
+                    battleLan,
+                    directPlay,
+                    {[this] { banners.Suspend(); }, [this] { banners.Resume(); }}},
+                   needs.processes, needs.clipboard, needs.alarms),
           discovery(desk, needs.findingGame, autoStart, needs.disks, needs.registry, needs.waiter),
           connector(desk, needs.alarms), logon(desk, needs.dialogs, connector, needs.layout, needs.closeClient),
-          keepAlive(desk, {ignored, position, connector, logon}, needs.dialogs, frame), update(desk, needs.update) {}
+          keepAlive(desk, {ignored, position, connector, logon, banners}, needs.dialogs, frame),
+          update(desk, needs.update) {}
 
     Session& session;
     Sound& sound;
@@ -82,6 +90,7 @@ struct Areas {
     Buddies buddies;
     Rooms rooms;
     AutoStart autoStart;
+    Banners banners;
     LobbyDirectory lobbies;
     Users users;
     Configuration configuration;

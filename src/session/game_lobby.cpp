@@ -32,6 +32,7 @@ GameLobby::GameLobby(Platform given)
       targets(iniFiles, platform.opener, boxes, trap, platform.places.AppPath()), view(platform.alarms),
       layout(view, platform.measure, log), input(view, stack),
       dialogs(stack, settings, session, iniFiles, language, messages, targets, platform.clipboard, trap),
+      skins(view, {settings, iniFiles, platform.pictures, platform.places.AppPath()}, trap),
       viewLanguage(view, language, dialogs.ChooseLanguage, trap),
       textColours(settings, trap,
                   {&view.lbLobbies, &view.msflxMainChatLines, &view.MainText, &view.RoomText, &view.UserList,
@@ -42,6 +43,7 @@ GameLobby::GameLobby(Platform given)
       link(platform.network, session, messages, log,
            {[this] { Winsock_Connect(); }, [this](std::size_t) { Winsock_DataArrival(); },
             [this] { areas->keepAlive.Winsock_Close(); }, [this](ConnectFailure why) { Winsock_Failed(why); }}) {
+    targets.Attach(view);
     const auto closeClient = [this] {
         if (CloseClient) CloseClient();
     };
@@ -53,6 +55,7 @@ GameLobby::GameLobby(Platform given)
                   .alarms = platform.alarms,
                   .pings = platform.pings,
                   .notifier = platform.notifier,
+                  .browser = platform.browser,
                   .processes = platform.processes,
                   .registry = platform.registry,
                   .directPlay = platform.directPlay,
@@ -107,12 +110,13 @@ void GameLobby::Start(std::optional<std::string> userData) {
     session.m_CurrentRoom.clear();
     session.m_SelectedRoom.clear();
     session.m_ServerConnected = false;
-    session.m_bBannersEnabled = false;
+    areas->banners.ForgetMarks();
     areas->ignored.StartAnew();
     session.ChatSoundsOn = settings.GetSetting("Settings", "EnableChatLineSounds") == "1";
     areas->keepAlive.ReadHeartBeat();
     viewLanguage.SetForeignLanguage();
     textColours.SetTextColor();
+    skins.LoadSkins();
     areas->directPlay.InitDirectX();
     areas->directPlay.m_DPGameList.clear();
     areas->directPlay.EnumDPLocApps();
@@ -153,6 +157,7 @@ void GameLobby::Resize(int width, int height) {
 
 void GameLobby::UserControl_Terminate() {
     areas->connector.GiveUp();
+    areas->banners.RestoreNavigateSound();
     areas->ignored.Release();
     areas->directPlay8.DirectX8CleanUp();
 }

@@ -21,6 +21,7 @@
 #include "session/areas.h"
 #include "session/stored_properties.h"
 #include "ui/layout.h"
+#include "ui/skins.h"
 #include "ui/text/view_language.h"
 
 #include <functional>
@@ -42,6 +43,8 @@ struct Platform {
     Clipboard& clipboard;
     Pings& pings;
     Notifier& notifier;
+    Browser& browser;
+    Pictures& pictures;
     Processes& processes;
     Components& components;
     Integrity& integrity;
@@ -166,6 +169,7 @@ private:
     UserInput input;
     Session session;
     Dialogs dialogs;
+    Skins skins;
     ViewLanguage viewLanguage;
     TextColours textColours;
     Link link;

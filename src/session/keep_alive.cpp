@@ -50,7 +50,7 @@ void KeepAlive::Logoff_Click() {
         desk.TraceMessage(Join("trying to enter lobby ", lobby));
         view.PingTimer.SetOn(false);
         view.CleanUpTimer.SetOn(false);
-        if (session.m_bBannersEnabled) view.BannerTimer.SetOn(false);
+        peers.banners.Stop();
         ClearLobbyViews(view);
         session.m_IsRoomCreator = false;
         session.m_CurrentRoom.clear();
@@ -116,7 +116,7 @@ void KeepAlive::StartAnew() {
     session.m_SelectedRoom.clear();
     frame.Show("");
     session.m_ServerConnected = false;
-    session.m_bBannersEnabled = false;
+    peers.banners.ForgetMarks();
     peers.ignored.StartAnew();
     session.HeartBeatCountdown = kUsualInterval;
     peers.logon.DisplayLogonBanner();

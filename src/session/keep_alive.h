@@ -5,6 +5,7 @@
 #include "lobby/room_frame.h"
 #include "lobby/room_position.h"
 #include "session/logon.h"
+#include "ui/banners.h"
 
 namespace ombrin {
 
@@ -19,6 +20,7 @@ public:
         RoomPosition& position;
         Connector& connector;
         Logon& logon;
+        Banners& banners;
     };
 
     KeepAlive(Desk desk, Peers peers, LogonDialogs dialogs, RoomFrame frame);

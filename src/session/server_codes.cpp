@@ -16,9 +16,6 @@ struct ServerCode {
     void (*run)(Areas& a, Payload p);
 };
 
-/// A row of a code that nothing shows yet; it leaves a trace.
-constexpr void (*kUnserved)(Areas&, Payload) = nullptr;
-
 void LobbyList(Areas& a, Payload p) {
     if (!a.session.m_UserListSeen) a.sound.Play("EnterLobby2");
     a.lobbies.SwitchLobbies(p);
@@ -65,7 +62,7 @@ constexpr std::array kServerCodes{
     ServerCode{"34", [](Areas& a, Payload) { a.rooms.ProcessRoomPassword(); }},
     ServerCode{"35", [](Areas& a, Payload p) { a.pm.ReceivePrivateMessage(p); }},
     ServerCode{"36", [](Areas& a, Payload p) { a.general.DisplayGeneralErrorMessage(p); }},
-    ServerCode{"37", kUnserved},
+    ServerCode{"37", [](Areas& a, Payload p) { a.banners.SetupBannerAds(p); }},
     ServerCode{"38", [](Areas& a, Payload) { a.general.TakeLogoffButton(); }},
     ServerCode{"39", [](Areas& a, Payload p) { a.directPlay.SetDirectPlayGames(p); }},
     ServerCode{"40", [](Areas& a, Payload p) { a.discovery.SetDirectIPGame(p); }},
@@ -90,10 +87,7 @@ static_assert(std::equal(kServerCodes.begin(), kServerCodes.end(), kServerCodeNa
 bool RunServerCode(Areas& areas, std::string_view code, std::string_view payload) {
     for (std::size_t i = 0; i < kServerCodes.size(); ++i) {
         if (kServerCodes[i].code != code) continue;
-        if (kServerCodes[i].run == kUnserved)
-            areas.general.Unserved(code, kServerCodeNames[i].name);
-        else
-            kServerCodes[i].run(areas, payload);
+        kServerCodes[i].run(areas, payload);
         return true;
     }
     return false;

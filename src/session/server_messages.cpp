@@ -26,8 +26,4 @@ void ServerMessages::TakeLogoffButton() {
     desk.view.Logoff.SetEnabled(false);
 }
 
-void ServerMessages::Unserved(std::string_view code, std::string_view name) {
-    desk.TraceMessage(Join("code ", code, " received, ", name, ", which this version does not show"));
-}
-
 } // namespace ombrin

@@ -16,7 +16,6 @@ public:
     void NotLoggedOn();
     void TakeLogoffButton();
     /// A message that nothing in this client shows.
-    void Unserved(std::string_view code, std::string_view name);
 
 private:
     Desk desk;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/boxes.h"
+#include "controls/main_view.h"
 #include "foundation/ini_files.h"
 #include "foundation/trap.h"
 #include "platform/desktop.h"
@@ -13,6 +14,8 @@ public:
     ConfigurableButtons(IniFiles& files, TargetOpener& opener, Boxes& boxes, Trap& trap, std::string appPath)
         : files(files), opener(opener), boxes(boxes), trap(trap), appPath(std::move(appPath)) {}
 
+    /// The five buttons of the view.
+    void Attach(View& view);
     bool HasTarget(std::string_view section, std::string_view key) { return !Target(section, key).empty(); }
     /// Hands the target under section and key of AV.ini to the desktop; tells the user when that fails.
     void ConfigurableMenuOrButtonClicked(std::string_view section, std::string_view key);

@@ -3,6 +3,7 @@
 
 #include "launch/directplay/registry_service.h"
 #include "platform/hive_registry.h"
+#include "platform/picture_files.h"
 #include "platform/posix/clock.h"
 #include "platform/posix/event_loop.h"
 #include "platform/recording/memory_files.h"
@@ -39,6 +40,8 @@ struct RecordedWorld {
     recording::RecordingComponents components{journal};
     recording::RecordingIntegrity integrity;
     recording::RecordingOpener opener{journal};
+    recording::RecordingBrowser browser{journal};
+    PictureFiles pictures{localFiles};
     recording::FixedMeasure measure;
     Places places{"/home"};
     HiveRegistry registry{files, places.RegistryFile()};
@@ -57,6 +60,8 @@ struct RecordedWorld {
                 clipboard,
                 pings,
                 notifier,
+                browser,
+                pictures,
                 processes,
                 components,
                 integrity,

@@ -3,6 +3,7 @@
 #include "hosts/console/reading.h"
 #include "hosts/game_machine.h"
 #include "launch/directplay/registry_service.h"
+#include "platform/picture_files.h"
 #include "platform/posix/client_start.h"
 #include "platform/posix/end_signals.h"
 #include "platform/posix/home.h"
@@ -93,11 +94,13 @@ int Run(const Options& options) {
     recording::RecordingProcesses recordedProcesses(journal);
     recording::RecordingComponents recordedComponents(journal);
     recording::RecordingOpener recordedOpener(journal);
+    recording::RecordingBrowser recordedBrowser(journal);
     PosixSound sound(root + "/app", page, loop);
     PosixClipboard clipboard(page);
     PosixPings pings(loop);
     NoNotifier notifier;
     PosixLocalFiles localFiles(page);
+    PictureFiles pictures(localFiles);
     PosixComponents components(page);
     SodiumIntegrity integrity;
     GameMachine machine(files, places, page, loop);
@@ -118,6 +121,8 @@ int Run(const Options& options) {
                       options.IsReal("clipboard") ? static_cast<Clipboard&>(clipboard) : recordedClipboard,
                       options.IsReal("ping") ? static_cast<Pings&>(pings) : recordedPings,
                       notifier,
+                      recordedBrowser,
+                      pictures,
                       realProcesses ? static_cast<Processes&>(machine.processes) : recordedProcesses,
                       options.IsReal("register") ? static_cast<Components&>(components) : recordedComponents,
                       integrity,

@@ -58,6 +58,11 @@ public:
             out["interval"] = static_cast<const Timer&>(control).Interval().count();
             break;
         case ControlKind::Button:
+            Read(static_cast<const Button&>(control), out);
+            break;
+        case ControlKind::Image:
+            out["picture"] = Shown(static_cast<const Image&>(control).Picture());
+            break;
         case ControlKind::Label:
         case ControlKind::Frame:
         case ControlKind::MenuEntry:
@@ -81,10 +86,25 @@ private:
     bool HasText() const {
         const ControlKind kind = control.Kind();
         return kind != ControlKind::Image && kind != ControlKind::Menu && kind != ControlKind::MenuEntry &&
-               kind != ControlKind::Timer && kind != ControlKind::ColourSwatch && kind != ControlKind::ProgressBar;
+               kind != ControlKind::Timer && kind != ControlKind::WebBrowser && kind != ControlKind::ColourSwatch &&
+               kind != ControlKind::ProgressBar;
     }
 
     std::string Text(std::string_view bytes) const { return page.ToUtf8(bytes); }
+
+    Json Shown(const Picture& picture) const {
+        if (picture.IsBuiltIn()) return "built-in";
+        return picture.File() == nullptr ? Json(nullptr) : Json(Text(picture.File()->Path()));
+    }
+
+    void Read(const Button& button, Json& out) const {
+        const ButtonPictures& pictures = button.Pictures();
+        out["caption"] = Text(button.Caption());
+        out["picture"] = Shown(button.Enabled() ? pictures.up : pictures.disabled);
+        out["pictures"] = {
+            {"up", Shown(pictures.up)}, {"down", Shown(pictures.down)}, {"disabled", Shown(pictures.disabled)}};
+        out["flat"] = button.Flat();
+    }
 
     void Read(const ListBox& list, Json& out) const {
         Json rows = Json::array();

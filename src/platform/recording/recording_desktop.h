@@ -40,6 +40,15 @@ private:
     Journal journal;
 };
 
+class RecordingBrowser : public Browser {
+public:
+    explicit RecordingBrowser(Journal journal) : journal(std::move(journal)) {}
+    void Navigate(std::string_view address) override { journal({"navigate", {{"address", std::string(address)}}}); }
+
+private:
+    Journal journal;
+};
+
 /// The same heights on every machine: a character is 8 pixels wide, a line 16 pixels high, a pixel 15 twips.
 class FixedMeasure : public TextMeasure {
 public:

@@ -1,0 +1,18 @@
+// Pictures for a host that shows none: a file is known as one by its first bytes.
+#pragma once
+
+#include "platform/local_files.h"
+#include "platform/pictures.h"
+
+namespace ombrin {
+
+class PictureFiles : public Pictures {
+public:
+    explicit PictureFiles(const LocalFiles& files) : files(files) {}
+    std::shared_ptr<const LoadedPicture> LoadPicture(const std::string& path) override;
+
+private:
+    const LocalFiles& files;
+};
+
+} // namespace ombrin
