@@ -106,7 +106,7 @@ private:
         clients.push_back(std::make_unique<WatchedClient>(service, clock));
         current[index] = clients.back().get();
         current[index]->name = User(static_cast<char>('1' + index));
-        current[index]->session = &service.Connected(*current[index], "10.0.0.1", "10.0.0.1");
+        current[index]->session = &service.Connected(*current[index], {"10.0.0.1", "10.0.0.1", "10.0.0.9"});
     }
     void End(std::size_t index) {
         Session* ended = std::exchange(current[index]->session, nullptr);

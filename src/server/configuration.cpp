@@ -2,10 +2,12 @@
 
 #include "foundation/text.h"
 #include "server/configuration_node.h"
+#include "server/names.h"
 #include "session/wire/codec.h"
 
 #include <algorithm>
 #include <fstream>
+#include <set>
 #include <sstream>
 
 namespace ombrin::server {
@@ -24,7 +26,8 @@ constexpr std::size_t kLongestLobbyPassword = 20;    ///< characters: what the c
 constexpr std::size_t kLongestAddress = 2'000;       ///< characters of a web address
 constexpr std::size_t kLongestFileName = 100;        ///< characters
 constexpr std::size_t kLongestApplicationName = 100; ///< characters
-constexpr std::size_t kLongestVersion = 40;          ///< characters
+constexpr std::size_t kLongestVersion = 100;         ///< characters
+constexpr std::size_t kLongestPath = 4'000;          ///< characters
 constexpr std::size_t kMostLobbies = 1'000;          ///< the whole list goes to each client
 constexpr std::size_t kMostBanners = 1'000;          ///< the client keeps three settings for each
 constexpr std::size_t kMostDirectPlayGames = 199;    ///< the client's table ends there
@@ -97,8 +100,33 @@ std::string ReadFileName(const Node& node) {
 FileSetup ReadFile(const Node& node) {
     constexpr int kDirectories = 3;
     node.ExpectMembers({"name", "directory", "version"});
-    return {ReadFileName(node.Member("name")), static_cast<int>(node.Member("directory").Whole(1, kDirectories)),
-            node.Member("version").FilledText(kLongestVersion, kFieldSeparators)};
+    const Node name = node.Member("name");
+    FileSetup file{ReadFileName(name), static_cast<int>(node.Member("directory").Whole(1, kDirectories)), ""};
+    if (file.name.find('.') == std::string::npos)
+        name.Fail("must hold a \".\": clients make a second name of it there");
+    if (const auto version = node.Find("version"))
+        file.version = version->FilledText(kLongestVersion, kFieldSeparators);
+    return file;
+}
+
+/// Under which a client stores the file until all have come.
+std::string TemporaryName(const std::string& name) { return std::string(name).insert(name.rfind('.'), 1, '7'); }
+
+/// Names that differ in case alone are one file on some clients' disks.
+std::vector<FileSetup> ReadFiles(const Node& root, bool withSums) {
+    std::set<std::string> names;
+    std::set<std::string> temporaryNames;
+    if (withSums) names.insert(Folded(kSumsName));
+    return List<FileSetup>(root, "files", kMostFiles, [&](const Node& node) {
+        FileSetup file = ReadFile(node);
+        const std::string name = Folded(file.name);
+        const std::string temporaryName = TemporaryName(name);
+        if (names.contains(temporaryName) || temporaryNames.contains(name))
+            node.Fail("one of this and another file would overwrite the other on its way to its name");
+        if (!names.insert(name).second) node.Fail("a file of this name is offered already");
+        temporaryNames.insert(temporaryName);
+        return file;
+    });
 }
 
 Rate ReadRate(const Node& node) {
@@ -142,8 +170,8 @@ Limits ReadLimits(const Node& node) {
 
 Configuration ParseConfiguration(std::string_view json) {
     const Node root = Node::Parse(json);
-    root.ExpectMembers(
-        {"greeting", "lobbies", "changeOfLobby", "banners", "directPlayGames", "directIPGames", "files", "limits"});
+    root.ExpectMembers({"greeting", "lobbies", "changeOfLobby", "banners", "directPlayGames", "directIPGames", "files",
+                        "updateKey", "limits"});
     Configuration configuration;
     if (root.Find("lobbies")) configuration.lobbies = ReadLobbies(root);
     const std::vector<LobbySetup>& lobbies = configuration.lobbies;
@@ -160,7 +188,8 @@ Configuration ParseConfiguration(std::string_view json) {
         node.ExpectMembers({"game", "executable"});
         return DirectIPSetup{ReadGame(node, lobbies), ReadFileName(node.Member("executable"))};
     });
-    configuration.files = List<FileSetup>(root, "files", kMostFiles, ReadFile);
+    if (const auto key = root.Find("updateKey")) configuration.updateKey = key->FilledText(kLongestPath, "");
+    configuration.files = ReadFiles(root, !configuration.updateKey.empty());
     if (const auto limits = root.Find("limits")) configuration.limits = ReadLimits(*limits);
     return configuration;
 }

@@ -51,9 +51,12 @@ struct DirectIPSetup {
 
 struct FileSetup {
     std::string name;
-    int directory; ///< 1 the client's, 2 the system's, 3 that of Windows
-    std::string version;
+    int directory;       ///< 1 the client's, 2 the system's, 3 that of Windows
+    std::string version; ///< that the file must have; empty: whatever it has
 };
+
+/// The file of signed sums, which the server makes itself where it has a key.
+inline constexpr std::string_view kSumsName = "Ombrin.sums";
 
 struct Configuration {
     std::string greeting; ///< empty: none
@@ -63,6 +66,7 @@ struct Configuration {
     std::vector<DirectPlaySetup> directPlayGames;
     std::vector<DirectIPSetup> directIPGames;
     std::vector<FileSetup> files;
+    std::string updateKey; ///< file of the key that signs the files' sums, seen from the home; empty: none
     Limits limits;
 };
 

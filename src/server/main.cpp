@@ -1,9 +1,10 @@
-// ardvelle-server: the lobby server of Ardvelle.
+// ardvelle-server: the lobby and update server of Ardvelle.
 
 #include "server/configuration.h"
 #include "server/log.h"
 #include "server/net/server.h"
 #include "server/options.h"
+#include "server/update_key.h"
 
 #include <filesystem>
 #include <iostream>
@@ -25,12 +26,20 @@ void RaiseDescriptorLimit(Log& log) {
     log.Line("the limit of descriptors stays as it is");
 }
 
-Configuration LoadConfiguration(const Options& options) {
+/// The configuration and the files that it names.
+struct Loaded {
+    Configuration configuration;
+    Release release;
+};
+
+Loaded Load(const Options& options) {
     std::string path = options.configuration;
     if (path.empty()) path = options.home + "/server.json";
     if (options.configuration.empty() && !std::filesystem::exists(path)) return {};
     try {
-        return ReadConfiguration(path);
+        Loaded loaded{ReadConfiguration(path), {}};
+        loaded.release = ReadRelease(loaded.configuration, options.home, path);
+        return loaded;
     } catch (const ConfigurationError& mistake) {
         throw ConfigurationError(path + ": " + mistake.what());
     }
@@ -39,10 +48,16 @@ Configuration LoadConfiguration(const Options& options) {
 void Run(const Options& options, Log& log) {
     umask(S_IRWXG | S_IRWXO); // the database is nobody else's business
     std::filesystem::create_directories(options.home);
-    const Configuration configuration = LoadConfiguration(options);
-    Server server(options, configuration, log);
+    Loaded loaded = Load(options);
+    if (!loaded.release.publicKey.empty()) log.Line("files are signed for the UpdateKey ", loaded.release.publicKey);
+    Server server(options, loaded.configuration, std::move(loaded.release), log);
     std::cout << server.ReadyLine() << std::endl; // NOLINT(performance-avoid-endl): whoever waits for it waits now
     server.Run();
+}
+
+void MakeKey(const std::string& path) {
+    UpdateKey::Make(path);
+    std::cout << "The setting UpdateKey of the clients: " << UpdateKey(path).PublicHalf() << "\n";
 }
 
 } // namespace
@@ -53,6 +68,10 @@ int main(int count, char** arguments) {
     StandardErrorLog log;
     try {
         if (sodium_init() < 0) throw std::runtime_error("libsodium cannot be started");
+        if (!commandLine.options->makeUpdateKey.empty()) {
+            MakeKey(commandLine.options->makeUpdateKey);
+            return 0;
+        }
         RaiseDescriptorLimit(log);
         Run(*commandLine.options, log);
     } catch (const std::exception& problem) {

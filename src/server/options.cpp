@@ -54,6 +54,9 @@ CommandLine ParseCommandLine(int count, const char* const* arguments) {
     app.add_flag("--open-accounts", options.openAccounts, "An unknown name that logs on gets an account at once");
     app.add_flag("--trust-embedded", options.trustEmbedded,
                  "A connection may begin by entering a lobby: the page around the client vouches for its user");
+    app.add_option("--make-update-key", options.makeUpdateKey,
+                   "Write a new key for signing updates, print its public half for the clients, and end")
+        ->type_name("FILE");
     app.set_version_flag("--version", std::string("ardvelle-server ") + kVersion);
     try {
         app.parse(count, arguments);

@@ -15,6 +15,7 @@ struct Options {
     std::string configuration; ///< empty: none
     bool openAccounts = false;
     bool trustEmbedded = false;
+    std::string makeUpdateKey; ///< file to write a new key to, and do nothing else; empty: none
 };
 
 /// What the command line comes to: options, or a program that has said its text and ends.

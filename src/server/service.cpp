@@ -9,17 +9,25 @@
 namespace ombrin::server {
 
 Service::Service(const Configuration& configuration, Access access, Outside outside)
-    : configuration(configuration), access(access), outside(outside), lobbies(this->configuration.lobbies) {}
+    : configuration(configuration), access(access), outside(outside), lobbies(this->configuration.lobbies),
+      arrivals(configuration.limits.connectionsPerAddress) {}
 
-Session& Service::Connected(Peer& peer, std::string address, std::string origin) {
+void Service::Require(std::span<const OfferedFile> files, std::uint16_t port) {
+    updatePort = std::to_string(port);
+    required.clear();
+    for (const OfferedFile& file : files) required.push_back({file.name, file.Size(), file.directory, file.version});
+}
+
+Session& Service::Connected(Peer& peer, Whereabouts where) {
     const SessionId id = ++lastId;
     const TimePoint now = Now();
     const Limits& limits = configuration.limits;
     auto session = std::make_unique<Session>(Session{
         .id = id,
         .peer = peer,
-        .address = std::move(address),
-        .origin = std::move(origin),
+        .address = std::move(where.address),
+        .origin = std::move(where.origin),
+        .reached = std::move(where.reached),
         .name = {},
         .lastHeard = now,
         .heldBack = std::nullopt,
@@ -30,15 +38,9 @@ Session& Service::Connected(Peer& peer, std::string address, std::string origin)
     Session& connected = *session;
     sessions.emplace(id, std::move(session));
     Note(connected, "connected");
-    Slow(connected);
+    const Milliseconds wait = arrivals.Wait(connected.origin, now);
+    if (wait > Milliseconds(0)) HoldFor(connected, wait, [](Session&) {});
     return connected;
-}
-
-void Service::Slow(Session& arrived) {
-    const Rate rate{static_cast<double>(configuration.limits.connectionsPerAddress), kArrivalsPerSecond};
-    Bucket& bucket = arrivals.try_emplace(arrived.origin, rate, Now()).first->second;
-    const Milliseconds wait = std::min(bucket.Spend(1, Now()), kLongestArrival);
-    if (wait > Milliseconds(0)) HoldFor(arrived, wait, [](Session&) {});
 }
 
 void Service::Receive(Session& session, std::string_view message) {
@@ -66,7 +68,7 @@ void Service::CloseSilent() {
     const TimePoint now = Now();
     for (const auto& [id, session] : sessions)
         if (!session->closing && now - session->lastHeard >= kSilence) Dismiss(*session, "was silent for too long");
-    std::erase_if(arrivals, [&](auto& origin) { return origin.second.Full(now); });
+    arrivals.Forget(now);
 }
 
 void Service::Refuse(Session& session, std::string_view text) {
@@ -170,6 +172,8 @@ void Service::SendConfigured(Session& session) {
     }
     for (const DirectIPSetup& entry : configuration.directIPGames)
         session.peer.Send(server_message::DirectIPGame(entry.game, entry.executable));
+    if (!required.empty())
+        session.peer.Send(server_message::RequiredFiles(session.reached, updatePort, required));
 }
 
 } // namespace ombrin::server

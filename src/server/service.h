@@ -4,17 +4,21 @@
 
 #include "server/account_store.h"
 #include "server/alarms.h"
+#include "server/arrivals.h"
 #include "server/buddies.h"
 #include "server/configuration.h"
 #include "server/lobbies.h"
 #include "server/log.h"
 #include "server/logon_throttle.h"
 #include "server/passwords.h"
+#include "server/release.h"
 #include "server/session.h"
 #include "server/users.h"
+#include "session/wire/server_message.h"
 
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -45,15 +49,15 @@ public:
     /// How fast the messages of one connection are read, in units of one plain message; beyond it the connection
     /// waits, so that nothing is refused and nobody else is slowed.
     static constexpr Rate kPace{400, 200};
-    /// Connections from one address: as many at once as it may have, and then so many a second. Who comes faster is
-    /// not refused, but waits a moment to be read: logging on and off again is told to everybody.
-    static constexpr double kArrivalsPerSecond = 20;
-    static constexpr Milliseconds kLongestArrival{5'000};
 
     Service(const Configuration& configuration, Access access, Outside outside);
 
+    /// Clients that log on from now on hear that they must have these files, and get them at this port. The files have
+    /// to last as long as the service.
+    void Require(std::span<const OfferedFile> files, std::uint16_t port);
+
     // For the connections
-    Session& Connected(Peer& peer, std::string address, std::string origin);
+    Session& Connected(Peer& peer, Whereabouts where);
     /// A whole message, without its "~". Not to be called while the session is held.
     void Receive(Session& session, std::string_view message);
     /// A message was thrown away for its length.
@@ -100,11 +104,12 @@ public:
 
 private:
     void LoadBuddies(Session& session);
-    void Slow(Session& arrived);
 
     std::unordered_map<SessionId, std::unique_ptr<Session>> sessions;
     SessionId lastId = 0;
-    std::unordered_map<std::string, Bucket> arrivals; ///< by origin
+    Arrivals arrivals;
+    std::vector<server_message::RequiredFile> required; ///< views of the release
+    std::string updatePort;
 };
 
 } // namespace ombrin::server

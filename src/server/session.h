@@ -50,11 +50,19 @@ struct AskedRoom {
     bool publicAddress = false;
 };
 
+/// Where a client is, and where it has found the server.
+struct Whereabouts {
+    std::string address; ///< as the server sees it
+    std::string origin;  ///< what counts as one address: in IPv6 its network
+    std::string reached; ///< the server's address, for what else it has to offer
+};
+
 struct Session {
     SessionId id;
     Peer& peer;
-    std::string address; ///< as the server sees it
-    std::string origin;  ///< what counts as one address: in IPv6 its network
+    std::string address; ///< of its client, as the server sees it
+    std::string origin;  ///< what counts as one address
+    std::string reached; ///< the server's address, as its client knows it
 
     std::string name;       ///< empty before the logon
     Lobby* lobby = nullptr; ///< none before the first entering and between two lobbies

@@ -152,7 +152,7 @@ TEST_F(GameTest, HoweverOneLeavesHisRoomInAGameTheOthersSeeItInOrder) {
         for (Client* user : {&ann, &bob, &cid, &dan}) {
             if (user->session != nullptr) Disconnects(*user);
             user->closed = false;
-            user->session = &service.Connected(*user, "10.0.0.1", "10.0.0.1");
+            user->session = &service.Connected(*user, {"10.0.0.1", "10.0.0.1", "10.0.0.9"});
             user->LogsOn();
             user->Enters("Go");
         }

@@ -178,10 +178,10 @@ TEST_F(Logon, AFullServerSaysSo) {
     accounts.Add({"bob", "hash of pw"});
     Client ann(tiny, clock);
     ann.name = "ann";
-    ann.session = &tiny.Connected(ann, "10.0.0.1", "10.0.0.1");
+    ann.session = &tiny.Connected(ann, {"10.0.0.1", "10.0.0.1", "10.0.0.9"});
     Client bob(tiny, clock);
     bob.name = "bob";
-    bob.session = &tiny.Connected(bob, "10.0.0.1", "10.0.0.1");
+    bob.session = &tiny.Connected(bob, {"10.0.0.1", "10.0.0.1", "10.0.0.9"});
     ann.LogsOn();
     bob.LogsOn();
     EXPECT_EQ(bob.Reads(), "23:~");
@@ -195,7 +195,7 @@ TEST_F(Logon, NobodyGetsAnAccountBeyondTheirNumber) {
     small.limits.accounts = 0;
     Service tiny(small, {}, {clock, passwords, accounts, log});
     Client ann(tiny, clock);
-    ann.session = &tiny.Connected(ann, "10.0.0.1", "10.0.0.1");
+    ann.session = &tiny.Connected(ann, {"10.0.0.1", "10.0.0.1", "10.0.0.9"});
     ann.Says(client_message::CreateAccount("ann", "pw", "pw"));
     EXPECT_EQ(ann.Reads(), "32:~");
 }
@@ -249,7 +249,7 @@ TEST_F(OpenServer, WhatTheConfigurationNamesComesBehindTheLobbyList) {
     Service rich(full, {.openAccounts = true}, {clock, passwords, accounts, log});
     Client ann(rich, clock);
     ann.name = "ann";
-    ann.session = &rich.Connected(ann, "10.0.0.1", "10.0.0.1");
+    ann.session = &rich.Connected(ann, {"10.0.0.1", "10.0.0.1", "10.0.0.9"});
     ann.LogsOn();
     const std::string banner = "30;26;http%*|@//a.example/x^}|#y;";
     EXPECT_EQ(ann.Reads(),
@@ -271,7 +271,7 @@ TEST_F(Logon, WhoComesAgainAndAgainWaitsAndNobodyElseDoes) {
     EXPECT_NE(late.Reads(), "");
     for (std::size_t i = 0; i < atOnce; ++i) Disconnects(Connects("x"));
     Client& last = Connects("x");
-    clock.Turn(Service::kLongestArrival);
+    clock.Turn(Arrivals::kLongest);
     EXPECT_NE(asks(last), "") << "nobody waits longer";
 }
 

@@ -28,7 +28,7 @@ protected:
         clients.push_back(std::make_unique<Client>(service, clock));
         Client& client = *clients.back();
         client.name = name;
-        client.session = &service.Connected(client, origin, origin);
+        client.session = &service.Connected(client, {origin, origin, "10.0.0.9"});
         return client;
     }
     /// Connected and logged on by a new account with the password "pw"; nothing read yet.

@@ -1,5 +1,7 @@
 #include "server/net/connection.h"
 
+#include "server/net/listener.h"
+
 #include <asio/buffer.hpp>
 #include <asio/error.hpp>
 #include <asio/post.hpp>
@@ -27,7 +29,9 @@ void Connection::Start(std::string address) {
     socket.non_blocking(true, problem);
     if (!problem) socket.set_option(asio::ip::tcp::no_delay(true), problem);
     EnableKeepAlive(socket.native_handle());
-    session = &around.service.Connected(*this, std::move(address), origin);
+    asio::error_code gone; // its end follows
+    const std::string reached = PlainAddress(socket.local_endpoint(gone).address()).to_string();
+    session = &around.service.Connected(*this, {std::move(address), origin, reached});
     if (problem) return End(problem.message());
     AwaitInput();
 }

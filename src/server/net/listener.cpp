@@ -45,6 +45,15 @@ void Listener::Accept() {
     });
 }
 
+std::unique_ptr<Listener> Listen(asio::io_context& loop, const asio::ip::tcp::endpoint& endpoint,
+                                 Listener::Accepted accepted) {
+    try {
+        return std::make_unique<Listener>(loop, endpoint, std::move(accepted));
+    } catch (const std::system_error& problem) {
+        throw std::system_error(problem.code(), Join("cannot listen on ", EndpointText(endpoint)));
+    }
+}
+
 std::string EndpointText(const asio::ip::tcp::endpoint& endpoint) {
     const std::string address = endpoint.address().to_string();
     const std::string port = std::to_string(endpoint.port());

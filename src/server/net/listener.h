@@ -5,6 +5,7 @@
 #include <asio/ip/tcp.hpp>
 #include <asio/steady_timer.hpp>
 #include <functional>
+#include <memory>
 #include <string>
 
 namespace ombrin::server {
@@ -28,6 +29,9 @@ private:
     Accepted accepted;
 };
 
+/// Raises std::system_error that names the endpoint.
+std::unique_ptr<Listener> Listen(asio::io_context& loop, const asio::ip::tcp::endpoint& endpoint,
+                                 Listener::Accepted accepted);
 /// As `ADDRESS:PORT`, an IPv6 address in brackets.
 std::string EndpointText(const asio::ip::tcp::endpoint& endpoint);
 /// The peer's address as users know it: IPv4 also where it came in IPv6's clothes.

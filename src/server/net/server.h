@@ -4,15 +4,16 @@
 #include "server/account_store.h"
 #include "server/configuration.h"
 #include "server/hashing_pool.h"
+#include "server/net/admission.h"
 #include "server/net/connection.h"
 #include "server/net/listener.h"
 #include "server/net/loop_alarms.h"
 #include "server/net/outlet.h"
+#include "server/net/update_port.h"
 #include "server/options.h"
 #include "server/service.h"
 
 #include <asio/signal_set.hpp>
-#include <map>
 #include <memory>
 #include <string>
 #include <unordered_set>
@@ -22,7 +23,7 @@ namespace ombrin::server {
 class Server {
 public:
     /// Raises std::system_error when an address cannot be had, StoreError for the database.
-    Server(const Options& options, const Configuration& configuration, Log& log);
+    Server(const Options& options, const Configuration& configuration, Release release, Log& log);
     ~Server();
 
     /// `listening on ADDRESS:PORT, files on ADDRESS:PORT`
@@ -38,7 +39,6 @@ private:
 
     asio::io_context loop{1};
     Log& log;
-    const Limits limits;
     AccountStore accounts;
     LoopAlarms alarms;
     HashingPool passwords;
@@ -47,10 +47,9 @@ private:
     std::array<char, 65'536> input{};
     Connection::Surroundings around;
     std::unordered_set<std::shared_ptr<Connection>> connections;
-    std::map<std::string, std::size_t> byOrigin; ///< connections; none is 0
-    TimePoint refusedAt;                         ///< when a connection was last refused with a line in the log
+    Admission admission;
     std::unique_ptr<Listener> lobby;
-    std::unique_ptr<Listener> files;
+    UpdatePort files;
     asio::signal_set signals;
 };
 

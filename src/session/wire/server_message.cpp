@@ -154,4 +154,13 @@ std::string UserWent(Text user, Text lobby, bool fromService) {
     return Message("49", user, lobby, fromService ? Text("1") : Text("0"));
 }
 
+std::string RequiredFiles(Text host, Text port, std::span<const RequiredFile> files) {
+    std::string message = "50:";
+    Append(message, host, port);
+    for (const RequiredFile& file : files)
+        Append(message, file.name, std::to_string(file.size), std::to_string(file.directory), file.version);
+    message += kMessageEnd;
+    return message;
+}
+
 } // namespace ombrin::server_message

@@ -56,6 +56,13 @@ struct DirectPlayGame {
     Text application;
 };
 
+struct RequiredFile {
+    Text name;
+    std::size_t size; ///< bytes
+    int directory;
+    Text version;
+};
+
 /// The answer to a client's 0: names alone, neither code nor end.
 std::string LobbyNames(std::span<const Text> lobbies);
 /// A code that carries nothing.
@@ -114,5 +121,7 @@ std::string UsersOfService(std::span<const Text> users);
 std::string UserCame(Text user, Text lobby);
 /// 49
 std::string UserWent(Text user, Text lobby, bool fromService);
+/// 50, with the address and the port of the update server.
+std::string RequiredFiles(Text host, Text port, std::span<const RequiredFile> files);
 
 } // namespace ombrin::server_message
