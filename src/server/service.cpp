@@ -172,8 +172,7 @@ void Service::SendConfigured(Session& session) {
     }
     for (const DirectIPSetup& entry : configuration.directIPGames)
         session.peer.Send(server_message::DirectIPGame(entry.game, entry.executable));
-    if (!required.empty())
-        session.peer.Send(server_message::RequiredFiles(session.reached, updatePort, required));
+    if (!required.empty()) session.peer.Send(server_message::RequiredFiles(session.reached, updatePort, required));
 }
 
 } // namespace ombrin::server

@@ -39,16 +39,15 @@ double Transfer::Take(std::string_view message) {
 }
 
 void Transfer::Begin(std::string_view name) {
-    file.reset();
+    GiveUp({});
     offered = release.Find(name);
     if (offered == nullptr) throw TransferError(Join("it asked for ", name, ", which is not offered"));
     sent = 0;
-    due = 1;
+    GoOn({});
 }
 
 void Transfer::GoOn(std::string_view) {
-    const std::size_t buffers = (Left() + kBuffer - 1) / kBuffer;
-    due = std::min(due + 1, buffers);
+    if (offered != nullptr) due = std::min(due + kBuffer, offered->Size() - sent);
 }
 
 void Transfer::GiveUp(std::string_view) {
@@ -57,27 +56,24 @@ void Transfer::GiveUp(std::string_view) {
     due = 0;
 }
 
-std::size_t Transfer::Left() const { return offered == nullptr ? 0 : offered->Size() - sent; }
-
-std::string Transfer::Next() {
+std::string Transfer::Piece() {
     if (due == 0) return "";
-    --due;
-    const std::size_t size = std::min(Left(), kBuffer);
-    std::string bytes;
-    if (offered->path.empty()) {
-        bytes = offered->content.substr(sent, size);
-    } else {
-        try {
-            if (file == nullptr) file = std::make_unique<DiskFile>(offered->path);
-            bytes = file->ReadAt(sent, size);
-            if (file->Mark() != offered->mark || bytes.size() != size) throw DiskError("has changed since the start");
-        } catch (const DiskError& problem) {
-            throw TransferError(Join("the file ", offered->name, " ", std::string_view(problem.what())));
-        }
+    const std::size_t size = std::min(due, kBuffer);
+    if (offered->path.empty()) return offered->content.substr(sent, size);
+    try {
+        if (file == nullptr) file = std::make_unique<DiskFile>(offered->path);
+        std::string bytes = file->ReadAt(sent, size);
+        if (file->Mark() != offered->mark || bytes.size() != size) throw DiskError("has changed since the start");
+        return bytes;
+    } catch (const DiskError& problem) {
+        throw TransferError(Join("the file ", offered->name, " ", std::string_view(problem.what())));
     }
+}
+
+void Transfer::Took(std::size_t size) {
     sent += size;
-    if (Left() == 0) file.reset();
-    return bytes;
+    due -= size;
+    if (sent == offered->Size()) file.reset();
 }
 
 } // namespace ombrin::server

@@ -79,25 +79,17 @@ void UpdateConnection::Process() {
     if (!ended) ReadAfter(wait);
 }
 
-/// A buffer a turn, so that one that reads fast does not keep the others waiting.
+/// A piece a turn, so that one that reads fast does not keep the others waiting.
 void UpdateConnection::Write() {
-    if (writing) return;
-    try {
-        if (Waiting().empty()) {
-            output = std::string(); // its memory, too: most of the time nothing waits
-            output = transfer.Next();
-            written = 0;
-        }
-    } catch (const TransferError& problem) {
-        return End(problem.what());
-    }
-    if (output.empty()) return;
+    if (writing || !transfer.Due()) return;
     asio::error_code problem;
-    written += socket.write_some(asio::buffer(Waiting()), problem);
+    try {
+        transfer.Took(socket.write_some(asio::buffer(transfer.Piece()), problem));
+    } catch (const TransferError& changed) {
+        return End(changed.what());
+    }
     if (problem && !WouldBlock(problem)) return End(problem.message());
-    if (!Waiting().empty() || transfer.Due()) return AwaitRoom();
-    output = std::string();
-    written = 0;
+    if (transfer.Due()) AwaitRoom();
 }
 
 void UpdateConnection::AwaitRoom() {

@@ -1,5 +1,5 @@
-// One client's connection to the update port. It holds one buffer of a file at most, and that only while the client
-// does not take it.
+// One client's connection to the update port. It holds no bytes of a file: what its socket does not take is read again
+// when there is room.
 #pragma once
 
 #include "server/alarms.h"
@@ -20,8 +20,8 @@ namespace ombrin::server {
 
 class UpdateConnection final : public std::enable_shared_from_this<UpdateConnection> {
 public:
-    /// What a client asks for beyond this waits in its own connection. A buffer costs 1; a client that writes faster
-    /// than a gigabyte a second does not come up to it.
+    /// What a client asks for beyond this waits in its own connection. A request for one more
+    /// buffer costs 1, and a client that writes gigabytes a second does not come up to it.
     static constexpr Rate kPace{20'000, 20'000};
     /// A client asks for its first file as soon as it is there.
     static constexpr Milliseconds kSilenceAtFirst{60'000};
@@ -52,7 +52,6 @@ private:
     void Write();
     void AwaitRoom();
     void End(std::string_view why);
-    std::string_view Waiting() const { return std::string_view(output).substr(written); }
 
     asio::ip::tcp::socket socket;
     asio::steady_timer pause;
@@ -62,10 +61,8 @@ private:
     Transfer transfer;
     MessageCutter cutter;
     Bucket pace;
-    std::string output;
-    std::size_t written = 0; ///< of the output, by now
-    bool writing = false;    ///< room in the socket is waited for
-    bool spoken = false;     ///< a message has come
+    bool writing = false; ///< room in the socket is waited for
+    bool spoken = false;  ///< a message has come
     bool ended = false;
     TimePoint lastHeard;
     PeerWatch watch;
