@@ -103,7 +103,7 @@ def make_key(evening):
 class Update:
     """A server with the newer files, and Ann, who has the older ones and is asked whether she wants them."""
 
-    def __init__(self, evening, key=False):
+    def __init__(self, evening, key=False, endless=None):
         # What the patcher starts has no screen here.
         os.environ.update(QT_QPA_PLATFORM="offscreen", DISPLAY="", WAYLAND_DISPLAY="")
         self.old, self.new = release(OLDER), release(NEWER)
@@ -112,6 +112,8 @@ class Update:
         offered.mkdir(parents=True)
         for name, (_, data) in self.new.items():
             (offered / name).write_bytes(data)
+        if endless:     # more than comes while somebody looks and presses a button
+            os.truncate(offered / endless, 256 << 20)
         order = sorted(self.new, key=lambda name: name != "Readme.txt")
         order.insert(1, order.pop(order.index("Maps.dat")))       # small, large, and the others
         config = {**TWO_LOBBIES, "files": [{"name": n, "directory": self.new[n][0]} for n in order]}
@@ -228,7 +230,7 @@ def who_refuses_an_update_ends_with_his_old_files(evening):
 
 @case
 def a_cancel_in_the_second_file_leaves_the_old_files_alone(evening):
-    update = Update(evening)
+    update = Update(evening, endless="Maps.dat")
     update.begin()
     update.reaches_file(2)
     update.ann.press("DownloadProgress.Cancel")
@@ -237,7 +239,7 @@ def a_cancel_in_the_second_file_leaves_the_old_files_alone(evening):
 
 @case
 def a_server_that_dies_in_the_middle_leaves_the_old_files_alone(evening):
-    update = Update(evening)
+    update = Update(evening, endless="Maps.dat")
     update.begin()
     update.reaches_file(2)
     update.server.kill()

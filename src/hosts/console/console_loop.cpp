@@ -22,8 +22,7 @@ ConsoleLoop::ConsoleLoop(EventLoop& loop, VirtualClock* virtualClock, double wai
 
 void ConsoleLoop::RunUntil(const bool& ended) {
     while (!ended && !stack->Ending()) {
-        const bool reads = !advanceTo && !settleFor;
-        if ((!reads || sinceCommand < kEventsPerCommand || !HasLine()) && Dispatch()) continue;
+        if (!IsCommandsTurn() && Dispatch()) continue;
         if (PassTime() || StaySettling()) continue;
         FlushReply();
         if (HasLine())
@@ -33,6 +32,13 @@ void ConsoleLoop::RunUntil(const bool& ended) {
         else
             ReadInput();
     }
+}
+
+/// Among events that do not come to an end.
+bool ConsoleLoop::IsCommandsTurn() {
+    if (advanceTo || settleFor || sinceCommand < kEventsPerCommand) return false;
+    TakeInput();
+    return HasLine() || reply || replyDue; // who waits for a reply gives no command
 }
 
 void ConsoleLoop::RunToTheEnd() {
@@ -121,6 +127,12 @@ void ConsoleLoop::RunLine() {
 
 void ConsoleLoop::ReadInput() {
     loop.Wait(STDIN_FILENO, kLong);
+    TakeInput();
+}
+
+/// Without waiting for it.
+void ConsoleLoop::TakeInput() {
+    if (inputEnded) return;
     pollfd looked{STDIN_FILENO, POLLIN, 0};
     if (poll(&looked, 1, 0) <= 0) return;
     char buffer[65536];

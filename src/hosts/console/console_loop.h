@@ -58,6 +58,8 @@ private:
     bool StaySettling();
     void FlushReply();
     void ReadInput();
+    void TakeInput();
+    bool IsCommandsTurn();
     bool HasLine() const { return input.find('\n') != std::string::npos || (inputEnded && !input.empty()); }
     void RunLine();
     void End();
