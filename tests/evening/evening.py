@@ -44,11 +44,11 @@ def equal(seen, wanted, what):
 class Program:
     """A child process that logs to standard error; `notes` keeps what it and we said, for a failure's report."""
 
-    def __init__(self, name, program, *options):
+    def __init__(self, name, program, *options, under=()):
         self.name = name
         self.notes = []
         self.dismissed = False      # we have asked it to end, or ended it
-        command = [str(PROGRAMS / program), *map(str, options)]
+        command = [*under, str(PROGRAMS / program), *map(str, options)]
         try:
             self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
                                             stderr=subprocess.PIPE)
@@ -140,13 +140,13 @@ class Server(Program):
 class Console(Program):
     """`ombrin-console`, spoken to in lines of JSON: one reply a command, events in between."""
 
-    def __init__(self, name, home, options=()):
+    def __init__(self, name, home, options=(), under=()):
         self.home = home
         self.events = []
         self._replies = queue.Queue()
         self._looks = {}            # the last reply to each command that only looks
         time_options = [] if "--wait-scale" in options else ["--virtual-time"]      # waits take time only in real time
-        super().__init__(name, "ombrin-console", "--home", home, *time_options, *options)
+        super().__init__(name, "ombrin-console", "--home", home, *time_options, *options, under=under)
 
     def said(self, line):
         if line is None:
@@ -222,12 +222,12 @@ class Console(Program):
 class Client(Console):
     """A person at a client: what he does in a sentence each, and what he has on the screen."""
 
-    def __init__(self, name, home, options=()):
+    def __init__(self, name, home, options=(), under=()):
         windows = home / "windows"
         windows.mkdir(parents=True, exist_ok=True)
         if not (windows / LANGUAGE_FILE.name).exists():     # as an installer does
             shutil.copy(LANGUAGE_FILE, windows)
-        super().__init__(name, home, options)
+        super().__init__(name, home, options, under)
 
     # -- the screen
 
@@ -456,9 +456,9 @@ class Evening:
         self.programs.append(server)
         return server
 
-    def client(self, name, *options, language="English", lobbies=(), home=None):
-        """A client before its start; settings that are given here are not asked for."""
-        client = Client(name, self.scratch / (home or name), options)
+    def client(self, name, *options, language="English", lobbies=(), home=None, under=()):
+        """A client before its start, by way of the command `under`; settings that are given here are not asked for."""
+        client = Client(name, self.scratch / (home or name), options, under)
         self.programs.append(client)
         if language:
             client.choose_language(language)

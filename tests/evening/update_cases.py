@@ -56,6 +56,15 @@ def case_with_window(function):
     return case(function) if HAS_WINDOW else function
 
 
+OWN_MOUNTS = ("unshare", "--map-root-user", "--mount")
+HAS_OWN_MOUNTS = subprocess.run([*OWN_MOUNTS, "true"], stderr=subprocess.DEVNULL, check=False).returncode == 0
+
+
+def case_with_small_disks(function):
+    """A case that there is only where the system lends a disk of one's own."""
+    return case(function) if HAS_OWN_MOUNTS else function
+
+
 def release(version):
     """Its files by name: the directory and the content."""
     content = {"OmbrinExe.exe": stamped(the_client(), version), "OBPatch.exe": stamped("OBPatch", version)}
@@ -103,7 +112,7 @@ def make_key(evening):
 class Update:
     """A server with the newer files, and Ann, who has the older ones and is asked whether she wants them."""
 
-    def __init__(self, evening, key=False, endless=None):
+    def __init__(self, evening, key=False, endless=None, small_disk=False):
         # What the patcher starts has no screen here.
         os.environ.update(QT_QPA_PLATFORM="offscreen", DISPLAY="", WAYLAND_DISPLAY="")
         self.old, self.new = release(OLDER), release(NEWER)
@@ -122,10 +131,17 @@ class Update:
         self.server = evening.server(config, "--open-accounts")
         self.offered = offered
 
-        self.ann = evening.client("Ann", "--real=process,register", lobbies=("Chess", "Go"))
+        self.ann = evening.client("Ann", "--real=process,register", lobbies=("Chess", "Go"),
+                                  under=OWN_MOUNTS if small_disk else ())
         self.home = self.ann.home
+        if small_disk:
+            client, folder = self.ann.process.pid, self.home / DIRECTORIES[1]
+            folder.mkdir(parents=True)
+            subprocess.run(["nsenter", f"--target={client}", "--user", "--mount", "--preserve-credentials", "mount",
+                            "-t", "tmpfs", "-o", "size=32m", "tmpfs", folder], check=True, timeout=PATIENCE)
+            self.home = pathlib.Path(f"/proc/{client}/root") / self.home.relative_to("/")
         install(self.home, self.old)
-        for name, value in (("ClientDirectory", self.home / "files"), ("UpdateKey", public)):
+        for name, value in (("ClientDirectory", self.ann.home / "files"), ("UpdateKey", public)):
             self.ann.do("setting", section="Settings", key=name, value=str(value))
         self.ann.do("show")
         self.ann.log_on(self.server)
@@ -269,6 +285,22 @@ def with_a_key_one_wrong_byte_puts_nothing_in_place(evening):
 @case
 def with_a_key_a_file_that_cannot_be_written_puts_nothing_in_place(evening):
     refused_by_the_key(evening, lambda update: (update.home / "system" / "Names7.txt").mkdir())
+
+
+@case_with_small_disks
+def with_a_key_a_disk_that_fills_up_puts_nothing_in_place(evening):
+    update = Update(evening, key=True, small_disk=True)
+    update.ann.until("the question", lambda: update.ann.top() == "MessageBox")
+    with open(update.home / DIRECTORIES[1] / "of.others", "wb", buffering=0) as others:
+        try:
+            while others.write(bytes(1 << 16)):
+                pass
+        except OSError:
+            others.truncate(others.tell() - (1 << 20))       # room for the sums and the first file
+    update.begin()
+    texts = update.ends_like_a_cancel()
+    if "Maps.dat: it is too short." not in texts[0]:
+        raise Failure(f"the user does not read which file is wrong: {texts}")
 
 
 @case
