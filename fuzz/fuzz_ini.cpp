@@ -56,6 +56,12 @@ void Try(std::string_view input) {
     }
     IniDocument repeated = again;
     Require(repeated.SetValue(section, key, value) && repeated.Text() == again.Text(), "setting twice changes nothing");
+    repeated.Remove(section, key);
+    Require(!repeated.Value(section, key), "what is removed is gone");
+    std::erase_if(valuesAfter, [&](const auto& row) {
+        return EqualIgnoringCase(row.first.first, section) && EqualIgnoringCase(row.first.second, key);
+    });
+    Require(AllValues(repeated) == valuesAfter, "and nothing else");
 }
 
 } // namespace

@@ -126,6 +126,11 @@ bool IniDocument::SetValue(std::string_view section, std::string_view key, std::
     return true;
 }
 
+void IniDocument::Remove(std::string_view section, std::string_view key) {
+    for (std::size_t at = KeyLine(section, key); at != kNowhere; at = KeyLine(section, key))
+        lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(at));
+}
+
 std::vector<std::string> IniDocument::Keys(std::string_view section) const {
     std::vector<std::string> keys;
     const std::size_t start = SectionStart(section);

@@ -23,6 +23,9 @@ public:
     /// False, and nothing changed, when the names or the value cannot stand in the file (see CanHold).
     bool SetValue(std::string_view section, std::string_view key, std::string_view value);
 
+    /// Takes every such key of the section away.
+    void Remove(std::string_view section, std::string_view key);
+
     std::vector<std::string> Keys(std::string_view section) const;
     std::vector<std::string> Sections() const;
 

@@ -14,12 +14,15 @@ const IniDocument& IniFile::Document() {
 
 bool IniFile::SetValue(std::string_view section, std::string_view key, std::string_view value) {
     bool held = false;
+    Change([&](IniDocument& changed) { return held = changed.SetValue(section, key, value); });
+    return held;
+}
+
+void IniFile::Change(const std::function<bool(IniDocument&)>& change) {
     files.Update(path, readers, [&](const std::optional<std::string>& old) -> std::optional<std::string> {
         IniDocument changed(old.value_or(""));
-        held = changed.SetValue(section, key, value);
-        return held ? std::optional(changed.Text()) : std::nullopt;
+        return change(changed) ? std::optional(changed.Text()) : std::nullopt;
     });
-    return held;
 }
 
 std::string IniFiles::PathOf(std::string_view name) const {

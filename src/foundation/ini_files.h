@@ -4,6 +4,7 @@
 #include "foundation/files.h"
 #include "foundation/ini_document.h"
 
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -20,6 +21,8 @@ public:
     const IniDocument& Document();
     /// False when the document cannot hold the value; a failure to write is raised.
     bool SetValue(std::string_view section, std::string_view key, std::string_view value);
+    /// Any number of changes in one step, by a routine that says whether they are to be written.
+    void Change(const std::function<bool(IniDocument&)>& change);
 
 private:
     Files& files;

@@ -76,6 +76,11 @@ TEST_F(SettingsTest, WhatCannotBeKeptRaises5AndKeepsTheOldValue) {
     for (const Case& c : kRefused) {
         EXPECT_EQ(Raised([&] { settings.SaveSetting(c.section, c.key, c.value); }), 5) << c.section << c.key;
     }
+    const auto half = [](SettingsDraft& draft) {
+        draft.Put("Settings", "IP", "new");
+        draft.Put("Settings", "UserName", "two\nlines");
+    };
+    EXPECT_EQ(Raised([&] { settings.Change(half); }), 5);
     EXPECT_EQ(files.Content("/root/settings.ini"), before);
 }
 
