@@ -21,10 +21,12 @@ constexpr std::size_t kLongestBeginning = 8;
 
 } // namespace
 
+bool PictureFiles::IsPicture(std::string_view start) {
+    return std::any_of(kBeginnings.begin(), kBeginnings.end(), [&](auto known) { return start.starts_with(known); });
+}
+
 std::shared_ptr<const LoadedPicture> PictureFiles::LoadPicture(const std::string& path) {
-    const std::string start = files.Open(path)->ReadAt(0, kLongestBeginning);
-    if (std::none_of(kBeginnings.begin(), kBeginnings.end(), [&](auto known) { return start.starts_with(known); }))
-        throw RuntimeError(ErrorNumber::InvalidPicture);
+    if (!IsPicture(files.Open(path)->ReadAt(0, kLongestBeginning))) throw RuntimeError(ErrorNumber::InvalidPicture);
     return std::make_shared<LoadedPicture>(path);
 }
 

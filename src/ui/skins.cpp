@@ -1,48 +1,11 @@
 #include "ui/skins.h"
 
 #include "foundation/text.h"
-
-#include <array>
+#include "ui/skin_slots.h"
 
 namespace ombrin {
 
 namespace {
-
-struct ButtonSlot {
-    std::string_view prefix;
-    Button View::*button;
-};
-
-constexpr std::array kButtonSlots{
-    ButtonSlot{"Enter", &View::Enter},
-    ButtonSlot{"Create", &View::Create},
-    ButtonSlot{"SendLobby", &View::SendMain},
-    ButtonSlot{"PM", &View::PM},
-    ButtonSlot{"Logoff", &View::Logoff},
-    ButtonSlot{"SendRoom", &View::SendRoom},
-    ButtonSlot{"Launch", &View::Launch},
-    ButtonSlot{"Destroy", &View::Destroy},
-    ButtonSlot{"Configure", &View::Configure},
-    ButtonSlot{"Leave", &View::Leave},
-    ButtonSlot{"News", &View::btnConfigurable1},
-    ButtonSlot{"Files", &View::btnConfigurable2},
-    ButtonSlot{"Ladders", &View::btnConfigurable3},
-    ButtonSlot{"Depot", &View::btnConfigurable4},
-    ButtonSlot{"Players", &View::btnConfigurable5},
-    ButtonSlot{"AddBuddy", &View::btnAddBuddy},
-    ButtonSlot{"RemoveBuddy", &View::btnRemoveBuddy},
-};
-
-struct StateSlot {
-    std::string_view suffix;
-    Picture ButtonPictures::*state;
-};
-
-constexpr std::array kStateSlots{
-    StateSlot{"Up", &ButtonPictures::up},
-    StateSlot{"Down", &ButtonPictures::down},
-    StateSlot{"Disabled", &ButtonPictures::disabled},
-};
 
 constexpr std::string_view kTurnsFlat = "EnterUp"; ///< the one slot that takes the raised edge away
 
@@ -51,14 +14,15 @@ constexpr std::string_view kTurnsFlat = "EnterUp"; ///< the one slot that takes 
 void Skins::LoadSkins() {
     trap.log.TraceMessage("loading skins");
     trap.Quietly(__func__, [&] {
-        if (const std::string value = ValueOf("BackgroundImage"); !value.empty()) view.OBSkin.SetPicture(Load(value));
-        for (const ButtonSlot& slot : kButtonSlots) DressButton(slot.prefix, view.*slot.button);
-        if (const std::string value = ValueOf("LabelTextColor"); !value.empty()) ColourLabels(ToLong(value));
+        if (const std::string value = ValueOf(skin::kBackgroundImage); !value.empty())
+            view.OBSkin.SetPicture(Load(value));
+        for (const skin::ButtonSlot& slot : skin::kButtonSlots) DressButton(slot.prefix, view.*slot.button);
+        if (const std::string value = ValueOf(skin::kLabelTextColor); !value.empty()) ColourLabels(ToLong(value));
     });
 }
 
 void Skins::DressButton(std::string_view prefix, Button& button) {
-    for (const StateSlot& slot : kStateSlots) {
+    for (const skin::StateSlot& slot : skin::kStateSlots) {
         const std::string key = Join(prefix, slot.suffix);
         const std::string value = ValueOf(key);
         if (value.empty()) continue;
@@ -68,9 +32,10 @@ void Skins::DressButton(std::string_view prefix, Button& button) {
 }
 
 /// The store hides the file, key by key.
-std::string Skins::ValueOf(const std::string& key) {
-    std::string value = sources.settings.GetSetting("Skins", key);
-    return value.empty() ? sources.iniFiles.Read("av.ini", "Skin", key, IniFiles::kShortValueLength) : value;
+std::string Skins::ValueOf(std::string_view key) {
+    std::string value = sources.settings.GetSetting(skin::kStoreSection, key);
+    return value.empty() ? sources.iniFiles.Read("av.ini", skin::kFileSection, key, IniFiles::kShortValueLength)
+                         : value;
 }
 
 Picture Skins::Load(const std::string& value) { return Picture(sources.pictures.LoadPicture(sources.appPath + value)); }

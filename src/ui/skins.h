@@ -26,7 +26,7 @@ public:
     void LoadSkins();
 
 private:
-    std::string ValueOf(const std::string& key);
+    std::string ValueOf(std::string_view key);
     Picture Load(const std::string& value);
     void DressButton(std::string_view prefix, Button& button);
     void ColourLabels(Colour colour);
