@@ -1,0 +1,102 @@
+// ombrin-skin: how the client looks, from its next start on.
+#include "hosts/skin/screen.h"
+#include "hosts/skin/table.h"
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+
+namespace ombrin::skin {
+
+namespace {
+
+struct Options {
+    std::optional<std::string> home;
+    std::string name, size = "992x754";
+    PreviewOptions preview;
+};
+
+void List(Wardrobe& wardrobe) {
+    Table table;
+    for (const Wardrobe::Row& row : wardrobe.Rows())
+        table.push_back({row.inUse ? "*" : " ", row.skin.name, row.skin.title, row.skin.author,
+                         row.fault.empty() ? row.skin.folder : "cannot be used: " + row.fault});
+    if (table.empty())
+        std::cout << "There are no skins in " << wardrobe.Skins().Shared() << " and " << wardrobe.Skins().Own() << "\n";
+    else
+        std::cout << Aligned(table);
+}
+
+void Use(Wardrobe& wardrobe, const std::string& name) {
+    const Skin skin = wardrobe.Use(name);
+    std::cout << "Ombrin shows " << skin.name << " from its next start on.\n";
+}
+
+void Remove(Wardrobe& wardrobe) {
+    const std::string name = wardrobe.Remove();
+    if (name.empty())
+        std::cout << "No skin is in use.\n";
+    else
+        std::cout << "Ombrin has its built-in look again from its next start on.\n";
+}
+
+/// "992x754"
+void TakeSize(const std::string& text, PreviewOptions& preview) {
+    constexpr int kLargest = 8192;
+    char rest = 0;
+    if (std::sscanf(text.c_str(), "%5dx%5d%c", &preview.width, &preview.height, &rest) != 2 || preview.width < 1 ||
+        preview.height < 1 || preview.width > kLargest || preview.height > kLargest)
+        throw CLI::ValidationError("--size", "is WIDTHxHEIGHT, each from 1 to 8192");
+}
+
+int Run(int argc, char** argv) {
+    Options options;
+    CLI::App app{"How Ombrin looks. A client that is running shows a change at its next start.", "ombrin-skin"};
+    app.set_version_flag("--version", OMBRIN_VERSION);
+    app.add_option("--home", options.home, "the root of the client's places; made when missing")->type_name("DIR");
+    app.require_subcommand(0, 1);
+    app.fallthrough();
+    const auto* list = app.add_subcommand("list", "the skins that are there; the one in use has a star");
+    auto* use = app.add_subcommand("use", "put a skin on");
+    const auto* remove = app.add_subcommand("remove", "back to the built-in look");
+    auto* preview = app.add_subcommand("preview", "the main view in a skin");
+    for (auto* command : {use, preview}) command->add_option("NAME", options.name, "as in the list")->required();
+    preview->add_option("--out", options.preview.out, "write a picture instead of opening a window")->type_name("FILE");
+    preview->add_option("--size", options.size, "of the view; 992x754 unless given")->type_name("WxH");
+    preview->add_option("--scale", options.preview.scale, "pixels of the screen for one of the view")
+        ->check(CLI::Range(0.5, 4.0));
+    try {
+        app.parse(argc, argv);
+        TakeSize(options.size, options.preview);
+    } catch (const CLI::ParseError& problem) {
+        return app.exit(problem) == 0 ? 0 : 2;
+    }
+    if (app.get_subcommands().empty() && !HasScreen()) {
+        std::cout << app.help();
+        return 0;
+    }
+    Wardrobe wardrobe(options.home);
+    if (*list)
+        List(wardrobe);
+    else if (*use)
+        Use(wardrobe, options.name);
+    else if (*remove)
+        Remove(wardrobe);
+    else if (*preview)
+        ShowPreview(wardrobe, options.name, options.preview);
+    else
+        ShowChooser(wardrobe);
+    return 0;
+}
+
+} // namespace
+
+} // namespace ombrin::skin
+
+int main(int argc, char** argv) {
+    try {
+        return ombrin::skin::Run(argc, argv);
+    } catch (const std::exception& error) {
+        std::cerr << "ombrin-skin: " << error.what() << "\n";
+        return 1;
+    }
+}
