@@ -9,6 +9,8 @@
 #include <atomic>
 #include <chrono>
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <memory>
 #include <poll.h>
@@ -79,7 +81,9 @@ struct Misbehaviour {
     const char* name;
     std::string (*bytes)(const std::string& record); ///< sent again and again
     bool reads;
-    bool slow; ///< a byte a second, else as much as the server takes
+    bool slow;              ///< a byte a second, else as much as the server takes
+    std::size_t ofThem = 1; ///< connections
+    bool onFilesPort = false;
 };
 
 std::string Repeat(const std::string& text, int times) {
@@ -99,18 +103,30 @@ std::string Requests(const std::string& record) {
 std::string Halves(const std::string&) { return std::string(1U << 16U, 'x'); }
 std::string AByte(const std::string& record) { return client_message::LobbyLine(record, "slowly"); }
 
+std::string Nothing(const std::string&) { return ""; }
+std::string Beginnings(const std::string&) { return Repeat(client_message::RequestFile("big.bin"), 1'000); }
+std::string WholeFiles(const std::string&) {
+    return client_message::RequestFile("big.bin") + Repeat(client_message::FileReceived(), 100);
+}
+
 constexpr Misbehaviour kMisbehaviours[] = {
     {"ten chat beside a flood of lines", Lines, true, false},
     {"ten chat beside a flood of requests", Requests, true, false},
     {"ten chat beside half messages", Halves, true, false},
     {"ten chat beside one that never reads", Requests, false, false},
     {"ten chat beside a byte a second", AByte, true, true},
+    {"ten chat beside 200 idle file connections", Nothing, true, false, 200, true},
+    {"ten chat beside 200 that read no files", WholeFiles, false, false, 200, true},
+    {"ten chat beside 20 that begin files only", Beginnings, true, false, 20, true},
+    {"ten chat beside 20 that fetch files", WholeFiles, true, false, 20, true},
+    {"ten chat beside half requests for files", Halves, true, false, 20, true},
 };
 
 /// Misbehaves on a thread of its own while it lives; thrown out, it comes again.
 class Nuisance {
 public:
-    Nuisance(std::uint16_t port, const Misbehaviour& how) : thread([this, port, how] { Run(port, how); }) {}
+    Nuisance(const Process& server, const Misbehaviour& how)
+        : server(server), how(how), crowd(how.ofThem), thread([this] { Run(); }) {}
     ~Nuisance() {
         stop = true;
         thread.join();
@@ -119,33 +135,59 @@ public:
     Nuisance& operator=(const Nuisance&) = delete;
 
 private:
-    void Run(std::uint16_t port, const Misbehaviour& how) {
+    struct One {
+        std::unique_ptr<MannersClient> client; ///< none: it comes again
+        std::string bytes;
+        std::size_t at = 0; ///< where in the bytes it has come to
+    };
+
+    void Run() {
         while (!stop) {
-            try {
-                MannersClient client(port, "nuisance");
-                const std::string bytes = how.bytes(client.Record());
-                for (std::size_t at = 0; !stop && !client.Gone();) at = Go(client, how, bytes, at);
-            } catch (const std::runtime_error&) {
-                std::this_thread::sleep_for(10ms); // its old connection still has the name
-            }
+            for (One& one : crowd)
+                if (one.client == nullptr || one.client->Gone()) Come(one);
+            Step();
         }
     }
-    /// One step; where in the bytes it has come to.
-    std::size_t Go(MannersClient& client, const Misbehaviour& how, std::string_view bytes, std::size_t at) {
+    void Come(One& one) {
+        try {
+            one.client.reset();
+            one.client = how.onFilesPort ? std::make_unique<MannersClient>(server.filesPort)
+                                         : std::make_unique<MannersClient>(server.port, "nuisance");
+            one.bytes = how.bytes(one.client->Record());
+            one.at = 0;
+        } catch (const std::runtime_error&) {
+            std::this_thread::sleep_for(10ms); // its old connection still has the name
+        }
+    }
+    /// Whatever each can do at the moment.
+    void Step() {
         constexpr int kStep = 20; // milliseconds; it looks whether to stop
-        pollfd wait{client.Descriptor(), static_cast<short>((how.reads ? POLLIN : 0) | (how.slow ? 0 : POLLOUT)), 0};
-        poll(&wait, 1, kStep);
+        waits.clear();
+        for (const One& one : crowd) {
+            const bool writes = !how.slow && !one.bytes.empty();
+            waits.push_back({one.client ? one.client->Descriptor() : -1,
+                             static_cast<short>((how.reads ? POLLIN : 0) | (writes ? POLLOUT : 0)), 0});
+        }
+        poll(waits.data(), waits.size(), kStep);
+        for (std::size_t i = 0; i < crowd.size(); ++i)
+            if (crowd[i].client) Act(crowd[i], waits[i].revents);
+    }
+    void Act(One& one, short ready) {
         // One that never reads learns of the end of its connection by this alone.
-        if ((wait.revents & (POLLIN | POLLHUP | POLLERR)) != 0) client.Read();
+        if ((ready & (POLLIN | POLLHUP | POLLERR)) != 0) one.client->Read();
         const Clock::time_point now = Clock::now();
         if (how.slow && now >= nextByte) {
-            at += client.Send(bytes.substr(at, 1));
+            one.at += one.client->Send(std::string_view(one.bytes).substr(one.at, 1));
             nextByte = now + 1s;
         }
-        if ((wait.revents & POLLOUT) != 0) at += client.Send(bytes.substr(at));
-        return at == bytes.size() ? 0 : at;
+        if ((ready & POLLOUT) != 0) one.at += one.client->Send(std::string_view(one.bytes).substr(one.at));
+        if (one.at == one.bytes.size()) one.at = 0;
     }
 
+    const Process& server;
+    const Misbehaviour& how;
+    std::vector<One> crowd;
+    std::vector<pollfd> waits;
     std::atomic<bool> stop = false;
     Clock::time_point nextByte;
     std::thread thread;
@@ -157,14 +199,18 @@ double Quantile(std::vector<double>& delays, std::size_t percent) {
 }
 
 bool Run(const Misbehaviour& how) {
-    const ScratchHome home(R"({"lobbies": ["Go"], "limits": {"passwordMemoryKiB": 8, "passwordPasses": 1}})");
+    const ScratchHome home(R"({"lobbies": ["Go"], "files": [{"name": "big.bin", "directory": 1}],
+                               "limits": {"passwordMemoryKiB": 8, "passwordPasses": 1}})");
+    std::filesystem::create_directory(home.path + "/files");
+    constexpr std::size_t kFile = std::size_t{16} << 20U;
+    std::ofstream(home.path + "/files/big.bin") << ";FileVersion=1.00\n" << std::string(kFile, 'x');
     const Process server({ARDVELLE_SERVER, "--port", "0", "--home", home.path, "--open-accounts"});
     Neighbours neighbours(server.port);
     std::vector<double> alone;
     std::vector<double> beside;
     for (int round = 0; round < kRounds; ++round) {
         neighbours.Chat(alone);
-        const Nuisance nuisance(server.port, how);
+        const Nuisance nuisance(server, how);
         neighbours.Chat(beside);
     }
     constexpr std::size_t kHalf = 50;

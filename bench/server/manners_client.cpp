@@ -12,14 +12,17 @@
 
 namespace ombrin::bench {
 
-MannersClient::MannersClient(std::uint16_t port, const std::string& name)
-    : name(name), descriptor(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+MannersClient::MannersClient(std::uint16_t port) : descriptor(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_port = htons(port);
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     if (connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
         throw std::runtime_error("a client cannot connect");
+}
+
+MannersClient::MannersClient(std::uint16_t port, const std::string& name) : MannersClient(port) {
+    this->name = name;
     Send(client_message::Logon(name + ";temp;127.0.0.1", "pw"));
     ReadUntil("22:");
     Send(client_message::EnterLobby(Record(), ""));

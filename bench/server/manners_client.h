@@ -9,6 +9,8 @@ namespace ombrin::bench {
 
 class MannersClient {
 public:
+    /// Connected to the update port; raises std::runtime_error when that fails.
+    explicit MannersClient(std::uint16_t port);
     /// Logged on and in the lobby "Go"; raises std::runtime_error when that fails.
     MannersClient(std::uint16_t port, const std::string& name);
     ~MannersClient();

@@ -37,6 +37,8 @@ Process::Process(std::vector<std::string> command) {
     const std::size_t end = line.find(',');
     if (end == std::string::npos) throw std::runtime_error(command[0] + " does not get ready");
     port = static_cast<std::uint16_t>(std::stoi(line.substr(line.rfind(':', end) + 1)));
+    const std::size_t filesColon = line.find(':', end);
+    if (filesColon != std::string::npos) filesPort = static_cast<std::uint16_t>(std::stoi(line.substr(filesColon + 1)));
 }
 
 Process::~Process() {

@@ -23,6 +23,7 @@ public:
     double MemoryKiB() const;
 
     std::uint16_t port = 0;
+    std::uint16_t filesPort = 0; ///< of `…, files on ADDRESS:PORT`, where the line says that
 
 private:
     std::string Text(const char* file) const;

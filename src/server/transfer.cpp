@@ -17,7 +17,7 @@ struct TransferCode {
     double cost;
 };
 
-/// A file is opened and its first buffer read, as often as one likes: some 50 times a second is more than any client.
+/// A file is opened and a buffer of it read; a client rests between two files.
 constexpr double kCostOfFile = 400;
 
 constexpr std::array kTransferCodes{

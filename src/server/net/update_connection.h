@@ -20,9 +20,9 @@ namespace ombrin::server {
 
 class UpdateConnection final : public std::enable_shared_from_this<UpdateConnection> {
 public:
-    /// What a client asks for beyond this waits in its own connection. A request for one more
-    /// buffer costs 1, and a client that writes gigabytes a second does not come up to it.
-    static constexpr Rate kPace{20'000, 20'000};
+    /// What a client asks for beyond this waits in its own connection. A request for one more buffer costs 1: no client
+    /// writes pieces to its disk faster.
+    static constexpr Rate kPace{20'000, 5'000};
     /// A client asks for its first file as soon as it is there.
     static constexpr Milliseconds kSilenceAtFirst{60'000};
     /// Later it may stand still for a while, and behind the last file it stays until its user has read of the end.

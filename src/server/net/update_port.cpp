@@ -3,6 +3,8 @@
 #include "foundation/text.h"
 
 #include <asio/error.hpp>
+#include <sys/resource.h>
+#include <unistd.h>
 
 namespace ombrin::server {
 
@@ -13,6 +15,9 @@ using asio::ip::tcp;
 /// The client reads the port as a signed number of 16 bits. The search begins above the usual services.
 constexpr std::uint16_t kFirstPort = 20'000;
 constexpr std::uint16_t kHighestPort = 32'767;
+
+/// Steps of the scheduler: where the processors are busy, a line goes before a file.
+constexpr int kBehindTheLobby = 10;
 
 } // namespace
 
@@ -38,7 +43,10 @@ std::unique_ptr<Listener> UpdatePort::Listen(const asio::ip::address& address, s
 void UpdatePort::Start() {
     listener->Start();
     LookAround();
-    thread = std::thread([this] { loop.run(); });
+    thread = std::thread([this] {
+        setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), kBehindTheLobby); // of this thread alone
+        loop.run();
+    });
 }
 
 void UpdatePort::Stop() {
