@@ -13,7 +13,8 @@ TEST(ConfigurationFile, EverythingInItIsTakenOver) {
         "banners": [{"address": "https://a.example/", "seconds": 30}],
         "directPlayGames": [{"game": "Go", "application": "Go 3000"}],
         "directIPGames": [{"game": "Half Life", "executable": "hl.exe"}],
-        "files": [{"name": "Ping.ocx", "directory": 2, "version": "3.33"}],
+        "files": [{"name": "Ping.ocx", "directory": 2, "version": "3.33"}, {"name": "a.txt", "directory": 3}],
+        "updateKey": "keys/update.key",
         "limits": {"users": 10, "connectionsPerAddress": 11, "accounts": 12, "roomsPerLobby": 13, "buddies": 14,
                    "lobbyLines": {"burst": 1, "perSecond": 0.5},
                    "roomLines": {"burst": 2, "perSecond": 3}, "privateMessages": {"burst": 4, "perSecond": 5},
@@ -34,6 +35,8 @@ TEST(ConfigurationFile, EverythingInItIsTakenOver) {
     EXPECT_EQ(read.files.at(0).name, "Ping.ocx");
     EXPECT_EQ(read.files.at(0).directory, 2);
     EXPECT_EQ(read.files.at(0).version, "3.33");
+    EXPECT_EQ(read.files.at(1).version, "");
+    EXPECT_EQ(read.updateKey, "keys/update.key");
     const Limits& limits = read.limits;
     EXPECT_EQ(limits.users, 10U);
     EXPECT_EQ(limits.connectionsPerAddress, 11U);
@@ -83,7 +86,15 @@ TEST(ConfigurationFile, EachMistakeIsRefusedWithItsPlace) {
         {R"({"directIPGames": [{"game": "Doom", "executable": "x.exe"}]})", "/directIPGames/0/game: is no lobby"},
         {R"({"files": [{"name": "..", "directory": 1, "version": "1"}]})", "/files/0/name: must be the name of a file"},
         {R"({"files": [{"name": "a/b", "directory": 1, "version": "1"}]})", "/files/0/name: must not hold \"/\""},
-        {R"({"files": [{"name": "a", "directory": 4, "version": "1"}]})", "/files/0/directory: must be a whole number"},
+        {R"({"files": [{"name": "a.b", "directory": 4}]})", "/files/0/directory: must be a whole number"},
+        {R"({"files": [{"name": "a", "directory": 1}]})", "/files/0/name: must hold a \".\""},
+        {R"({"files": [{"name": "a;b.c", "directory": 1}]})", "/files/0/name: must not hold \";\""},
+        {R"({"files": [{"name": "a.b", "directory": 1}, {"name": "A.B", "directory": 2}]})",
+         "/files/1: a file of this"},
+        {R"({"files": [{"name": "a.b", "directory": 1}, {"name": "a7.b", "directory": 1}]})", "/files/1: one of this"},
+        {R"({"files": [{"name": "A7.b", "directory": 1}, {"name": "a.b", "directory": 1}]})", "/files/1: one of this"},
+        {R"({"updateKey": "k", "files": [{"name": "ombrin.sums", "directory": 1}]})", "/files/0: a file of this name"},
+        {R"({"updateKey": ""})", "/updateKey: must not be empty"},
         {R"({"limits": {"users": 0}})", "/limits/users: must be a whole number from 1"},
         {R"({"limits": {"users": 18446744073709551615}})", "/limits/users: must be a whole number"},
         {R"({"limits": {"lobbyLines": {"burst": 0, "perSecond": 1}}})", "/limits/lobbyLines/burst: must be a number"},

@@ -207,6 +207,7 @@ TEST_F(Loopback, WhatPreventsTheStartIsSaidWithItsPlace) {
     };
     const Case cases[] = {
         {{}, R"({"lobbies": ["a:b"]})", "server.json: /lobbies/0: must not hold"},
+        {{}, R"({"files": [{"name": "a.b", "directory": 1}]})", "server.json: /files/0: "},
         {{"--config", "/no/such/file"}, "", "/no/such/file: cannot be read"},
         {{"--files-port", std::to_string(running.filesPort)}, "", "cannot listen on 127.0.0.1:"},
     };

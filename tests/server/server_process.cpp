@@ -163,6 +163,11 @@ std::string WireClient::ReadsUntil(std::string_view text) {
     }
 }
 
+std::string WireClient::ReadsSome() {
+    if (buffer.empty()) ReadsMore();
+    return std::exchange(buffer, {});
+}
+
 std::string WireClient::ReadsToEnd() {
     while (ReadsMore()) {
     }

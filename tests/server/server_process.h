@@ -58,6 +58,8 @@ public:
     void EndsSending() const;
     /// Everything up to this text; what was read so far, with a failure, when it does not come.
     std::string ReadsUntil(std::string_view text);
+    /// What has come, waited for when that is nothing; empty at the end of the connection.
+    std::string ReadsSome();
     /// Everything up to the server's end of the connection.
     std::string ReadsToEnd();
     std::string LogsOn(const std::string& name, const std::string& password = "pw");

@@ -103,10 +103,10 @@ void UpdateConnection::AwaitRoom() {
 void UpdateConnection::End(std::string_view why) {
     if (ended) return;
     ended = true;
+    around.log.Line(name, " ends: ", why);
     asio::error_code ignored; // the socket is gone in any case
     socket.close(ignored);
     pause.cancel();
-    around.log.Line(name, " ends: ", why);
     around.ended(shared_from_this());
 }
 
