@@ -31,7 +31,7 @@ constexpr std::size_t kLongestPath = 4'000;          ///< characters
 constexpr std::size_t kMostLobbies = 1'000;          ///< the whole list goes to each client
 constexpr std::size_t kMostBanners = 1'000;          ///< the client keeps three settings for each
 constexpr std::size_t kMostDirectPlayGames = 199;    ///< the client's table ends there
-constexpr std::size_t kMostFiles = 1'000;            ///< the client compares each at its logon
+constexpr std::size_t kMostFiles = 998;              ///< of the file of sums clients read 1,000 lines
 constexpr int kLongestBannerTime = 32'767;           ///< seconds: the client reads 16 bits
 
 void ExpectAtMost(const Node& list, std::size_t size, std::size_t most) {

@@ -45,11 +45,20 @@ Loaded Load(const Options& options) {
     }
 }
 
+void TellOfRelease(const Release& release, Log& log) {
+    if (!release.publicKey.empty()) log.Line("files are signed for the UpdateKey ", release.publicKey);
+    for (const OfferedFile& file : release.files) {
+        const std::size_t behindDot = file.version.find('.') + 1;
+        if (behindDot > 0 && behindDot + 1 == file.version.size())
+            log.Line("clients do not look at the single character behind the dot of ", file.name, " ", file.version);
+    }
+}
+
 void Run(const Options& options, Log& log) {
     umask(S_IRWXG | S_IRWXO); // the database is nobody else's business
     std::filesystem::create_directories(options.home);
     Loaded loaded = Load(options);
-    if (!loaded.release.publicKey.empty()) log.Line("files are signed for the UpdateKey ", loaded.release.publicKey);
+    TellOfRelease(loaded.release, log);
     Server server(options, loaded.configuration, std::move(loaded.release), log);
     std::cout << server.ReadyLine() << std::endl; // NOLINT(performance-avoid-endl): whoever waits for it waits now
     server.Run();

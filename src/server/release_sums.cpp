@@ -11,10 +11,6 @@ namespace ombrin::server {
 
 namespace {
 
-/// Of the file of sums: what clients read of it. The rest are the lines of its version and its signature.
-constexpr std::size_t kMostLines = 1'000;
-constexpr std::size_t kMostFiles = kMostLines - 2;
-
 std::string SumOf(DiskFile& file, const FileMark& mark) {
     constexpr std::size_t kPiece = std::size_t{1} << 20U;
     crypto_hash_sha256_state state{};
@@ -42,8 +38,6 @@ std::string VersionOf(std::time_t changed) {
 
 OfferedFile MakeSums(const std::vector<OfferedFile>& files, const UpdateKey& key,
                      const std::vector<std::string>& besides) {
-    if (files.size() > kMostFiles)
-        throw DiskError(Join("cannot sign more than ", std::to_string(kMostFiles), " files"));
     std::int64_t changed = 0;
     for (const std::string& path : besides) changed = std::max(changed, DiskFile(path).Changed());
     std::string rows;

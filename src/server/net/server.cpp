@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <asio/post.hpp>
+#include <sys/resource.h>
 
 namespace ombrin::server {
 
@@ -15,6 +16,16 @@ using asio::ip::tcp;
 constexpr std::size_t kSpareConnections = 256;
 Admission::Bounds BoundsOf(const Limits& limits) {
     return {limits.connectionsPerAddress, limits.users + kSpareConnections};
+}
+
+/// Each takes two descriptors, its own and its file's, and where these are few the lobby goes first.
+Admission::Bounds BoundsOfFiles(const Limits& limits) {
+    constexpr rlim_t kEach = 8; // three quarters are left
+    Admission::Bounds bounds = BoundsOf(limits);
+    rlimit descriptors{};
+    if (getrlimit(RLIMIT_NOFILE, &descriptors) == 0)
+        bounds.all = std::min<rlim_t>(bounds.all, descriptors.rlim_cur / kEach);
+    return bounds;
 }
 
 /// One thread checks passwords for each processor but the loop's own, and not so many that they need much memory.
@@ -34,7 +45,7 @@ Server::Server(const Options& options, const Configuration& configuration, Relea
       admission(BoundsOf(configuration.limits), alarms, log),
       lobby(Listen(loop, {asio::ip::make_address(options.listen), options.port},
                    [this](tcp::socket socket, const tcp::endpoint& peer) { Accept(std::move(socket), peer); })),
-      files(lobby->Where().address(), options.filesPort, std::move(release), BoundsOf(configuration.limits), log),
+      files(lobby->Where().address(), options.filesPort, std::move(release), BoundsOfFiles(configuration.limits), log),
       signals(loop, SIGINT, SIGTERM) {
     service.Require(files.Offered().files, files.Where().port());
 }
