@@ -73,8 +73,9 @@ Release ReadRelease(const Configuration& configuration, const std::string& home,
     const std::string keyPath = (std::filesystem::path(home) / Utf8(configuration.updateKey)).string();
     At("/updateKey", keyPath, [&] {
         const UpdateKey key(keyPath);
+        if (release.files.empty()) return;
         release.publicKey = key.PublicHalf();
-        if (!release.files.empty()) AddSums(release, key, {keyPath, configurationPath});
+        AddSums(release, key, {keyPath, configurationPath});
     });
     return release;
 }

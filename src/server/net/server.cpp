@@ -91,9 +91,9 @@ void Server::LookAround() {
 
 void Server::Stop() {
     lobby->Stop();
-    files.Stop();
     const std::vector<std::shared_ptr<Connection>> present(connections.begin(), connections.end());
     for (const auto& connection : present) connection->Flush();
+    files.Stop(); // behind the lobby's last words, as a disk may keep it waiting
     loop.stop();
 }
 
