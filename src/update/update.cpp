@@ -30,8 +30,11 @@ void Update::GetFilesFromServer(std::string_view Buffer) {
             return TellRefused(desk.messages, desk.trap.log, text::kUpdateNotUsable, *refused);
         const std::optional<SumsCheck> check = MakeCheck(list);
         const Transfer transfer = MakeTransfer(check);
-        for (const ListedFile& file : list.files) QueueIfOlder(*transfer, file);
-        clsFT = transfer;
+        clsFT = transfer; // at once: queueing may wait under a box, where another list can come
+        for (const ListedFile& file : list.files) {
+            QueueIfOlder(*transfer, file);
+            if (IsReplaced(transfer)) return;
+        }
         if (transfer->GetNumberOfFilesInClass() == 0) return;
         if (const auto refused = WhyNotToStart(transfer, check))
             return TellRefused(desk.messages, desk.trap.log, text::kUpdateNotUsable, *refused);
@@ -111,10 +114,7 @@ std::optional<RefusedFile> Update::FirstWithoutRoom(const clsFileTransfer& trans
 
 void Update::Offer(const FileList& list, const Transfer& transfer) {
     const BoxResult answer = desk.messages.DisplayMessage(text::kDownloadRequired, BoxButtons::OkCancel);
-    if (clsFT != transfer) { // a list that came meanwhile has its own question
-        desk.TraceMessage("the answer belongs to a list that another one has replaced");
-        return;
-    }
+    if (IsReplaced(transfer)) return;
     if (answer == BoxResult::Ok) {
         desk.TraceMessage("there are files to download and the user chose to download them");
         Start(list, transfer);
@@ -123,6 +123,13 @@ void Update::Offer(const FileList& list, const Transfer& transfer) {
     desk.TraceMessage("there are files to download and the user chose NOT to download them");
     clsFT.reset();
     services.closeClient();
+}
+
+/// By a list that came while a box stood, and which has its own question.
+bool Update::IsReplaced(const Transfer& transfer) const {
+    if (clsFT == transfer) return false;
+    desk.TraceMessage("this list has been replaced by another one");
+    return true;
 }
 
 void Update::Start(const FileList& list, const Transfer& transfer) {

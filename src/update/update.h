@@ -50,6 +50,7 @@ private:
     std::optional<RefusedFile> WhyNotToStart(const Transfer& transfer, const std::optional<SumsCheck>& check);
     std::optional<RefusedFile> FirstWithoutRoom(const clsFileTransfer& transfer) const;
     void Offer(const FileList& list, const Transfer& transfer);
+    bool IsReplaced(const Transfer& transfer) const;
     void Start(const FileList& list, const Transfer& transfer);
 
     void FileTransferSocket_Connect();

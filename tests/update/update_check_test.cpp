@@ -160,6 +160,18 @@ TEST(UpdateCheck, OfTwoQuestionsTheNewerListIsTheOneThatCounts) {
     }
 }
 
+TEST(UpdateCheck, AListThatComesUnderABoxOfAnotherGoesOnAlone) {
+    Updating ann;
+    ann.Has("/home/system/Ping.ocx", "3.33");
+    ann.Lists("Nopoint;1;1;3.34;Ping.ocx;3;2;3.34;");
+    ann.Begins("Ping.ocx;3;2;3.35;");
+    ann.Gives({"new"});
+    ann.Presses(ann.dialog.OK);
+    EXPECT_THAT(ann.Boxes(), ElementsAre(StartsWith("Error: occured in module AddFile().")));
+    EXPECT_EQ(ann.FileServer().connects, 1);
+    EXPECT_THAT(ann.FilesIn("/home/system"), Contains("Ping7.ocx: new"));
+}
+
 TEST(UpdateCheck, TheProgramsEndUnderTheQuestionFetchesNothing) {
     Updating ann;
     ann.Lists("Map.dat;1;1;3.34;");
