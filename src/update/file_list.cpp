@@ -12,11 +12,13 @@ namespace ombrin {
 
 namespace {
 
-std::optional<LanguageText> WhyRefused(const ListedFile& file) {
+std::optional<LanguageText> WhyRefused(const ListedFile& file, const UpdateDirectories& directories) {
     if (!IsPlainFileName(file.FileName)) return text::kUpdateBadName;
     const auto hasCode = [&](const DirectoryCode& row) { return row.code == file.directoryCode; };
     if (std::none_of(kDirectoryCodes.begin(), kDirectoryCodes.end(), hasCode)) return text::kUpdateBadDirectory;
-    if (file.LocalPath.empty()) return text::kUpdateNoClientDirectory;
+    const FileInUse* inUse = InUse(file.FileName); // its copy would land in whatever directory is the current one
+    if (file.LocalPath.empty() || (inUse != nullptr && (directories.*inUse->copyDirectory).empty()))
+        return text::kUpdateNoClientDirectory;
     if (file.FileSize < 0) return text::kUpdateBadSize;
     return std::nullopt;
 }
@@ -47,12 +49,12 @@ FileList CutFileList(std::string_view buffer, const UpdateDirectories& directori
     return list;
 }
 
-std::optional<RefusedFile> FirstRefused(const FileList& list) {
+std::optional<RefusedFile> FirstRefused(const FileList& list, const UpdateDirectories& directories) {
     if (list.files.size() > FileList::kMostFiles)
         return RefusedFile{list.files[FileList::kMostFiles].FileName, text::kUpdateTooManyFiles};
     std::set<std::string_view> paths;
     for (const ListedFile& file : list.files) {
-        if (const auto why = WhyRefused(file)) return RefusedFile{file.FileName, *why};
+        if (const auto why = WhyRefused(file, directories)) return RefusedFile{file.FileName, *why};
         paths.insert(file.LocalPath);
     }
     for (const ListedFile& file : list.files)

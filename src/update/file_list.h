@@ -33,7 +33,7 @@ struct FileList {
 FileList CutFileList(std::string_view buffer, const UpdateDirectories& directories);
 
 /// The first entry that may not be followed: it would leave its place, cannot be, or gets in another's way.
-std::optional<RefusedFile> FirstRefused(const FileList& list);
+std::optional<RefusedFile> FirstRefused(const FileList& list, const UpdateDirectories& directories);
 
 /// Whether the local file is the older one. The parts before the first "." are compared, and where they are equal what
 /// is behind it in one piece; as texts, so that 9 is newer than 10.

@@ -26,7 +26,7 @@ void Update::GetFilesFromServer(std::string_view Buffer) {
         }
         FileList list = CutFileList(Buffer, directories);
         if (list.files.empty()) return;
-        if (const auto refused = FirstRefused(list))
+        if (const auto refused = FirstRefused(list, directories))
             return TellRefused(desk.messages, desk.trap.log, text::kUpdateNotUsable, *refused);
         const std::optional<SumsCheck> check = MakeCheck(list);
         const Transfer transfer = MakeTransfer(check);
@@ -89,6 +89,8 @@ std::string Update::LocalVersion(const ListedFile& file) {
 
 std::optional<RefusedFile> Update::WhyNotToStart(const Transfer& transfer, const std::optional<SumsCheck>& check) {
     if (check && !check->HasKey()) return RefusedFile{std::string(Sums::kFileName), text::kUpdateBadKey};
+    if (check && directories.client.empty()) // where the sums would be
+        return RefusedFile{std::string(Sums::kFileName), text::kUpdateNoClientDirectory};
     if (check && !check->HasSums(transfer->Pending()))
         return RefusedFile{std::string(Sums::kFileName), text::kUpdateNoSums};
     return FirstWithoutRoom(*transfer);

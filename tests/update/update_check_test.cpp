@@ -118,9 +118,14 @@ TEST(UpdateCheck, ListsThatMayNotBeFollowedAreRefusedWhole) {
     EXPECT_TRUE(ann.view.Enabled());
     ann.Agrees(most);
 
-    Updating homeless("");
-    homeless.Lists("Map.dat;5;1;3.34;");
-    EXPECT_THAT(homeless.Boxes(), ElementsAre(HasSubstr("Map.dat: the settings name no ClientDirectory.")));
+    const std::string noDirectory = ": the settings name no ClientDirectory.";
+    Updating homeless("", std::string(Integrity::kKeyDigits, 'a'));
+    for (const auto& [list, file] : {std::pair{"Map.dat;5;1;3.34;", "Map.dat"},
+                                     {"OmbrinExe.exe;5;2;3.34;", "OmbrinExe.exe"}, // whose copy goes there
+                                     {"Map.dat;5;2;3.34;", "Ombrin.sums"}}) {
+        homeless.Lists(list);
+        EXPECT_THAT(homeless.Boxes(), ElementsAre(HasSubstr(file + noDirectory)));
+    }
 }
 
 TEST(UpdateCheck, WhatCannotBeQueuedIsLeftOut) {
