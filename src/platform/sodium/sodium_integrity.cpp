@@ -11,9 +11,9 @@ namespace {
 
 constexpr std::size_t kReadAtOnce = std::size_t{256} * 1024; ///< bytes
 
-static_assert(Integrity::kKeyDigits == 2 * crypto_sign_PUBLICKEYBYTES &&
-              Integrity::kSumDigits == 2 * crypto_hash_sha256_BYTES &&
-              Integrity::kSignatureDigits == 2 * crypto_sign_BYTES);
+static_assert(Integrity::kKeyDigits / 2 == crypto_sign_PUBLICKEYBYTES &&
+              Integrity::kSumDigits / 2 == crypto_hash_sha256_BYTES &&
+              Integrity::kSignatureDigits / 2 == crypto_sign_BYTES);
 
 const unsigned char* Bytes(std::string_view text) { return reinterpret_cast<const unsigned char*>(text.data()); }
 
