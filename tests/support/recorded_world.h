@@ -49,13 +49,13 @@ struct RecordedWorld {
     directplay::RegistryService directPlay{registry, applications};
     recording::RecordingDisks disks;
 
-    /// `real` takes the place of the played network.
-    Platform ForClient(Waiter& waiter, Network* real = nullptr) {
-        return {real != nullptr ? *real : static_cast<Network&>(network),
+    /// `otherNetwork` and `otherFiles` take the place of the played network and of the files in memory.
+    Platform ForClient(Waiter& waiter, Network* otherNetwork = nullptr, LocalFiles* otherFiles = nullptr) {
+        return {otherNetwork != nullptr ? *otherNetwork : static_cast<Network&>(network),
                 loop,
                 clock,
                 files,
-                localFiles,
+                otherFiles != nullptr ? *otherFiles : static_cast<LocalFiles&>(localFiles),
                 sound,
                 clipboard,
                 pings,
