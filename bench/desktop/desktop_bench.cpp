@@ -150,7 +150,7 @@ void TellPainted() { std::printf("%.3f %.0f\n", Milliseconds(), PeakMemory()); }
 /// Until the window is there, or until its logon page is.
 int StartOurs(QApplication& application, bool page) {
     const QTemporaryDir home;
-    Look::Install(application);
+    Look::Install(application, {});
     Program program(home.path().toStdString());
     program.client.Inis().Write("AVfLang.ini", "CurrentLanguage", "Language",
                                 "English"); // chosen when it was installed
@@ -321,7 +321,7 @@ int Run(QApplication& application) {
     if (arguments.contains(QStringLiteral("--page"))) return StartOurs(application, true);
     if (arguments.contains(QStringLiteral("--bare"))) return StartBare();
     bool good = StartUp(arguments.contains(QStringLiteral("--display")) ? " --display" : "");
-    Look::Install(application);
+    Look::Install(application, {});
     good = Burst() && good;
     good = Resizing() && good;
     return good ? 0 : 1;

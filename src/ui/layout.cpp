@@ -53,14 +53,14 @@ struct Definition {
     Place place;
 };
 
-constexpr int kButtonWidth = 112, kButtonHeight = 36;
+constexpr int kButtonWidth = 96, kButtonHeight = 43;
 
 constexpr Definition kDefinitions[] = {
     {[](View& v) -> Control& { return v.OBSkin; }, {0, 0, Layout::kDrawnWidth, Layout::kDrawnHeight}},
     {[](View& v) -> Control& { return v.MainText; }, {284, 439, 272, 26}},
-    {[](View& v) -> Control& { return v.SendMain; }, {609, 439, 40, 26}},
+    {[](View& v) -> Control& { return v.SendMain; }, {609, 439, 37, 25}},
     {[](View& v) -> Control& { return v.RoomText; }, {284, 712, 272, 26}},
-    {[](View& v) -> Control& { return v.SendRoom; }, {609, 712, 40, 26}},
+    {[](View& v) -> Control& { return v.SendRoom; }, {609, 712, 37, 25}},
     {[](View& v) -> Control& { return v.LobbiesLabel; }, {181, 107, 100, 18}},
     {[](View& v) -> Control& { return v.ChatFrame; }, {330, 107, 300, 18}},
     {[](View& v) -> Control& { return v.LobbyUsersLabel; }, {710, 107, 100, 18}},
@@ -68,9 +68,9 @@ constexpr Definition kDefinitions[] = {
     {[](View& v) -> Control& { return v.RoomBorder; }, {330, 492, 300, 18}},
     {[](View& v) -> Control& { return v.RoomUsersLabel; }, {710, 492, 100, 18}},
     {[](View& v) -> Control& { return v.BuddiesLabel; }, {850, 492, 100, 18}},
-    {[](View& v) -> Control& { return v.Configure; }, {10, 6, kButtonWidth, 30}},
-    {[](View& v) -> Control& { return v.Logoff; }, {10, 38, kButtonWidth, 30}},
-    {[](View& v) -> Control& { return v.ConfigWarning; }, {10, 38, 122, 66}},
+    {[](View& v) -> Control& { return v.Configure; }, {10, 2, kButtonWidth, kButtonHeight}},
+    {[](View& v) -> Control& { return v.Logoff; }, {10, 49, kButtonWidth, kButtonHeight}},
+    {[](View& v) -> Control& { return v.ConfigWarning; }, {10, 45, 140, 56}},
     {[](View& v) -> Control& { return v.lbAllUsers; }, {835, 6, 135, 90}},
     {[](View& v) -> Control& { return v.AVBrand; }, {835, 6, 135, 90}},
     {[](View& v) -> Control& { return v.Image1; }, {0, 0, 1, 1}},

@@ -31,6 +31,14 @@ void Skins::DressButton(std::string_view prefix, Button& button) {
     }
 }
 
+std::string_view Skins::PrefixOf(const Button& button) {
+    const auto* view = dynamic_cast<const View*>(&button.Parent());
+    if (view == nullptr) return {};
+    for (const skin::ButtonSlot& slot : skin::kButtonSlots)
+        if (&(view->*slot.button) == &button) return slot.prefix;
+    return {};
+}
+
 /// The store hides the file, key by key.
 std::string Skins::ValueOf(std::string_view key) {
     std::string value = sources.settings.GetSetting(skin::kStoreSection, key);

@@ -24,6 +24,8 @@ public:
     /// A slot without a value keeps what the control was built with. A value that cannot be used ends it there, for the
     /// log only.
     void LoadSkins();
+    /// Of the keys that dress the button; empty for one that no skin dresses.
+    static std::string_view PrefixOf(const Button& button);
 
 private:
     std::string ValueOf(std::string_view key);

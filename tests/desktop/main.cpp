@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
     const QTemporaryDir settings;
     QSettings::setDefaultFormat(QSettings::IniFormat);
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
-    ombrin::desktop::Look::Install(application);
+    ombrin::desktop::Look::Install(application, {});
     qInstallMessageHandler(Hear);
     return RUN_ALL_TESTS();
 }

@@ -1,8 +1,11 @@
-// ombrin-screenshots FOLDER LANGUAGE WIDTH HEIGHT: pictures of the main view and of every dialog, in one language at
-// one size, made from the real windows over a played server.
+// ombrin-screenshots FOLDER LANGUAGE WIDTH HEIGHT [SKIN]: pictures of the main view and of every dialog, in one
+// language at one size, made from the real windows over a played server.
 #include "desktop/stage.h"
 #include "hosts/desktop/look.h"
+#include "hosts/desktop/qt_pictures.h"
+#include "hosts/skin/skin.h"
 #include "session/wire/codec.h"
+#include "ui/skin_slots.h"
 
 #include <QApplication>
 #include <QDir>
@@ -222,12 +225,39 @@ void TakeGame(Stage& stage, Photographer& photographer) {
     stage.Step([&stage, &forms] { stage.loop.Enter([&forms] { forms.FindingGame.Hide(); }); });
 }
 
+/// A skin's folder in place of the client's own.
+class SkinPictures : public Pictures {
+public:
+    SkinPictures(std::string appPath, std::string folder) : appPath(std::move(appPath)), folder(std::move(folder)) {}
+    std::shared_ptr<const LoadedPicture> LoadPicture(const std::string& path) override {
+        return files.LoadPicture(folder + path.substr(appPath.size()));
+    }
+
+private:
+    std::string appPath, folder;
+    desktop::QtPictures files{CodePage::Usual()};
+};
+
+void Wear(const skin::Skin& worn, Settings& store) {
+    const auto set = [&store](std::string_view section, std::string_view key, const std::string& value) {
+        if (!value.empty()) store.SaveSetting(section, key, value);
+    };
+    for (const skin::Skin::Slot& slot : worn.pictures) set(skin::kStoreSection, slot.key, "/" + slot.file);
+    const auto number = [](const std::optional<Colour>& colour) { return colour ? std::to_string(*colour) : ""; };
+    set(skin::kStoreSection, skin::kLabelTextColor, number(worn.labelTextColor));
+    set("Settings", "TextColor", number(worn.textColor));
+}
+
 int Run(QApplication& application, const QStringList& arguments) {
     const QString folder = arguments[1];
     const std::string language = Held(arguments[2]);
     QDir().mkpath(folder);
-    desktop::Look::Install(application);
+    const skin::Skin worn = arguments.size() > 5 ? skin::ReadSkin(arguments[5].toStdString()) : skin::Skin();
+    desktop::Look::Install(application, {desktop::Scheme::Of(worn.scheme), worn.captions == "1"});
     Stage stage("");
+    SkinPictures pictures(stage.world.places.AppPath(), worn.folder);
+    stage.world.pictures.shown = &pictures;
+    Wear(worn, stage.client.Store());
     stage.Speaks("");
     stage.window.resize(arguments[3].toInt(), arguments[4].toInt());
 
@@ -309,8 +339,8 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() != 5) {
-        std::fprintf(stderr, "usage: ombrin-screenshots FOLDER LANGUAGE WIDTH HEIGHT\n");
+    if (arguments.size() < 5 || arguments.size() > 6) {
+        std::fprintf(stderr, "usage: ombrin-screenshots FOLDER LANGUAGE WIDTH HEIGHT [SKIN]\n");
         return 2;
     }
     return ombrin::test::Run(application, arguments);

@@ -24,6 +24,16 @@
 
 namespace ombrin::test {
 
+/// Known by their first bytes, unless a window has its own way to them.
+struct WorldPictures : Pictures {
+    explicit WorldPictures(const LocalFiles& files) : known(files) {}
+    std::shared_ptr<const LoadedPicture> LoadPicture(const std::string& path) override {
+        return shown != nullptr ? shown->LoadPicture(path) : known.LoadPicture(path);
+    }
+    PictureFiles known;
+    Pictures* shown = nullptr;
+};
+
 struct RecordedWorld {
     std::vector<recording::Event> events;
     recording::Journal journal = [this](const recording::Event& event) { events.push_back(event); };
@@ -41,7 +51,7 @@ struct RecordedWorld {
     recording::RecordingIntegrity integrity;
     recording::RecordingOpener opener{journal};
     recording::RecordingBrowser browser{journal};
-    PictureFiles pictures{localFiles};
+    WorldPictures pictures{localFiles};
     recording::FixedMeasure measure;
     Places places{"/home"};
     HiveRegistry registry{files, places.RegistryFile()};

@@ -126,10 +126,10 @@ private:
         QTextCharFormat sender, text;
         const QString name = OneLine(board.Text(line.first), QLatin1Char(' '));
         const bool own = line.first == board.ownName();
-        sender.setForeground(own ? QColor(Qt::white) : Look::SenderColour(name));
+        sender.setForeground(own ? Look::Colours().Shade("text") : Look::SenderColour(name));
         sender.setFontWeight(QFont::DemiBold);
         sender.setFontItalic(own);
-        text.setForeground(ToColour(colour.value_or(Look::kUsualText)));
+        text.setForeground(Look::OnPanel(colour.value_or(Look::kUsualText)));
         cursor.insertText(name + QLatin1Char('\t'), sender);
         const QString said = OneLine(board.Text(line.second), QChar::LineSeparator);
         qsizetype from = 0;

@@ -4,6 +4,7 @@
 #include "hosts/desktop/connection_bar.h"
 #include "hosts/desktop/look.h"
 #include "hosts/desktop/main_window.h"
+#include "hosts/desktop/qt_pictures.h"
 #include "hosts/desktop/qt_services.h"
 #include "hosts/desktop/windows.h"
 #include "hosts/game_machine.h"
@@ -37,7 +38,8 @@ int Run(QApplication& application, const std::optional<std::string>& home) {
     FinishHandOverFirst(places, files);
     const FileLock clientFiles = HoldClientFiles(places, files);
 
-    Look::Install(application);
+    Settings settings(files, places.SettingsFile());
+    Look::Install(application, Look::Wishes::Of(settings));
     const SystemClock clock;
     EventLoop events(clock);
     DesktopLoop loop(events);
@@ -51,6 +53,8 @@ int Run(QApplication& application, const std::optional<std::string>& home) {
     });
     DesktopNotifier notifier(page, announcer);
     PosixLocalFiles localFiles(page);
+    QtPictures pictures(page);
+    NoBrowser browser;
     PosixComponents components(page);
     SodiumIntegrity integrity;
     GameMachine machine(files, places, page, loop);
@@ -58,25 +62,13 @@ int Run(QApplication& application, const std::optional<std::string>& home) {
     QtOpener opener(page);
     const QtMeasure measure(Look::ChatFont(), page);
 
-    GameLobby client({network,
-                      events,
-                      clock,
-                      files,
-                      localFiles,
-                      sound,
-                      clipboard,
-                      pings,
-                      notifier,
-                      machine.processes,
-                      components,
-                      integrity,
-                      machine.registry,
-                      directPlay,
-                      machine.disks,
-                      opener,
-                      measure,
-                      loop,
-                      [&](bool held) { events.Hold(held); },
+    GameLobby client({network,    events,        clock,
+                      files,      localFiles,    sound,
+                      clipboard,  pings,         notifier,
+                      browser,    pictures,      machine.processes,
+                      components, integrity,     machine.registry,
+                      directPlay, machine.disks, opener,
+                      measure,    loop,          [&](bool held) { events.Hold(held); },
                       places});
     // The event only notes the wish, so that the raising routine finishes its steps.
     client.CloseClient = [&] { events.Post([&] { client.Stack().RequestEnd(); }); };

@@ -15,6 +15,7 @@ namespace {
 
 constexpr int kShownAfter = 150; // ms; a shorter wait would only flicker
 constexpr int kTwipsPerPixel = 15;
+constexpr int kLargest = 4096; ///< a built-in background is taken as finely as it was drawn
 
 QString PlaceKey(const QScreen& screen) {
     const QSize size = screen.size();
@@ -88,7 +89,8 @@ void MainWindow::Populate() {
     room.emplace(client, board);
     MakeLogon();
     waiting->setAlignment(Qt::AlignCenter);
-    waiting->setStyleSheet(QStringLiteral("background: #2f81c7; color: white; border-radius: 4px; padding: 4px 12px;"));
+    waiting->setStyleSheet(QStringLiteral("background: %1; color: white; border-radius: 4px; padding: 4px 12px;")
+                               .arg(Look::Colours().Shade("accent").name()));
     waiting->hide();
     waits.setSingleShot(true);
     connect(&waits, &QTimer::timeout, this, [this] {
@@ -125,6 +127,7 @@ void MainWindow::MakeView() {
         case ControlKind::Menu:
         case ControlKind::MenuEntry:
         case ControlKind::Timer:
+        case ControlKind::WebBrowser:
             continue;
         default:
             break;
@@ -133,8 +136,6 @@ void MainWindow::MakeView() {
         QWidget* widget = board.Paint(*control, this).Widget();
         if (control->Kind() == ControlKind::Label) widget->setProperty("heading", true);
     }
-    Word(view.Logo, QStringLiteral("Ombrin"), 24);
-    Word(view.PoweredBy, QStringLiteral("Ardvelle"), 13);
     for (const auto& row : kNames) board.PainterOf(row.control)->Widget()->setAccessibleName(row.spoken);
 }
 
@@ -146,7 +147,6 @@ void MainWindow::MakeLogon() {
         if (control == &dialog.Welcome || control == &dialog.SplashImage)
             static_cast<QLabel*>(widget)->setAlignment(Qt::AlignCenter);
     }
-    Word(dialog.SplashImage, QStringLiteral("Ombrin"), 30);
     for (const auto& [label, box] : {std::pair(&dialog.Label1, &dialog.LogonName),
                                      {&dialog.Label2, &dialog.Password},
                                      {&dialog.Label3, &dialog.HostMachine},
@@ -157,21 +157,12 @@ void MainWindow::MakeLogon() {
     }
 }
 
-/// A word in place of a picture.
-void MainWindow::Word(Image& image, const QString& text, int points) {
-    auto* label = static_cast<QLabel*>(board.PainterOf(image)->Widget());
-    label->setText(text);
-    label->setStyleSheet(QStringLiteral("font-size: %1pt; font-weight: 300; color: #8fc7f5;").arg(points));
-}
-
 void MainWindow::PlaceControls() {
     for (Control* control : client.MainView().Controls()) {
         Painter* painter = board.PainterOf(*control);
         if (painter == nullptr) continue;
         const Place& place = control->Where();
-        // The buttons of the column touch one another by the tables; a person sees a gap.
-        const int inset = control->Kind() == ControlKind::Button && place.height > 30 ? 2 : 0;
-        painter->Widget()->setGeometry(place.left, place.top + inset, place.width, place.height - 2 * inset);
+        painter->Widget()->setGeometry(place.left, place.top, place.width, place.height);
     }
     // The dialog's fields count in 16 bits, so that a very wide view is covered around its middle.
     const UsrNmPwIP& dialog = client.Forms().UsrNmPwIP;
@@ -200,7 +191,18 @@ void MainWindow::SayWhatIsWaitedFor() {
     waiting->move((width() - waiting->width()) / 2, height() / 2);
 }
 
+/// The captions that are the window's own, when another language has come into force.
+void MainWindow::SpeakAnew() {
+    if (const QString news = Say(Own::News); spoken != news) {
+        spoken = news;
+        for (Control* control : client.MainView().Controls())
+            if (control->Kind() == ControlKind::Button) board.Dirty(*control);
+    }
+}
+
 void MainWindow::LookAtView() {
+    if (!(shownSkin == client.MainView().OBSkin.Picture())) update();
+    SpeakAnew();
     const bool waitsNow = Waits();
     if (waitsNow && waiting->isVisible()) SayWhatIsWaitedFor();
     if (waitsNow == isWaiting) return;
@@ -218,9 +220,24 @@ void MainWindow::ShowLogon(bool on) {
     if (on) logon->raise();
 }
 
-void MainWindow::paintEvent(QPaintEvent*) {
+/// Stretched to its place, once for each size.
+void MainWindow::PaintSkin() {
     QPainter painter(this);
-    Look::PaintBackground(painter, rect());
+    const Image& skin = client.MainView().OBSkin;
+    const Place& place = skin.Where();
+    const QSize size = QSize(place.width, place.height) * devicePixelRatio();
+    if (background.size() != size || !(shownSkin == skin.Picture())) {
+        shownSkin = skin.Picture();
+        const QPixmap picture = Look::Shown(shownSkin, QStringLiteral("background"), {kLargest, kLargest});
+        background = picture.isNull() ? picture : picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        background.setDevicePixelRatio(devicePixelRatio());
+    }
+    if (background.isNull() || size.isEmpty()) return Look::PaintBackground(painter, rect());
+    painter.drawPixmap(place.left, place.top, background);
+}
+
+void MainWindow::paintEvent(QPaintEvent*) {
+    PaintSkin();
     // Something is on the screen: now there is time for what makes it the client.
     if (opened)
         QMetaObject::invokeMethod(

@@ -31,7 +31,8 @@ protected:
 private:
     void MakeView();
     void MakeLogon();
-    void Word(Image& image, const QString& text, int points);
+    void PaintSkin();
+    void SpeakAnew();
     void PlaceControls();
     void LookAtView();
     bool Waits() const;
@@ -39,6 +40,9 @@ private:
     void RememberPlace() const;
     void RestorePlace();
 
+    QPixmap background; ///< the skin at the window's size
+    Picture shownSkin;
+    QString spoken; ///< a caption of the window's own, as it was shown
     GameLobby& client;
     Board& board;
     std::function<void()> opened;

@@ -55,6 +55,13 @@ constexpr Row kRows[] = {
     {Own::BuddyHere, "%1 is here", "%1 ist da", "%1 est là"},
     {Own::InLobby, "In the lobby %1", "In der Lobby %1", "Dans le lobby %1"},
     {Own::ShowWindow, "Show", "Anzeigen", "Afficher"},
+    {Own::News, "News", "Neues", "Actualités"},
+    {Own::Files, "Files", "Dateien", "Fichiers"},
+    {Own::Ladders, "Ladders", "Ranglisten", "Classements"},
+    {Own::Depot, "Depot", "Depot", "Dépôt"},
+    {Own::Players, "Players", "Spieler", "Joueurs"},
+    {Own::AddBuddy, "Add Buddy", "Freund hinzufügen", "Ajouter un ami"},
+    {Own::RemoveBuddy, "Remove Buddy", "Freund entfernen", "Retirer un ami"},
 };
 
 std::function<std::string()>& Current() {

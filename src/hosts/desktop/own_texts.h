@@ -42,6 +42,13 @@ enum class Own {
     BuddyHere,   ///< %1 his name
     InLobby,     ///< %1 the lobby
     ShowWindow,
+    News, ///< what the built-in pictures of buttons say
+    Files,
+    Ladders,
+    Depot,
+    Players,
+    AddBuddy,
+    RemoveBuddy,
 };
 
 /// How the language in force is read, as UTF-8; set once by the program.

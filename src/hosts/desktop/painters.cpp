@@ -3,8 +3,10 @@
 #include "hosts/desktop/chat_painter.h"
 #include "hosts/desktop/list_painter.h"
 #include "hosts/desktop/look.h"
+#include "hosts/desktop/picture_button.h"
 #include "hosts/desktop/rows_model.h"
 #include "hosts/desktop/text_painters.h"
+#include "ui/skins.h"
 
 #include <QCheckBox>
 #include <QEvent>
@@ -55,13 +57,23 @@ private:
 
 class ImagePainter : public Painter {
 public:
-    ImagePainter(Board& board, Image& model, QWidget* parent) : Painter(board, model, new QLabel(parent)) {
+    ImagePainter(Board& board, Image& model, QWidget* parent)
+        : Painter(board, model, new QLabel(parent)), image(model) {
         Widget()->setAttribute(Qt::WA_TransparentForMouseEvents);
-        static_cast<QLabel*>(Widget())->setPixmap(Look::Picture(model.Name()));
     }
 
 private:
-    void ApplyOwn() override {}
+    /// It fills its place, as far as its proportions allow; how large that is is told by a change of size.
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Resize) board.Dirty(image);
+        return Painter::eventFilter(watched, event);
+    }
+    void ApplyOwn() override {
+        auto* label = static_cast<QLabel*>(Widget());
+        const QPixmap picture = Look::Shown(image.Picture(), Look::DrawingOf(image), label->size());
+        if (!picture.isNull()) label->setPixmap(picture);
+    }
+    Image& image;
 };
 
 /// Clicks on it go on to the window, which takes none.
@@ -105,14 +117,14 @@ private:
 class ButtonPainter : public Painter {
 public:
     ButtonPainter(Board& board, Button& model, QWidget* parent)
-        : Painter(board, model, new QPushButton(parent)), button(model) {
+        : Painter(board, model, new PictureButton(parent)), button(model) {
         Shown()->setAutoDefault(true); // Enter presses the button that has the focus
         connect(Shown(), &QPushButton::clicked, this,
                 [this] { this->board.Input([this](UserInput& input) { return input.Click(button); }); });
     }
 
 private:
-    QPushButton* Shown() const { return static_cast<QPushButton*>(Widget()); }
+    PictureButton* Shown() const { return static_cast<PictureButton*>(Widget()); }
     /// What the button shows depends on its width.
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::Resize) board.Dirty(button);
@@ -120,15 +132,25 @@ private:
     }
     void ApplyOwn() override {
         Shown()->ensurePolished();
-        QString caption = board.Text(button.Caption());
-        if (caption.isEmpty()) caption = Look::BuiltInCaption(button.Name());
-        // Where the caption is wider than its place, a picture stands for it and the whole of it is told beside.
-        const bool fits = Shown()->fontMetrics().horizontalAdvance(caption) <= Shown()->width() - 8;
-        const QIcon icon = fits ? QIcon() : Look::ButtonIcon(button.Name());
-        Shown()->setText(icon.isNull() ? caption : QString());
-        Shown()->setIcon(icon);
-        Shown()->setToolTip(fits ? QString() : Board::Tip(caption));
+        QString caption = Look::BuiltInCaption(button.Name());
+        if (caption.isEmpty()) caption = board.Text(button.Caption());
+        Shown()->setText(caption);
         Shown()->setAccessibleName(caption);
+        const ButtonPictures& pictures = button.Pictures();
+        const auto shown = [this](const Picture& picture, const char* state) {
+            return Look::Shown(picture, DrawingOf(state), Shown()->size());
+        };
+        const bool fromFile = pictures.up.File() != nullptr;
+        Shown()->SetFace({shown(pictures.up, "up"), shown(pictures.down, "down"), shown(pictures.disabled, "disabled"),
+                          !fromFile || Look::WritesCaptions()});
+        // A picture says it all for who sees it; where no caption is read, it is told beside.
+        const bool isRead = Shown()->WritesCaption();
+        Shown()->setToolTip(isRead ? QString() : Board::Tip(caption));
+    }
+    QString DrawingOf(const char* state) const {
+        const std::string_view prefix = Skins::PrefixOf(button);
+        return prefix.empty() ? QString()
+                              : QStringLiteral("button-%1-%2").arg(QString::fromUtf8(prefix), QLatin1String(state));
     }
     Button& button;
 };

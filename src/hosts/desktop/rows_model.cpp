@@ -1,6 +1,7 @@
 #include "hosts/desktop/rows_model.h"
 
 #include "hosts/desktop/board.h"
+#include "hosts/desktop/look.h"
 
 namespace ombrin::desktop {
 
@@ -86,7 +87,7 @@ QVariant RowsModel::data(const QModelIndex& index, int role) const {
     }
     case Qt::ForegroundRole: {
         const auto colour = rows.RowColour(row) ? rows.RowColour(row) : look.colour();
-        return colour ? QVariant(ToColour(*colour)) : QVariant();
+        return colour ? QVariant(desktop::Look::OnPanel(*colour)) : QVariant();
     }
     default:
         return {};

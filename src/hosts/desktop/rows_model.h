@@ -50,6 +50,4 @@ private:
 };
 
 /// A colour value with its low byte red.
-inline QColor ToColour(Colour value) { return {value & 255, value >> 8 & 255, value >> 16 & 255}; }
-
 } // namespace ombrin::desktop

@@ -1,7 +1,7 @@
 #include "hosts/desktop/text_painters.h"
 
+#include "hosts/desktop/look.h"
 #include "hosts/desktop/own_texts.h"
-#include "hosts/desktop/rows_model.h"
 
 #include <QComboBox>
 #include <QKeyEvent>
@@ -44,7 +44,7 @@ protected:
         // Named kinds: a tool tip of the box would inherit what is said for all.
         Widget()->setStyleSheet(colour
                                     ? QStringLiteral("QLineEdit, QComboBox, QComboBox QAbstractItemView { color: %1; }")
-                                          .arg(ToColour(*colour).name())
+                                          .arg(Look::OnPanel(*colour).name())
                                     : QString());
     }
 

@@ -4,6 +4,7 @@
 #include "hosts/desktop/dialog_window.h"
 #include "hosts/desktop/own_texts.h"
 #include "hosts/desktop/rows_model.h"
+#include "hosts/desktop/scheme.h"
 
 #include <QApplication>
 #include <QCloseEvent>

@@ -1,0 +1,81 @@
+#include "hosts/desktop/picture_button.h"
+
+#include "hosts/desktop/look.h"
+
+#include <QPainter>
+
+namespace ombrin::desktop {
+
+namespace {
+
+/// A caption's place on a picture of the drawn size: right of the sign.
+constexpr int kSignWidth = 26, kMargin = 1;
+constexpr int kLeastForCaption = 60;
+constexpr int kAsOnTheDrawing = Qt::AlignCenter | Qt::TextWordWrap;
+
+} // namespace
+
+void PictureButton::SetFace(Face other) {
+    face = std::move(other);
+    update();
+}
+
+bool PictureButton::WritesCaption() const {
+    return Now().isNull() || (face.writesCaption && width() >= kLeastForCaption);
+}
+
+const QPixmap& PictureButton::Now() const {
+    if (!isEnabled()) return face.disabled.isNull() ? face.up : face.disabled;
+    return isDown() && !face.down.isNull() ? face.down : face.up;
+}
+
+void PictureButton::paintEvent(QPaintEvent* event) {
+    const QPixmap& picture = Now();
+    if (picture.isNull()) return QPushButton::paintEvent(event);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawPixmap(rect(), picture);
+    if (underMouse() && isEnabled() && !isDown()) Shine(painter, picture);
+    if (WritesCaption()) WriteCaption(painter);
+    if (hasFocus()) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(Look::Colours().Shade("focus"), 2));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 3, -1, -3), 5, 5);
+    }
+}
+
+/// Under the mouse: the picture in a colour, lightly over itself, so that what is clear in it stays clear.
+void PictureButton::Shine(QPainter& painter, QPixmap picture) const {
+    constexpr int kLightly = 26; ///< of 255
+    QColor shine = Look::Colours().Shade("focus");
+    shine.setAlpha(kLightly);
+    QPainter over(&picture);
+    over.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+    over.fillRect(picture.rect(), shine);
+    over.end();
+    painter.drawPixmap(rect(), picture);
+}
+
+void PictureButton::WriteCaption(QPainter& painter) const {
+    const QRect place = rect().adjusted(kSignWidth, kMargin, -kMargin, -kMargin);
+    painter.setFont(FittingFont(place));
+    painter.setPen(Look::Colours().Shade(isEnabled() ? "text" : "off"));
+    painter.drawText(isDown() ? place.translated(1, 1) : place, kAsOnTheDrawing | Qt::TextHideMnemonic, text());
+}
+
+/// The usual one; a narrower or a smaller one for words that are wider than the place.
+QFont PictureButton::FittingFont(const QRect& place) const {
+    constexpr double kLeastPoints = 6.5, kStep = 0.5;
+    QFont fitting = font();
+    for (double points = fitting.pointSizeF(); points >= kLeastPoints; points -= kStep)
+        for (const int stretch : {100, 90, 82}) {
+            fitting.setPointSizeF(points);
+            fitting.setStretch(stretch);
+            const QRect needed = QFontMetrics(fitting).boundingRect(place, kAsOnTheDrawing, text());
+            if (needed.width() <= place.width() && needed.height() <= place.height()) return fitting;
+        }
+    return fitting;
+}
+
+} // namespace ombrin::desktop
