@@ -23,6 +23,7 @@ public:
         disabledForGood = true;
         enabled = false;
     }
+    bool IsDisabledForGood() const { return disabledForGood; }
 
     /// Opens a pop-up menu; it closes with the next input.
     void PopUp(Menu& menu) { openMenu = &menu; }

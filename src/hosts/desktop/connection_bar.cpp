@@ -39,7 +39,8 @@ ConnectionBar::~ConnectionBar() { alarms.Cancel(due); }
 ConnectionState ConnectionBar::See() const {
     const View& view = client.MainView();
     const Form* top = client.Stack().TopModal();
-    return {.made = client.Marks().m_ServerConnected,
+    // From a view that is disabled for good no way leads back into a lobby.
+    return {.made = client.Marks().m_ServerConnected && !view.IsDisabledForGood(),
             .connected = client.Connection().IsConnected(),
             .failed = client.Connection().WhyNot() != ConnectFailure::None,
             .listed = view.lbLobbies.rows.Count() > 0,

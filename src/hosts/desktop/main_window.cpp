@@ -57,6 +57,16 @@ private:
     const UsrNmPwIP& dialog;
 };
 
+/// Over a view that is disabled for good: it dims it, and keeps the mouse and the keys from what lies behind.
+class Veil : public QWidget {
+public:
+    explicit Veil(QWidget* parent) : QWidget(parent) { setFocusPolicy(Qt::StrongFocus); }
+
+protected:
+    void paintEvent(QPaintEvent*) override { QPainter(this).fillRect(rect(), QColor(0x0A, 0x0F, 0x15, 0xB0)); }
+    bool focusNextPrevChild(bool) override { return true; }
+};
+
 } // namespace
 
 MainWindow::MainWindow(GameLobby& client, Board& board) : client(client), board(board) {
@@ -85,6 +95,9 @@ void MainWindow::Populate() {
     logon->setObjectName(QStringLiteral("logon"));
     logon->setAutoFillBackground(true);
     logon->hide();
+    veil = new Veil(this);
+    veil->setObjectName(QStringLiteral("veil"));
+    veil->hide();
     MakeView();
     room.emplace(client, board);
     MakeLogon();
@@ -168,6 +181,7 @@ void MainWindow::PlaceControls() {
     const UsrNmPwIP& dialog = client.Forms().UsrNmPwIP;
     const int left = (width() - dialog.m_iViewWidth / kTwipsPerPixel) / 2;
     logon->setGeometry(rect());
+    veil->setGeometry(rect());
     for (Control* control : dialog.Controls()) {
         Painter* painter = board.PainterOf(*control);
         if (painter == nullptr) continue;
@@ -183,8 +197,14 @@ void MainWindow::PlaceControls() {
 /// A form that is open over the view says itself what is waited for.
 bool MainWindow::Waits() const { return !client.MainView().Enabled() && client.Stack().TopModal() == nullptr; }
 
+/// The end of a download that no patcher takes over is the user's to see to.
+QString MainWindow::WhatIsWaitedFor() const {
+    if (!client.MainView().IsDisabledForGood()) return WaitingFor(client.RoomPosition());
+    return Say(client.Forms().DownloadProgress.OK.Visible() ? Own::UpdateLeft : Own::UpdateServer);
+}
+
 void MainWindow::SayWhatIsWaitedFor() {
-    const QString text = WaitingFor(client.RoomPosition());
+    const QString text = WhatIsWaitedFor();
     if (waiting->text() == text) return;
     waiting->setText(text);
     waiting->adjustSize();
@@ -203,6 +223,11 @@ void MainWindow::SpeakAnew() {
 void MainWindow::LookAtView() {
     if (!(shownSkin == client.MainView().OBSkin.Picture())) update();
     SpeakAnew();
+    if (client.MainView().IsDisabledForGood() && !veil->isVisible()) {
+        veil->show();
+        veil->raise();
+        veil->setFocus();
+    }
     const bool waitsNow = Waits();
     if (waitsNow && waiting->isVisible()) SayWhatIsWaitedFor();
     if (waitsNow == isWaiting) return;

@@ -36,6 +36,7 @@ private:
     void PlaceControls();
     void LookAtView();
     bool Waits() const;
+    QString WhatIsWaitedFor() const;
     void SayWhatIsWaitedFor();
     void RememberPlace() const;
     void RestorePlace();
@@ -47,6 +48,7 @@ private:
     Board& board;
     std::function<void()> opened;
     QWidget* logon = nullptr;
+    QWidget* veil = nullptr;   ///< once the view is disabled for good
     QLabel* waiting = nullptr; ///< shows what the view waits for
     std::optional<RoomFace> room;
     QTimer waits;

@@ -14,6 +14,8 @@ enum class Own {
     Leaving,
     Destroying,
     Launching,
+    UpdateServer,
+    UpdateLeft,
     InARoom, ///< what the pictures of the lists say
     InAGame,
     GameRuns,
