@@ -49,6 +49,7 @@ protected:
         forms.ChooseLanguage.Radio[0].SetOn(true);
         forms.LobbyFilter.Create("Go,1;Chess,2;");
         forms.ExeMainLobby.LobbyList = "Go,1;Chess,2;";
+        forms.DownloadProgress.DPLabel.SetCaption("Downloading file 1 of 2");
     }
     static bool TakesFocus(const Control& control) {
         const ControlKind kind = control.Kind();
@@ -56,8 +57,8 @@ protected:
         if (const auto* option = dynamic_cast<const OptionButton*>(&control); option != nullptr && !option->On())
             return false;
         return kind != ControlKind::Label && kind != ControlKind::StatusBar && kind != ControlKind::Image &&
-               kind != ControlKind::Frame && kind != ControlKind::ColourSwatch && control.Visible() &&
-               control.Enabled();
+               kind != ControlKind::Frame && kind != ControlKind::ColourSwatch && kind != ControlKind::ProgressBar &&
+               control.Visible() && control.Enabled();
     }
 };
 
@@ -241,6 +242,12 @@ TEST(DialogTexts, AreReadableToTheirLastWordInEachLanguage) {
         };
         looksAt(stage.forms.ConfigureGame);
         looksAt(stage.forms.frmAbout);
+        DownloadProgress& download = stage.forms.DownloadProgress;
+        stage.Step([&] {
+            download.OfferOK();
+            download.DPLabel.SetCaption(stage.client.Inis().Read("AVfLang.ini", language, "DownloadComplete"));
+        });
+        looksAt(download);
         int heights[8] = {};
         for (int which = 0; which < 8; ++which) {
             stage.Step([&, which] {
@@ -275,6 +282,7 @@ TEST_F(Windows, AScreenReaderFindsANameAndTheRightRoleForEverything) {
         {ControlKind::FlexGrid, QAccessible::StaticText},
         {ControlKind::Frame, QAccessible::Grouping},
         {ControlKind::ColourSwatch, QAccessible::Graphic},
+        {ControlKind::ProgressBar, QAccessible::ProgressBar},
     };
     const auto reads = [&](const std::vector<Control*>& controls) {
         See([&, controls] {

@@ -248,12 +248,83 @@ void Wear(const skin::Skin& worn, Settings& store) {
     set("Settings", "TextColor", number(worn.textColor));
 }
 
+/// The transfer's server and the user's answers to boxes.
+struct Download {
+    Stage& stage;
+
+    void Does(std::function<void()> act) const {
+        stage.Step([this, act] { stage.loop.Enter(act); });
+    }
+    void Answers(BoxResult result) const {
+        Does([this, result] { stage.client.Input().PressButton(result); });
+    }
+    void Accepts() const {
+        Does([this] { Socket().Accept(); });
+    }
+    void Sends(std::size_t bytes) const {
+        Does([this, bytes] { Socket().Sends(std::string(bytes, 'x')); });
+    }
+    recording::PlayedSocket& Socket() const { return stage.world.network.Named("FileTransferSocket"); }
+};
+
+/// Lists that cannot be used, and a download from the question to the end of the client.
+void TakeUpdate(Stage& stage, Photographer& photographer, const Download& download) {
+    const std::string list = "50:updates.ardvelle.example;9001;";
+    stage.Sends(list + "../.bashrc;10;3;1.0;~");
+    photographer.Takes(QStringLiteral("35-update-bad-name"));
+    download.Answers(BoxResult::Ok);
+    stage.Step([&stage] { stage.world.localFiles.room = 1'000; });
+    stage.Sends(list + "Readme.txt;1001;3;1.0;~");
+    photographer.Takes(QStringLiteral("36-update-no-room"));
+    download.Answers(BoxResult::Ok);
+    stage.Sends(list + "One.txt;100;3;1.0;Two.txt;100;3;1.0;Three.txt;0;3;1.0;~");
+    photographer.Takes(QStringLiteral("37-update-question"));
+    download.Answers(BoxResult::Ok);
+    photographer.TakesWaiting(QStringLiteral("38-update-connecting"));
+    download.Accepts();
+    photographer.Takes(QStringLiteral("39-update-first-file"));
+    download.Sends(100);
+    download.Sends(37);
+    photographer.Takes(QStringLiteral("40-update-second-file"));
+    download.Sends(63);
+    photographer.Takes(QStringLiteral("41-update-complete"));
+    stage.Step([&stage] { stage.world.processes.starts = {false}; });
+    stage.Presses(Qt::Key_Return);
+    photographer.Takes(QStringLiteral("42-update-no-patcher"));
+    download.Answers(BoxResult::Ok);
+    photographer.TakesWaiting(QStringLiteral("43-update-left"));
+}
+
+/// The other end, by which the client is gone.
+void TakeCancel(Stage& stage, Photographer& photographer, const Download& download) {
+    stage.LogsOn();
+    stage.Sends("50:updates.ardvelle.example;9001;One.txt;100;3;1.0;~");
+    download.Answers(BoxResult::Ok);
+    download.Accepts();
+    stage.Presses(Qt::Key_Escape);
+    photographer.Takes(QStringLiteral("44-update-canceled"));
+}
+
+int RunToTheCancel(const QStringList& arguments) {
+    Stage stage("");
+    stage.Speaks(Held(arguments[2]));
+    stage.window.resize(arguments[3].toInt(), arguments[4].toInt());
+    Photographer photographer(stage, arguments[1]);
+    const Download download{stage};
+    TakeCancel(stage, photographer, download);
+    return stage.Run() ? 0 : 1;
+}
+
 int Run(QApplication& application, const QStringList& arguments) {
     const QString folder = arguments[1];
     const std::string language = Held(arguments[2]);
     QDir().mkpath(folder);
     const skin::Skin worn = arguments.size() > 5 ? skin::ReadSkin(arguments[5].toStdString()) : skin::Skin();
     desktop::Look::Install(application, {desktop::Scheme::Of(worn.scheme), worn.captions == "1"});
+}
+
+    desktop::Look::Install(application);
+    if (const int failed = RunToTheCancel(arguments)) return failed;
     Stage stage("");
     SkinPictures pictures(stage.world.places.AppPath(), worn.folder);
     stage.world.pictures.shown = &pictures;
@@ -328,6 +399,8 @@ int Run(QApplication& application, const QStringList& arguments) {
     photographer.TakesWaiting(QStringLiteral("15-waiting"));
     TakeRooms(stage, photographer);
     TakeGame(stage, photographer);
+    const Download download{stage};
+    TakeUpdate(stage, photographer, download);
     return stage.Run() ? 0 : 1;
 }
 

@@ -81,6 +81,10 @@ const std::vector<DialogLayout>& Layouts() {
          400,
          {{Kind::Pictured, {"picIcon", "lblTitle", "lblVersion", "Label1"}}, {Kind::Buttons, {"cmdOK"}}}},
         {"FindingGame", "", 480, {{Kind::Wide, {"Label1"}}, {Kind::Passing, {"txtFindDir"}}}},
+        {"DownloadProgress",
+         "OK",
+         440,
+         {{Kind::Progress, {"DPLabel", "DownloadProgressBar"}}, {Kind::Buttons, {"Cancel", "OK"}}}},
         {"PauseAV", "ResumeButton", 440, {{Kind::Wide, {"Label1", "Label2"}}, {Kind::Buttons, {"ResumeButton"}}}},
     };
     return kLayouts;

@@ -15,6 +15,7 @@ struct DialogRow {
         Grow,     ///< takes what height is left
         Frames,   ///< side by side, for the rows below that name them
         Passing,  ///< a label that changes all the time: one line, without a say in the size of the window
+        Progress, ///< a label of up to two lines, whose place is kept for it, and the bar that it names
         Pictured, ///< a picture, and beside it a heading and further labels
     } kind;
     std::vector<std::string_view> controls;

@@ -113,6 +113,9 @@ void DialogWindow::Add(const DialogRow& row) {
     case DialogRow::Kind::Passing:
         AddPassing(row);
         break;
+    case DialogRow::Kind::Progress:
+        AddProgress(row);
+        break;
     case DialogRow::Kind::Pictured:
         AddPictured(row);
         break;
@@ -179,6 +182,17 @@ void DialogWindow::AddPassing(const DialogRow& row) {
     label->setMinimumHeight(label->fontMetrics().height());
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     grid->addWidget(label, grid->rowCount(), 0, 1, 2);
+}
+
+void DialogWindow::AddProgress(const DialogRow& row) {
+    auto* label = qobject_cast<QLabel*>(WidgetNamed(row.controls[0], this));
+    QWidget* bar = WidgetNamed(row.controls[1], this);
+    label->ensurePolished(); // with the font of the look
+    label->setMinimumHeight(2 * label->fontMetrics().lineSpacing());
+    label->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
+    label->setBuddy(bar);
+    grid->addWidget(label, grid->rowCount(), 0, 1, 2);
+    grid->addWidget(bar, grid->rowCount(), 0, 1, 2);
 }
 
 void DialogWindow::AddPictured(const DialogRow& row) {

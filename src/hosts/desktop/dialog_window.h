@@ -29,6 +29,7 @@ private:
     void AddEntry(const DialogRow& row);
     void AddButtons(const DialogRow& row, QWidget& face, QGridLayout& rows);
     void AddPassing(const DialogRow& row);
+    void AddProgress(const DialogRow& row);
     void AddPictured(const DialogRow& row);
 
     QGridLayout* grid;

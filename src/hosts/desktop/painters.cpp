@@ -13,6 +13,7 @@
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -114,6 +115,21 @@ private:
     ColourSwatch& swatch;
 };
 
+/// Without a figure on it: each language writes one in a way of its own, and a screen reader tells the value itself.
+class ProgressPainter : public Painter {
+public:
+    ProgressPainter(Board& board, ProgressBar& model, QWidget* parent)
+        : Painter(board, model, new QProgressBar(parent)), bar(model) {
+        Shown()->setRange(0, 100);
+        Shown()->setTextVisible(false);
+    }
+
+private:
+    QProgressBar* Shown() const { return static_cast<QProgressBar*>(Widget()); }
+    void ApplyOwn() override { Shown()->setValue(bar.Value()); }
+    ProgressBar& bar;
+};
+
 class ButtonPainter : public Painter {
 public:
     ButtonPainter(Board& board, Button& model, QWidget* parent)
@@ -129,6 +145,11 @@ private:
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::Resize) board.Dirty(button);
         return Painter::eventFilter(watched, event);
+    }
+    /// A key that is still held down was meant for what stood here before, perhaps in another window.
+    bool TakesKey(QKeyEvent& event) override { return event.isAutoRepeat() && IsEnter(event); }
+    static bool IsEnter(const QKeyEvent& event) {
+        return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
     }
     void ApplyOwn() override {
         Shown()->ensurePolished();
@@ -207,6 +228,8 @@ std::unique_ptr<Painter> MakePainter(Board& board, Control& control, QWidget* pa
         return std::make_unique<FramePainter>(board, static_cast<Frame&>(control), parent);
     case ControlKind::ColourSwatch:
         return std::make_unique<SwatchPainter>(board, static_cast<ColourSwatch&>(control), parent);
+    case ControlKind::ProgressBar:
+        return std::make_unique<ProgressPainter>(board, static_cast<ProgressBar&>(control), parent);
     case ControlKind::Button:
         return std::make_unique<ButtonPainter>(board, static_cast<Button&>(control), parent);
     case ControlKind::CheckBox:

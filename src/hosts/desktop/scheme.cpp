@@ -98,6 +98,8 @@ QCheckBox::indicator:focus, QRadioButton::indicator:focus { border: 2px solid @f
 QRadioButton::indicator:focus { border-radius: 8px; }
 QCheckBox:disabled, QRadioButton:disabled { color: @off; }
 QCheckBox::indicator:disabled, QRadioButton::indicator:disabled { border-color: @offMark; }
+QProgressBar { background: @panel; border: 1px solid @edge; border-radius: 3px; min-height: 14px; max-height: 14px; }
+QProgressBar::chunk { background: @accent; border-radius: 2px; }
 QToolTip { color: #10171f; background: #f4f7fa; border: 1px solid @panelEdge; }
 QMenu { color: @text; background: @card; border: 1px solid @edge; }
 QMenu::item { padding: 4px 18px; }

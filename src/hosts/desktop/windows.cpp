@@ -24,7 +24,7 @@ namespace ombrin::desktop {
 
 namespace {
 
-constexpr int kTextWidth = 420; ///< pixels of a box's text before it wraps
+constexpr int kTextWidth = 460; ///< pixels of a box's text before it wraps
 
 /// Beside the dialog's own label: why the connection does not come, and what to check.
 class ConnectionWindow : public DialogWindow {
@@ -89,7 +89,8 @@ public:
         text->setWordWrap(true);
         text->setMinimumWidth(std::min(kTextWidth, text->fontMetrics().horizontalAdvance(text->text()) + 8));
         text->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        grid->addWidget(text, 0, 1);
+        const int column = grid->count(); // of an icon, or of none
+        grid->addWidget(text, 0, column, 1, 2 - column);
         auto* line = new QHBoxLayout;
         line->setSpacing(10);
         line->addStretch();
