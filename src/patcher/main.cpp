@@ -7,6 +7,7 @@
 #include "platform/posix/clock.h"
 #include "platform/posix/home.h"
 #include "platform/posix/posix_components.h"
+#include "ui/text/localisation.h"
 
 #include <CLI/CLI.hpp>
 #include <clocale>
@@ -23,24 +24,28 @@ public:
     void ShowPlain(const std::string& text) override { std::cerr << "OBPatch: " << text << "\n"; }
 };
 
-/// The client's log has it all; the user hears what concerns him.
+/// The client's log has it all, in English; the user hears what concerns him, in the client's language.
 class DesktopReporter : public Reporter {
 public:
-    DesktopReporter(Log& log, const CodePage& page) : log(log), page(page) {}
+    DesktopReporter(Log& log, Localisation& language, const CodePage& page)
+        : log(log), language(language), page(page) {}
 
     void Step(const std::string& what) override { Trace(what); }
-    void Waiting(const std::string& what) override { Tell(what, Urgency::Passing); }
-    void Failed(const std::string& what) override { Tell(what, Urgency::UntilRead); }
+    void Waiting(const LanguageText& what) override { Tell(what, "", Urgency::Passing); }
+    void Failed(const LanguageText& what, const std::string& why) override { Tell(what, why, Urgency::UntilRead); }
 
 private:
     void Trace(const std::string& what) { log.TraceMessage(Join("OBPatch: ", page.FromUtf8(what).value_or(what))); }
-    void Tell(const std::string& what, Urgency urgency) {
-        Trace(what);
-        std::cerr << "OBPatch: " << what << "\n";
-        ShowNotice(what, urgency);
+    void Tell(const LanguageText& what, const std::string& why, Urgency urgency) {
+        const std::string reason = why.empty() ? "" : Join("\n\n", why);
+        Trace(Join(what.english, reason));
+        const std::string told = Join(page.ToUtf8(language.TranslateWord(what.key, what.english)), reason);
+        std::cerr << "OBPatch: " << told << "\n";
+        ShowNotice(told, urgency);
     }
 
     Log& log;
+    Localisation& language;
     const CodePage& page;
 };
 
@@ -55,7 +60,9 @@ int Run(double patience, double trial) {
     StandardErrorBox box;
     Log log(files, clock, places.SystemDirectory(), box);
     Trap trap(log);
-    DesktopReporter reporter(log, page);
+    IniFiles inis(files, places.WindowsDirectory());
+    Localisation language(inis, trap);
+    DesktopReporter reporter(log, language, page);
     Settings settings(files, places.SettingsFile());
     PosixComponents components(page);
     const auto milliseconds = [](double seconds) { return Milliseconds(static_cast<long>(seconds * 1000)); };

@@ -16,7 +16,7 @@ struct {
 } const kPrograms[] = {
     {Urgency::UntilRead, {"zenity", "--error", "--title=Ombrin", "--no-markup", "--text"}},
     {Urgency::UntilRead, {"kdialog", "--title", "Ombrin", "--error"}},
-    {Urgency::UntilRead, {"xmessage", "-center", "-title", "Ombrin"}},
+    {Urgency::UntilRead, {"xmessage", "-xrm", "*international: true", "-center", "-title", "Ombrin"}}, // else no UTF-8
     {Urgency::UntilRead, {"notify-send", "--urgency=critical", "--app-name=Ombrin", "Ombrin"}},
     {Urgency::Passing, {"notify-send", "--app-name=Ombrin", "Ombrin"}},
 };

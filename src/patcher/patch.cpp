@@ -31,7 +31,7 @@ int Patch::Run() {
     reporter.Step("waiting for the client to end");
     auto clientsGone = WaitForClients(agreed.clients);
     if (!clientsGone) {
-        reporter.Failed("The update was not put in place: Ombrin is still running. End it and start OBPatch again.");
+        reporter.Failed(text::kPatchStillRunning);
         return 1;
     }
     // Each of the three stays in the folder that the list of files named for it, which may be any of these.
@@ -40,14 +40,14 @@ int Patch::Run() {
     const std::string problem = TryNew(handOver, clientsGone);
     if (!problem.empty()) return StartOld(handOver, agreed.clients, std::move(clientsGone), problem);
     const std::string left = ProblemOf([&] { handOver.Finish(); });
-    if (!left.empty()) reporter.Failed(Join("The update is in place, but not everything is tidied up: ", left));
+    if (!left.empty()) reporter.Failed(text::kPatchUntidy, left);
     return left.empty() ? 0 : 1;
 }
 
 std::optional<FileLock> Patch::WaitForClients(const std::string& lock) {
     if (auto taken = FileLock::Take(lock, FileLock::Kind::Exclusive, std::min(untilSaid, patience))) return taken;
     if (patience <= untilSaid) return std::nullopt;
-    reporter.Waiting("The update waits for Ombrin to end.");
+    reporter.Waiting(text::kPatchWaits);
     return FileLock::Take(lock, FileLock::Kind::Exclusive, patience - untilSaid);
 }
 
@@ -70,23 +70,23 @@ int Patch::StartOld(HandOver& handOver, const std::string& lock, std::optional<F
                     const std::string& problem) {
     reporter.Step(problem);
     if (!handOver.HasKept()) {
-        reporter.Failed(Join("Ombrin could not be started: ", problem));
+        reporter.Failed(text::kPatchNoStart, problem);
         return 1;
     }
     if (!clientsGone) clientsGone = WaitForClients(lock); // one that was started by hand meanwhile
     const std::string back =
         clientsGone ? ProblemOf([&] { handOver.GoBack(); }) : std::string("Ombrin is still running");
     if (!back.empty()) {
-        reporter.Failed(Join("The update failed: ", problem, ". The old files could not be put back: ", back,
-                             ". Start OBPatch again."));
+        reporter.Failed(text::kPatchNotBack, Join(problem, "\n", back));
         return 1;
     }
     clientsGone.reset();
     reporter.Step(Join("starting the old ", Client()));
     const std::string failure = StartOnTrial(Client(), trial);
-    reporter.Failed(Join("The update failed: ", problem, ". ",
-                         failure.empty() ? "The old files are back in place and Ombrin was started again."
-                                         : Join("The old files are back in place, but Ombrin ", failure, ".")));
+    if (failure.empty())
+        reporter.Failed(text::kPatchOldRuns, problem);
+    else
+        reporter.Failed(text::kPatchOldFails, Join(problem, "\n", Client(), " ", failure));
     return 1;
 }
 

@@ -5,6 +5,7 @@
 #include "patcher/hand_over.h"
 #include "platform/components.h"
 #include "platform/posix/client_start.h"
+#include "ui/text/language_keys.h"
 
 #include <string>
 
@@ -14,9 +15,10 @@ namespace ombrin::patcher {
 class Reporter {
 public:
     virtual ~Reporter() = default;
-    virtual void Step(const std::string& what) = 0;    ///< before each step
-    virtual void Waiting(const std::string& what) = 0; ///< it goes on, but takes its time
-    virtual void Failed(const std::string& what) = 0;
+    virtual void Step(const std::string& what) = 0;     ///< before each step
+    virtual void Waiting(const LanguageText& what) = 0; ///< it goes on, but takes its time
+    /// `why` is a line each for who can help, in English; empty where there is nothing to add.
+    virtual void Failed(const LanguageText& what, const std::string& why = "") = 0;
 };
 
 struct Patch {

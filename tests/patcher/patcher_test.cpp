@@ -36,8 +36,8 @@ struct KillingReporter : Reporter {
     void Step(const std::string&) override {
         if (left-- == 0) kill(getpid(), SIGKILL);
     }
-    void Waiting(const std::string&) override {}
-    void Failed(const std::string&) override {}
+    void Waiting(const LanguageText&) override {}
+    void Failed(const LanguageText&, const std::string&) override {}
     int left;
 };
 
@@ -217,6 +217,11 @@ TEST_F(Patcher, WaitsForRunningClients) {
     ASSERT_TRUE(running);
     EXPECT_EQ(Run({"--wait", "0.1"}), 1);
     EXPECT_THAT(Read(home / "said"), HasSubstr("Ombrin is still running"));
+    const std::string languageFile = home / "windows/AVfLang.ini";
+    Write(languageFile, "[CurrentLanguage]\nLanguage=Deutsch\n[Deutsch]\nPatchStillRunning=Ombrin l\xE4uft noch.\n");
+    EXPECT_EQ(Run({"--wait", "0.1"}), 1);
+    EXPECT_EQ(Read(home / "said"), "OBPatch: Ombrin l\u00E4uft noch.\n");
+    fs::remove(languageFile);
     EXPECT_EQ(Components(), "old old");
     EXPECT_FALSE(fs::exists(home / "ran"));
     const pid_t waiting = Start();

@@ -86,6 +86,19 @@ inline constexpr LanguageText kUpdateTooShort{"UpdateTooShort", "it is too short
 inline constexpr LanguageText kUpdateTooLong{"UpdateTooLong", "it is too long."};
 inline constexpr LanguageText kUpdateOtherContent{"UpdateOtherContent", "its content is another one."};
 inline constexpr LanguageText kUpdateNoCopy{"UpdateNoCopy", "it could not be written."};
+// What the patcher says when the client is gone.
+inline constexpr LanguageText kPatchWaits{"PatchWaits", "The update waits for Ombrin to end."};
+inline constexpr LanguageText kPatchStillRunning{
+    "PatchStillRunning", "The update was not put in place, as Ombrin is still running. End it; the update is offered "
+                         "again when you next log on."};
+inline constexpr LanguageText kPatchNoStart{"PatchNoStart", "Ombrin could not be started."};
+inline constexpr LanguageText kPatchOldRuns{
+    "PatchOldRuns", "The update failed. The old files are back in place and Ombrin was started again."};
+inline constexpr LanguageText kPatchOldFails{
+    "PatchOldFails", "The update failed. The old files are back in place, but Ombrin does not start."};
+inline constexpr LanguageText kPatchNotBack{
+    "PatchNotBack", "The update failed, and the old files could not be put back. Start OBPatch again."};
+inline constexpr LanguageText kPatchUntidy{"PatchUntidy", "The update is in place, but not everything is tidied up."};
 inline constexpr LanguageText kReady{"Ready", "Ready"};
 inline constexpr LanguageText kInvalidLobbyPassword{"InvalidLobbyPassword", "Invalid lobby password"};
 inline constexpr LanguageText kAutoStart{"AutoStart", "Auto-start not configured. Press 'Configure' to set."};
@@ -152,6 +165,13 @@ inline constexpr std::array kMessageTexts{
     text::kUpdateTooLong,
     text::kUpdateOtherContent,
     text::kUpdateNoCopy,
+    text::kPatchWaits,
+    text::kPatchStillRunning,
+    text::kPatchNoStart,
+    text::kPatchOldRuns,
+    text::kPatchOldFails,
+    text::kPatchNotBack,
+    text::kPatchUntidy,
     text::kReady,
     text::kInvalidLobbyPassword,
     text::kAutoStart,
