@@ -225,28 +225,36 @@ void TakeGame(Stage& stage, Photographer& photographer) {
     stage.Step([&stage, &forms] { stage.loop.Enter([&forms] { forms.FindingGame.Hide(); }); });
 }
 
-/// A skin's folder in place of the client's own.
-class SkinPictures : public Pictures {
+/// The skin that the client wears; its folder stands in place of the client's own.
+class Wardrobe : public Pictures {
 public:
-    SkinPictures(std::string appPath, std::string folder) : appPath(std::move(appPath)), folder(std::move(folder)) {}
+    explicit Wardrobe(skin::Skin skin) : skin(std::move(skin)) {}
+    desktop::Look::Wishes Wishes() const { return {desktop::Scheme::Of(skin.scheme), skin.captions == "1"}; }
+
+    void Dress(Stage& stage) {
+        stage.world.pictures.shown = this;
+        appPath = stage.world.places.AppPath();
+        Settings& store = stage.client.Store();
+        for (const skin::Skin::Slot& slot : skin.pictures)
+            store.SaveSetting(skin::kStoreSection, slot.key, "/" + slot.file);
+        Colours(store, skin::kStoreSection, skin::kLabelTextColor, skin.labelTextColor);
+        Colours(store, "Settings", "TextColor", skin.textColor);
+    }
+
     std::shared_ptr<const LoadedPicture> LoadPicture(const std::string& path) override {
-        return files.LoadPicture(folder + path.substr(appPath.size()));
+        return files.LoadPicture(skin.folder + path.substr(appPath.size()));
     }
 
 private:
-    std::string appPath, folder;
+    static void Colours(Settings& store, std::string_view section, std::string_view key,
+                        const std::optional<Colour>& colour) {
+        if (colour) store.SaveSetting(section, key, std::to_string(*colour));
+    }
+
+    skin::Skin skin;
+    std::string appPath;
     desktop::QtPictures files{CodePage::Usual()};
 };
-
-void Wear(const skin::Skin& worn, Settings& store) {
-    const auto set = [&store](std::string_view section, std::string_view key, const std::string& value) {
-        if (!value.empty()) store.SaveSetting(section, key, value);
-    };
-    for (const skin::Skin::Slot& slot : worn.pictures) set(skin::kStoreSection, slot.key, "/" + slot.file);
-    const auto number = [](const std::optional<Colour>& colour) { return colour ? std::to_string(*colour) : ""; };
-    set(skin::kStoreSection, skin::kLabelTextColor, number(worn.labelTextColor));
-    set("Settings", "TextColor", number(worn.textColor));
-}
 
 /// The transfer's server and the user's answers to boxes.
 struct Download {
@@ -305,8 +313,9 @@ void TakeCancel(Stage& stage, Photographer& photographer, const Download& downlo
     photographer.Takes(QStringLiteral("44-update-canceled"));
 }
 
-int RunToTheCancel(const QStringList& arguments) {
+int RunToTheCancel(const QStringList& arguments, Wardrobe& wardrobe) {
     Stage stage("");
+    wardrobe.Dress(stage);
     stage.Speaks(Held(arguments[2]));
     stage.window.resize(arguments[3].toInt(), arguments[4].toInt());
     Photographer photographer(stage, arguments[1]);
@@ -319,16 +328,11 @@ int Run(QApplication& application, const QStringList& arguments) {
     const QString folder = arguments[1];
     const std::string language = Held(arguments[2]);
     QDir().mkpath(folder);
-    const skin::Skin worn = arguments.size() > 5 ? skin::ReadSkin(arguments[5].toStdString()) : skin::Skin();
-    desktop::Look::Install(application, {desktop::Scheme::Of(worn.scheme), worn.captions == "1"});
-}
-
-    desktop::Look::Install(application);
-    if (const int failed = RunToTheCancel(arguments)) return failed;
+    Wardrobe wardrobe(arguments.size() > 5 ? skin::ReadSkin(arguments[5].toStdString()) : skin::Skin());
+    desktop::Look::Install(application, wardrobe.Wishes());
+    if (const int failed = RunToTheCancel(arguments, wardrobe)) return failed;
     Stage stage("");
-    SkinPictures pictures(stage.world.places.AppPath(), worn.folder);
-    stage.world.pictures.shown = &pictures;
-    Wear(worn, stage.client.Store());
+    wardrobe.Dress(stage);
     stage.Speaks("");
     stage.window.resize(arguments[3].toInt(), arguments[4].toInt());
 
