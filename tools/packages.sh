@@ -7,7 +7,7 @@ build_packages=(
     g++ cmake ninja-build ccache pkg-config python3
     libasio-dev libsodium-dev libsqlite3-dev nlohmann-json3-dev libcli11-dev
     libgtest-dev libgmock-dev libbenchmark-dev
-    qt6-base-dev qt6-multimedia-dev fonts-dejavu-core librsvg2-bin
+    qt6-base-dev qt6-multimedia-dev qt6-webengine-dev fonts-dejavu-core librsvg2-bin
 )
 
 # What checks the source besides: formatting, clang-tidy, fuzzing.

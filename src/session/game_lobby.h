@@ -145,6 +145,7 @@ public:
     const Link& Connection() const { return link; }
     Settings& Store() { return settings; }
     IniFiles& Inis() { return iniFiles; }
+    Log& Trace() { return log; }
     Registry& Hive() { return platform.registry; }
 
 private:

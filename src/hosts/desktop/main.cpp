@@ -1,4 +1,5 @@
 // OmbrinExe: the client that a person starts.
+#include "hosts/desktop/banner_browser.h"
 #include "hosts/desktop/board.h"
 #include "hosts/desktop/bus_announcer.h"
 #include "hosts/desktop/connection_bar.h"
@@ -9,6 +10,7 @@
 #include "hosts/desktop/windows.h"
 #include "hosts/game_machine.h"
 #include "launch/directplay/registry_service.h"
+#include "platform/picture_files.h"
 #include "platform/posix/client_start.h"
 #include "platform/posix/clock.h"
 #include "platform/posix/end_signals.h"
@@ -60,6 +62,8 @@ int Run(QApplication& application, const std::optional<std::string>& home) {
     GameMachine machine(files, places, page, loop);
     directplay::RegistryService directPlay(machine.registry, machine.applications);
     QtOpener opener(page);
+    BannerBrowser browser(page, opener);
+    PictureFiles pictures(localFiles);
     const QtMeasure measure(Look::ChatFont(), page);
 
     GameLobby client({network,    events,        clock,
@@ -80,6 +84,7 @@ int Run(QApplication& application, const std::optional<std::string>& home) {
         const ConnectionBar bar(client, board, events, window);
         front = &window;
         notifier.Attach(window);
+        browser.Attach(board, client.MainView().BannerAd, client.Trace());
         const EndSignals signals(events, [&] { client.Stack().RequestEnd(); });
         window.Opens([&] { events.Post([&] { client.UserControl_Show(std::nullopt); }); });
         loop.RunToTheEnd();

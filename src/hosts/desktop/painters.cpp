@@ -93,6 +93,17 @@ private:
     Frame& frame;
 };
 
+/// An empty place, which the browser fills when there is something to show.
+class BrowserPainter : public Painter {
+public:
+    BrowserPainter(Board& board, WebBrowser& model, QWidget* parent) : Painter(board, model, new QWidget(parent)) {
+        Widget()->setAccessibleName(QStringLiteral("Banner"));
+    }
+
+private:
+    void ApplyOwn() override {}
+};
+
 class SwatchPainter : public Painter {
 public:
     SwatchPainter(Board& board, ColourSwatch& model, QWidget* parent)
@@ -226,6 +237,8 @@ std::unique_ptr<Painter> MakePainter(Board& board, Control& control, QWidget* pa
         return std::make_unique<ImagePainter>(board, static_cast<Image&>(control), parent);
     case ControlKind::Frame:
         return std::make_unique<FramePainter>(board, static_cast<Frame&>(control), parent);
+    case ControlKind::WebBrowser:
+        return std::make_unique<BrowserPainter>(board, static_cast<WebBrowser&>(control), parent);
     case ControlKind::ColourSwatch:
         return std::make_unique<SwatchPainter>(board, static_cast<ColourSwatch&>(control), parent);
     case ControlKind::ProgressBar:
