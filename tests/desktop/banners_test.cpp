@@ -116,7 +116,7 @@ protected:
 
 TEST_F(ShownBanner, IsInItsPlaceUntilTheNextOneAndLeavesItForAGame) {
     Shows("<body style='background: #00ff00'>");
-    EXPECT_TRUE(BecomesColour(true)) << stage.world.LogText();
+    ASSERT_TRUE(BecomesColour(true)) << stage.world.LogText();
     EXPECT_THAT(MapsOf(QCoreApplication::applicationPid()), HasSubstr(kEngine)) << "the other test looks for nothing";
     EXPECT_EQ(Place().size(), QSize(468, 60));
     EXPECT_EQ(Engine()->size(), Place().size());
@@ -169,6 +169,10 @@ TEST_F(ShownBanner, GetsNothingOfTheMachineAndNoWindowAndNoKeys) {
         EXPECT_TRUE(Write().hasFocus());
     }
     EXPECT_THAT(stage.world.Told("open"), ElementsAre());
+    for (int i = 0; i < 60; ++i) { // more than there are widgets
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        ASSERT_FALSE(Place().isAncestorOf(QApplication::focusWidget())) << "Tab leads into the banner";
+    }
 }
 
 TEST_F(ShownBanner, HandsALinkThatWasClickedToTheDesktopsBrowser) {
@@ -204,6 +208,9 @@ TEST_F(Banner, WithoutAModuleIsALineInTheLogAndNothingElse) {
 TEST(Client, WithoutBannersHoldsNoBrowser) {
     const QTemporaryDir home;
     QProcess client;
+    QProcessEnvironment scratch = QProcessEnvironment::systemEnvironment();
+    scratch.insert(QStringLiteral("XDG_CONFIG_HOME"), home.path());
+    client.setProcessEnvironment(scratch);
     client.start(QStringLiteral(OMBRIN_EXE), {QStringLiteral("--home"), home.path()});
     ASSERT_TRUE(client.waitForStarted());
     const QString log = home.filePath(QStringLiteral("system/AVClLogs.txt"));
