@@ -67,6 +67,14 @@ constexpr Row kRows[] = {
     {Own::Players, "Players", "Spieler", "Joueurs"},
     {Own::AddBuddy, "Add Buddy", "Freund hinzufügen", "Ajouter un ami"},
     {Own::RemoveBuddy, "Remove Buddy", "Freund entfernen", "Retirer un ami"},
+    {Own::SkinsOfOmbrin, "Skins of Ombrin", "Skins von Ombrin", "Thèmes d'Ombrin"},
+    {Own::UseSkin, "&Use", "&Verwenden", "&Utiliser"},
+    {Own::BuiltInLook, "&Built-in look", "&Eingebautes Aussehen", "Apparence &d'origine"},
+    {Own::Close, "&Close", "&Schließen", "&Fermer"},
+    {Own::SkinInUse, "%1 (in use)", "%1 (in Gebrauch)", "%1 (utilisé)"},
+    {Own::AtNextStart, "Ombrin shows the change at its next start.", "Ombrin zeigt die Änderung beim nächsten Start.",
+     "Ombrin montrera ce changement à son prochain démarrage."},
+    {Own::NoSkins, "No skins are installed.", "Es sind keine Skins installiert.", "Aucun thème n'est installé."},
 };
 
 std::function<std::string()>& Current() {

@@ -51,6 +51,13 @@ enum class Own {
     Players,
     AddBuddy,
     RemoveBuddy,
+    SkinsOfOmbrin, ///< the window of ombrin-skin, and what it says
+    UseSkin,
+    BuiltInLook,
+    Close,
+    SkinInUse, ///< %1 its name
+    AtNextStart,
+    NoSkins,
 };
 
 /// How the language in force is read, as UTF-8; set once by the program.

@@ -1,8 +1,11 @@
 // ombrin-skin: how the client looks, from its next start on.
+#include "foundation/text.h"
 #include "hosts/skin/screen.h"
 #include "hosts/skin/table.h"
+#include "ui/layout.h"
 
 #include <CLI/CLI.hpp>
+#include <cstdio>
 #include <iostream>
 
 namespace ombrin::skin {
@@ -41,11 +44,13 @@ void Remove(Wardrobe& wardrobe) {
 
 /// "992x754"
 void TakeSize(const std::string& text, PreviewOptions& preview) {
-    constexpr int kLargest = 8192;
+    constexpr int kLargest = 4096;
     char rest = 0;
-    if (std::sscanf(text.c_str(), "%5dx%5d%c", &preview.width, &preview.height, &rest) != 2 || preview.width < 1 ||
-        preview.height < 1 || preview.width > kLargest || preview.height > kLargest)
-        throw CLI::ValidationError("--size", "is WIDTHxHEIGHT, each from 1 to 8192");
+    const bool isSize = std::sscanf(text.c_str(), "%5dx%5d%c", &preview.width, &preview.height, &rest) == 2;
+    if (!isSize || preview.width < Layout::kLeastWidth || preview.height < Layout::kLeastHeight ||
+        preview.width > kLargest || preview.height > kLargest)
+        throw CLI::ValidationError("--size", Join("is ", std::to_string(Layout::kLeastWidth), "x",
+                                                  std::to_string(Layout::kLeastHeight), " to 4096x4096"));
 }
 
 int Run(int argc, char** argv) {
@@ -63,7 +68,7 @@ int Run(int argc, char** argv) {
     preview->add_option("--out", options.preview.out, "write a picture instead of opening a window")->type_name("FILE");
     preview->add_option("--size", options.size, "of the view; 992x754 unless given")->type_name("WxH");
     preview->add_option("--scale", options.preview.scale, "pixels of the screen for one of the view")
-        ->check(CLI::Range(0.5, 4.0));
+        ->check(CLI::Range(kLeastScale, kLargestScale));
     try {
         app.parse(argc, argv);
         TakeSize(options.size, options.preview);

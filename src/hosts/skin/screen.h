@@ -6,6 +6,8 @@
 
 namespace ombrin::skin {
 
+inline constexpr double kLeastScale = 0.5, kLargestScale = 3;
+
 struct PreviewOptions {
     int width = 992, height = 754;  ///< of the view, in its own pixels
     double scale = 1;               ///< pixels of the screen for one of those

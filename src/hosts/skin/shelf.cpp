@@ -52,7 +52,7 @@ Skin Shelf::Read(const std::string& name) const {
     return ReadSkin(found->second);
 }
 
-void Shelf::Provide(const Skin& skin) const {
+void Shelf::Check(const Skin& skin) {
     std::uint64_t bytes = 0;
     for (const std::string& file : skin.Files()) {
         const std::string path = skin.folder + "/" + file;
@@ -62,6 +62,10 @@ void Shelf::Provide(const Skin& skin) const {
             throw std::runtime_error(
                 Join(skin.folder, " has more than ", std::to_string(kLargestSkin / 1024 / 1024), " MiB of pictures"));
     }
+}
+
+void Shelf::Provide(const Skin& skin) const {
+    Check(skin);
     if (skin.folder != OwnFolder(skin.name)) Copy(skin);
 }
 

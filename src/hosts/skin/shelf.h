@@ -18,8 +18,10 @@ public:
     /// Raises std::runtime_error for a name that is none, and what ReadSkin raises.
     Skin Read(const std::string& name) const;
 
-    /// Has the skin below the client's folder, whole: others see the old copy or the new one. Raises
-    /// std::runtime_error, and then nothing has changed, for a file that is missing, a link, too large or no picture.
+    /// Raises std::runtime_error for a file that is missing, a link, too large or no picture.
+    static void Check(const Skin& skin);
+    /// Has the skin below the client's folder, whole: others see the old copy or the new one. Raises as Check does, and
+    /// then nothing has changed.
     void Provide(const Skin& skin) const;
     /// Takes a copy away, unless somebody has changed something in it: then it is his own.
     void Drop(const std::string& name) const;
