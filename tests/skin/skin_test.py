@@ -1,4 +1,5 @@
-"""skin_test.py SKIN CONSOLE: the programs ombrin-skin and ombrin-console in a tree and a home of their own."""
+"""skin_test.py SKIN CONSOLE [window]: the programs ombrin-skin, which may have a window, and ombrin-console, in a tree
+and a home of their own."""
 
 import configparser
 import json
@@ -8,10 +9,21 @@ import subprocess
 import sys
 import tempfile
 import unittest
+import zlib
 from pathlib import Path
+from struct import pack, unpack_from
 
-SKIN, CONSOLE = sys.argv[1:3]
-PICTURE = b"\x89PNG\r\n\x1a\n"
+
+def pixel(*colour):
+    """A picture of one of them."""
+    def chunk(kind, body):
+        return pack(">I", len(body)) + kind + body + pack(">I", zlib.crc32(kind + body))
+    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", pack(">IIBBBBB", 1, 1, 8, 2, 0, 0, 0)) +
+            chunk(b"IDAT", zlib.compress(bytes([0, *colour]))) + chunk(b"IEND", b""))
+
+
+SKIN, CONSOLE, *WINDOW = sys.argv[1:]
+PICTURE = pixel(0, 0, 255)
 DAWN = {"skin.ini": """[About]
 Name=Dawn \x1b[31m
 Author=Zoë
@@ -197,8 +209,25 @@ class Skin(unittest.TestCase):
         (self.own / "dawn").mkdir()
         self.assertIn("dawn is in the way: it is no skin", self.run_skin("use", "dawn", status=1))
 
+    @unittest.skipUnless(WINDOW, "this build has no window")
+    def test_a_preview_shows_the_skin_whole_or_says_why_not(self):
+        write(self.share / "red", {"skin.ini": "[Skin]\nBackgroundImage=x.png\n", "x.png": pixel(255, 0, 0)})
+        write(self.share / "torn", {**BUTTON, "x.png": PICTURE[:40]})
+        seen = {}
+        for name, scale in (("dawn", 1), ("red", 1), ("red", 2)):
+            file = self.root / f"{name}{scale}.png"
+            self.run_skin("preview", name, "--size", "600x400", "--scale", str(scale), "--out", str(file))
+            seen[name, scale] = file.read_bytes()
+            self.assertEqual(unpack_from(">II", seen[name, scale], 16), (600 * scale, 400 * scale))
+        self.assertNotEqual(seen["dawn", 1], seen["red", 1])
+        self.assertIn("cannot be shown whole: x.png: Invalid picture",
+                      self.run_skin("preview", "torn", "--out", str(self.root / "torn.png"), status=1))
+        self.assertFalse((self.root / "torn.png").exists())
+        self.assertIn("there is no display", self.run_skin("preview", "red", status=1))
+        self.assertFalse((self.home / "app/skins").exists()) # nothing of it is put on
+
     def test_wrong_use_ends_with_2(self):
-        for words in (["use"], ["wear", "dawn"], ["list", "--out", "x"], ["preview", "dawn", "--size", "9"],
+        for words in (["use"], ["wear", "dawn"], ["list", "--out", "x"], ["preview", "dawn", "--size", "9x9"],
                       ["preview", "dawn", "--scale", "0"]):
             with self.subTest(words):
                 self.run_skin(*words, status=2)

@@ -72,14 +72,24 @@ QString Look::DrawingOf(const Image& image) {
     return found == kDrawings.end() ? QString() : found->second;
 }
 
-QString Look::BuiltInCaption(const std::string& button) {
-    static const std::map<std::string, Own> kCaptions{
-        {"btnConfigurable1", Own::News},      {"btnConfigurable2", Own::Files},   {"btnConfigurable3", Own::Ladders},
-        {"btnConfigurable4", Own::Depot},     {"btnConfigurable5", Own::Players}, {"btnAddBuddy", Own::AddBuddy},
-        {"btnRemoveBuddy", Own::RemoveBuddy},
+QString Look::CaptionOf(const std::string& button, const QString& caption) {
+    struct Row {
+        const char* button;
+        const char* caption; ///< of the client
+        Own text;
     };
-    const auto found = kCaptions.find(button);
-    return found == kCaptions.end() ? QString() : Say(found->second);
+    constexpr Row kCaptions[] = {
+        {"btnConfigurable1", "", Own::News},
+        {"btnConfigurable2", "", Own::Files},
+        {"btnConfigurable3", "", Own::Ladders},
+        {"btnConfigurable4", "", Own::Depot},
+        {"btnConfigurable5", "", Own::Players},
+        {"btnAddBuddy", "Add Buddy", Own::AddBuddy},
+        {"btnRemoveBuddy", "Remove Buddy", Own::RemoveBuddy},
+    };
+    for (const Row& row : kCaptions)
+        if (row.button == button && caption == QLatin1String(row.caption)) return Say(row.text);
+    return caption;
 }
 
 QFont Look::ChatFont() {

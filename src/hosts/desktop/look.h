@@ -42,8 +42,9 @@ struct Look {
     static QIcon BuiltIn(const QString& drawing);
     /// The drawing of an image's built-in picture; empty for one that has none.
     static QString DrawingOf(const Image& image);
-    /// What a button says that the client leaves without a caption in the user's language; empty for any other.
-    static QString BuiltInCaption(const std::string& button);
+    /// What a button says: its caption; in the user's language also where the client has none for it, or only its
+    /// English one.
+    static QString CaptionOf(const std::string& button, const QString& caption);
     /// Whether captions are written over pictures that come from files.
     static bool WritesCaptions();
 

@@ -10,7 +10,6 @@
 #include "hosts/desktop/windows.h"
 #include "hosts/game_machine.h"
 #include "launch/directplay/registry_service.h"
-#include "platform/picture_files.h"
 #include "platform/posix/client_start.h"
 #include "platform/posix/clock.h"
 #include "platform/posix/end_signals.h"
@@ -56,14 +55,12 @@ int Run(QApplication& application, const std::optional<std::string>& home) {
     DesktopNotifier notifier(page, announcer);
     PosixLocalFiles localFiles(page);
     QtPictures pictures(page);
-    NoBrowser browser;
     PosixComponents components(page);
     SodiumIntegrity integrity;
     GameMachine machine(files, places, page, loop);
     directplay::RegistryService directPlay(machine.registry, machine.applications);
     QtOpener opener(page);
     BannerBrowser browser(page, opener);
-    PictureFiles pictures(localFiles);
     const QtMeasure measure(Look::ChatFont(), page);
 
     GameLobby client({network,    events,        clock,

@@ -140,7 +140,6 @@ void MainWindow::MakeView() {
         case ControlKind::Menu:
         case ControlKind::MenuEntry:
         case ControlKind::Timer:
-        case ControlKind::WebBrowser:
             continue;
         default:
             break;

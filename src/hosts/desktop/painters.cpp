@@ -164,8 +164,7 @@ private:
     }
     void ApplyOwn() override {
         Shown()->ensurePolished();
-        QString caption = Look::BuiltInCaption(button.Name());
-        if (caption.isEmpty()) caption = board.Text(button.Caption());
+        const QString caption = Look::CaptionOf(button.Name(), board.Text(button.Caption()));
         Shown()->setText(caption);
         Shown()->setAccessibleName(caption);
         const ButtonPictures& pictures = button.Pictures();
@@ -175,9 +174,8 @@ private:
         const bool fromFile = pictures.up.File() != nullptr;
         Shown()->SetFace({shown(pictures.up, "up"), shown(pictures.down, "down"), shown(pictures.disabled, "disabled"),
                           !fromFile || Look::WritesCaptions()});
-        // A picture says it all for who sees it; where no caption is read, it is told beside.
-        const bool isRead = Shown()->WritesCaption();
-        Shown()->setToolTip(isRead ? QString() : Board::Tip(caption));
+        // Where the caption cannot be read, it is told beside.
+        Shown()->setToolTip(Shown()->CaptionFits() ? QString() : Board::Tip(caption));
     }
     QString DrawingOf(const char* state) const {
         const std::string_view prefix = Skins::PrefixOf(button);

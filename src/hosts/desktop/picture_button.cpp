@@ -57,8 +57,20 @@ void PictureButton::Shine(QPainter& painter, QPixmap picture) const {
     painter.drawPixmap(rect(), picture);
 }
 
+QRect PictureButton::CaptionPlace() const { return rect().adjusted(kSignWidth, kMargin, -kMargin, -kMargin); }
+
+bool PictureButton::CaptionFits() const {
+    if (Now().isNull()) return fontMetrics().horizontalAdvance(text()) <= width() - 8;
+    return WritesCaption() && Fits(FittingFont(CaptionPlace()), CaptionPlace());
+}
+
+bool PictureButton::Fits(const QFont& font, const QRect& place) const {
+    const QRect needed = QFontMetrics(font).boundingRect(place, kAsOnTheDrawing, text());
+    return needed.width() <= place.width() && needed.height() <= place.height();
+}
+
 void PictureButton::WriteCaption(QPainter& painter) const {
-    const QRect place = rect().adjusted(kSignWidth, kMargin, -kMargin, -kMargin);
+    const QRect place = CaptionPlace();
     painter.setFont(FittingFont(place));
     painter.setPen(Look::Colours().Shade(isEnabled() ? "text" : "off"));
     painter.drawText(isDown() ? place.translated(1, 1) : place, kAsOnTheDrawing | Qt::TextHideMnemonic, text());
@@ -72,8 +84,7 @@ QFont PictureButton::FittingFont(const QRect& place) const {
         for (const int stretch : {100, 90, 82}) {
             fitting.setPointSizeF(points);
             fitting.setStretch(stretch);
-            const QRect needed = QFontMetrics(fitting).boundingRect(place, kAsOnTheDrawing, text());
-            if (needed.width() <= place.width() && needed.height() <= place.height()) return fitting;
+            if (Fits(fitting, place)) return fitting;
         }
     return fitting;
 }

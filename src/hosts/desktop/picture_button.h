@@ -17,8 +17,8 @@ public:
 
     explicit PictureButton(QWidget* parent) : QPushButton(parent) {}
     void SetFace(Face other);
-    /// Whether the caption can be read, now that the button is as wide as it is.
-    bool WritesCaption() const;
+    /// Whether the whole caption can be read, now that the button is as wide as it is.
+    bool CaptionFits() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -26,7 +26,10 @@ protected:
 private:
     const QPixmap& Now() const;
     void Shine(QPainter& painter, QPixmap picture) const;
+    bool WritesCaption() const;
+    QRect CaptionPlace() const;
     void WriteCaption(QPainter& painter) const;
+    bool Fits(const QFont& font, const QRect& place) const;
     QFont FittingFont(const QRect& place) const;
 
     Face face;

@@ -40,11 +40,6 @@ private:
     const CodePage& page;
 };
 
-class NoBrowser : public Browser {
-public:
-    void Navigate(std::string_view) override {}
-};
-
 /// In the font that the chat is painted with.
 class QtMeasure : public TextMeasure {
 public:

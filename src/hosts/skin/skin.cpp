@@ -103,6 +103,7 @@ Skin ReadSkin(const std::string& folder) {
     skin.folder = folder;
     skin.title = FitToShow(file.Value("About", "Name"));
     skin.author = FitToShow(file.Value("About", "Author"));
+    skin.description = FitToShow(file.Value("About", "Description"));
     for (const std::string& key : PictureKeys())
         if (std::string name = file.FileName(key); !name.empty()) skin.pictures.push_back({key, std::move(name)});
     skin.labelTextColor = file.ReadColour(kFileSection, kLabelTextColor);

@@ -17,10 +17,10 @@ struct Skin {
         std::string key, file; ///< a slot of ui/skin_slots.h, and a bare name
     };
 
-    std::string name;           ///< its folder's
-    std::string folder;         ///< as the system takes it
-    std::string title, author;  ///< fit to be shown
-    std::vector<Slot> pictures; ///< those that it has, in the order of the slots
+    std::string name;                       ///< its folder's
+    std::string folder;                     ///< as the system takes it
+    std::string title, author, description; ///< fit to be shown
+    std::vector<Slot> pictures;             ///< those that it has, in the order of the slots
     std::optional<Colour> labelTextColor, textColor;
     std::string scheme, captions; ///< as the host takes them, or empty
 

@@ -1,6 +1,7 @@
 #include "hosts/skin/window/chooser.h"
 
 #include "foundation/ini_files.h"
+#include "hosts/desktop/board.h"
 #include "hosts/desktop/look.h"
 #include "hosts/desktop/own_texts.h"
 #include "hosts/skin/screen.h"
@@ -31,6 +32,14 @@ QString Title(const Wardrobe::Row& row) {
     const std::string& title = row.skin.title.empty() ? row.skin.name : row.skin.title;
     const QString shown = QString::fromStdString(title);
     return row.inUse ? Say(Own::SkinInUse).arg(shown) : shown;
+}
+
+/// Plain, whatever its maker wrote.
+QString Description(const Skin& skin) {
+    QStringList lines;
+    for (const std::string& line : {skin.description, skin.author})
+        if (!line.empty()) lines += QString::fromStdString(line);
+    return desktop::Board::Tip(lines.join(QLatin1Char('\n')));
 }
 
 /// The last line, as Qt may have said something before.
@@ -85,7 +94,8 @@ void Chooser::Fill() {
     list.clear();
     for (const Wardrobe::Row& row : rows) {
         if (before < 0 && row.inUse) chosen = list.count();
-        list.addItem(Title(row));
+        auto* item = new QListWidgetItem(Title(row), &list);
+        item->setToolTip(Description(row.skin));
     }
     list.blockSignals(false);
     list.setCurrentRow(std::clamp(chosen, 0, list.count() - 1));
