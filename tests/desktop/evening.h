@@ -63,7 +63,9 @@ protected:
     void IsInFront(Control& control) {
         See([this, &control] {
             QWidget* widget = stage.WidgetOf(control);
-            EXPECT_EQ(stage.window.childAt(widget->geometry().center()), widget) << control.Name();
+            const QWidget* front = stage.window.childAt(widget->geometry().center());
+            ASSERT_NE(front, nullptr) << control.Name();
+            EXPECT_EQ(front->objectName(), widget->objectName());
         });
     }
 };
