@@ -110,6 +110,9 @@ protected:
         const QStringList modules = desktop::BannerBrowser::UsualModules();
         if (!std::any_of(modules.begin(), modules.end(), [](const QString& file) { return QFile::exists(file); }))
             GTEST_SKIP() << "Qt WebEngine is not installed, so that the module of the banners was not built";
+#ifdef __SANITIZE_THREAD__
+        GTEST_SKIP() << "the engine's threads are not built for ThreadSanitizer, which would not see how they wait";
+#endif
         Banner::SetUp();
     }
 };
