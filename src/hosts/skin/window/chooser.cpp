@@ -84,7 +84,20 @@ Chooser::Chooser(Wardrobe& wardrobe) : wardrobe(wardrobe) {
     Fill();
 }
 
-Chooser::~Chooser() { painter.disconnect(this); }
+Chooser::~Chooser() {
+    painter.disconnect(this);
+    StopPainting();
+}
+
+/// Asked first, so that it takes its folder away.
+void Chooser::StopPainting() {
+    constexpr int kPatience = 500; // ms
+    if (painter.state() == QProcess::NotRunning) return;
+    painter.terminate();
+    if (painter.waitForFinished(kPatience)) return;
+    painter.kill();
+    painter.waitForFinished();
+}
 
 void Chooser::Fill() {
     const int before = list.currentRow();
@@ -104,8 +117,7 @@ void Chooser::Fill() {
 }
 
 void Chooser::LookAt(int row) {
-    painter.kill(); // what it was painting is not looked at any more
-    painter.waitForFinished();
+    StopPainting();
     picture.clear();
     const bool usable = row >= 0 && rows.at(row).fault.empty();
     use.setEnabled(usable);

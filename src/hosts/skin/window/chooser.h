@@ -20,6 +20,7 @@ public:
 private:
     void Fill();
     void LookAt(int row);
+    void StopPainting();
     void ShowPicture();
     void Change(const std::function<void()>& change);
 

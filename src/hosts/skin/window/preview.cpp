@@ -1,6 +1,7 @@
 #include "hosts/skin/window/preview.h"
 
 #include "hosts/skin/window/sample_sentences.h"
+#include "platform/posix/end_signals.h"
 
 #include <stdexcept>
 
@@ -29,6 +30,7 @@ QPixmap Preview::Picture(QSize size) {
 
 void Preview::Run(QSize size, const std::function<void()>& whenThere) {
     std::string fault;
+    const EndSignals signals(world.Events(), [this] { client.Stack().RequestEnd(); });
     window.resize(size);
     window.Opens([&] {
         world.Events().Post([&] {

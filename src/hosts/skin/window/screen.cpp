@@ -3,6 +3,7 @@
 #include "hosts/desktop/look.h"
 #include "hosts/skin/window/chooser.h"
 #include "hosts/skin/window/preview.h"
+#include "platform/posix/end_signals.h"
 
 #include <QApplication>
 #include <filesystem>
@@ -48,6 +49,7 @@ void ShowPreview(Wardrobe& wardrobe, const std::string& name, const PreviewOptio
     const Skin skin = wardrobe.Skins().Read(name);
     Shelf::Check(skin);
     const PosixFiles files(wardrobe.Page());
+    EndSignals::Block(); // before Qt has threads of its own; the end takes the sample's folder away
     Desk desk;
     SampleWorld world(skin, TextOf(files, wardrobe.Home().WindowsDirectory() + "/AVfLang.ini"), wardrobe.Page());
     desk.Wear(world.Wishes());
