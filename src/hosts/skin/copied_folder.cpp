@@ -34,7 +34,7 @@ std::string SumOf(const std::string& folder) {
         if (entry.path().filename() != kMark) names.insert(entry.path().filename().string());
     Sum sum;
     for (const std::string& name : names) {
-        const std::string bytes = ReadPlainFile(folder + "/" + name, kLargestPicture);
+        const std::string bytes = ReadPlainFile(Join(folder, "/", name), kLargestPicture);
         sum.Add(Join(name, "/", std::to_string(bytes.size()), "/"));
         sum.Add(bytes);
     }

@@ -7,7 +7,7 @@
 namespace ombrin::skin {
 
 /// A text file, and a picture: a full screen in true colours has 8 MB.
-inline constexpr std::uint64_t kLargestText = 64 * 1024, kLargestPicture = 16 * 1024 * 1024;
+inline constexpr std::uint64_t kLargestText = 64ULL * 1024, kLargestPicture = 16ULL * 1024 * 1024;
 
 /// Raises std::runtime_error, with a sentence that names the file, for what is missing, a link, no plain file, cannot
 /// be read, or has more bytes than the limit.

@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::uint64_t kLargestSkin = 64 * 1024 * 1024; // bytes of all its files
+constexpr std::uint64_t kLargestSkin = 64ULL * 1024 * 1024; // bytes of all its files
 
 void AddFolders(std::map<std::string, std::string>& found, const std::string& place) {
     std::error_code problem; // what cannot be read has no skins
@@ -78,7 +78,7 @@ void Shelf::Copy(const Skin& skin) const {
     fs::create_directories(aside);
     try {
         for (const std::string& file : skin.Files())
-            WriteNewFile(aside + "/" + file, ReadPlainFile(skin.folder + "/" + file, kLargestPicture));
+            WriteNewFile(Join(aside, "/", file), ReadPlainFile(Join(skin.folder, "/", file), kLargestPicture));
         MarkAsCopy(aside);
         if (fs::exists(fs::symlink_status(place))) {
             if (!IsUnchangedCopy(place)) throw std::runtime_error(place + " is in the way: it is no skin");
