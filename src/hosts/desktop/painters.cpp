@@ -26,6 +26,7 @@ class LabelPainter : public Painter {
 public:
     LabelPainter(Board& board, Label& model, QWidget* parent)
         : Painter(board, model, new QLabel(parent)), label(model) {
+        Shown()->setAttribute(Qt::WA_TransparentForMouseEvents); // in a small window it reaches over buttons
         Shown()->setTextFormat(Qt::PlainText);
         Shown()->setWordWrap(true);
         Shown()->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
