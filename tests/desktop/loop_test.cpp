@@ -58,6 +58,7 @@ void Loops::OnlyPaints(const std::function<void()>& wait, int atLeast, qint64 fr
     Button& connect = stage.forms.UsrNmPwIP.Connect;
     See([&] {
         picture.show();
+        picture.raise(); // what lies behind something else is not painted
         stage.window.setFocus();
         stage.WidgetOf(name)->setFocus();
         watch = core.OnReady(sockets.ends[0], EventLoop::Interest::Read, [&] { ++arrivals, watch.Drop(); });
@@ -147,6 +148,7 @@ TEST_F(Loops, AFloodOfTheCoresEventsLeavesPaintingAndTimersTheirTurn) {
     });
     See([&] {
         picture.show();
+        picture.raise(); // what lies behind something else is not painted
         timer.start(10);
         core.Post(flood);
     });

@@ -5,6 +5,7 @@
 #include "ui/skin_slots.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPalette>
@@ -31,8 +32,9 @@ void Look::Install(QApplication&, const Wishes& wishes) {
     chosen = wishes;
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(chosen.scheme.Palette());
-    QApplication::setWindowIcon(BuiltIn(kProgramIcon));
 }
+
+void Look::ShowProgramIcon() { QApplication::setWindowIcon(BuiltIn(kProgramIcon)); }
 
 void Look::Dress() { qApp->setStyleSheet(chosen.scheme.StyleSheet()); }
 
@@ -52,6 +54,11 @@ QIcon Look::BuiltIn(const QString& drawing) {
     for (const int side : {16, 32, 48, 64, 128, 256})
         icon.addFile(FileOf(QStringLiteral("%1-%2").arg(drawing).arg(side)));
     return icon;
+}
+
+bool Look::CanShow(const Picture& picture, const QString& builtIn) {
+    if (dynamic_cast<const QtPicture*>(picture.File()) != nullptr) return true;
+    return picture.IsBuiltIn() && !builtIn.isEmpty() && QFile::exists(FileOf(builtIn));
 }
 
 QPixmap Look::Shown(const Picture& picture, const QString& builtIn, const QSize& size) {

@@ -31,9 +31,12 @@ struct Look {
     static void Install(QApplication& application, const Wishes& wishes);
     /// The style sheet, before the first control.
     static void Dress();
+    /// In its six sizes, for which there is time when the window is there.
+    static void ShowProgramIcon();
     static const Scheme& Colours();
     static QFont ChatFont();
 
+    static bool CanShow(const Picture& picture, const QString& builtIn);
     /// What is shown of a picture; a null one where there is nothing to show.
     static QPixmap Shown(const Picture& picture, const QString& builtIn, const QSize& size);
     /// The file of a built-in picture of the scheme, by the name of its drawing; a finer one lies beside it.

@@ -67,6 +67,18 @@ protected:
     bool focusNextPrevChild(bool) override { return true; }
 };
 
+/// Stands before the view until it is known what is shown first, so that nothing is painted for nobody.
+class Cover : public QWidget {
+public:
+    using QWidget::QWidget;
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        Look::PaintBackground(painter, rect());
+    }
+};
+
 } // namespace
 
 MainWindow::MainWindow(GameLobby& client, Board& board) : client(client), board(board) {
@@ -93,8 +105,11 @@ void MainWindow::Populate() {
     waiting->setObjectName(QStringLiteral("waiting"));
     logon = new LogonPage(client.Forms().UsrNmPwIP, this);
     logon->setObjectName(QStringLiteral("logon"));
-    logon->setAutoFillBackground(true);
+    logon->setAttribute(Qt::WA_OpaquePaintEvent);
     logon->hide();
+    cover = new Cover(this);
+    cover->setObjectName(QStringLiteral("cover"));
+    cover->setAttribute(Qt::WA_OpaquePaintEvent);
     veil = new Veil(this);
     veil->setObjectName(QStringLiteral("veil"));
     veil->hide();
@@ -116,7 +131,11 @@ void MainWindow::Populate() {
         PlaceControls();
         LookAtView();
     });
+    cover->raise();
+    cover->show();
     board.Frame();
+    constexpr int kAfterTheFirstPage = 300; // ms
+    QTimer::singleShot(kAfterTheFirstPage, this, [] { Look::ShowProgramIcon(); });
 }
 
 void MainWindow::MakeView() {
@@ -181,6 +200,7 @@ void MainWindow::PlaceControls() {
     const int left = (width() - dialog.m_iViewWidth / kTwipsPerPixel) / 2;
     logon->setGeometry(rect());
     veil->setGeometry(rect());
+    cover->setGeometry(rect());
     for (Control* control : dialog.Controls()) {
         Painter* painter = board.PainterOf(*control);
         if (painter == nullptr) continue;
@@ -221,6 +241,11 @@ void MainWindow::SpeakAnew() {
 
 void MainWindow::LookAtView() {
     if (!(shownSkin == client.MainView().OBSkin.Picture())) update();
+    // A client that starts takes its view from the user, and gives it to him when he is in a lobby.
+    if (!client.MainView().Enabled())
+        hasStarted = true;
+    else if (hasStarted)
+        cover->hide();
     SpeakAnew();
     if (client.MainView().IsDisabledForGood() && !veil->isVisible()) {
         veil->show();
@@ -241,12 +266,16 @@ void MainWindow::LookAtView() {
 
 void MainWindow::ShowLogon(bool on) {
     logon->setVisible(on);
+    cover->hide();
     if (on) logon->raise();
+    update(); // what is behind it is painted only where it is seen
 }
 
 /// Stretched to its place, once for each size.
 void MainWindow::PaintSkin() {
     QPainter painter(this);
+    if (logon == nullptr || logon->isVisible() || cover->isVisible()) // nobody sees it
+        return Look::PaintBackground(painter, rect());
     const Image& skin = client.MainView().OBSkin;
     const Place& place = skin.Where();
     const QSize size = QSize(place.width, place.height) * devicePixelRatio();

@@ -48,6 +48,8 @@ private:
     Board& board;
     std::function<void()> opened;
     QWidget* logon = nullptr;
+    QWidget* cover = nullptr;
+    bool hasStarted = false;
     QWidget* veil = nullptr;   ///< once the view is disabled for good
     QLabel* waiting = nullptr; ///< shows what the view waits for
     std::optional<RoomFace> room;

@@ -13,9 +13,11 @@
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyle>
 
 namespace ombrin::desktop {
 
@@ -57,25 +59,43 @@ private:
     StatusBar& bar;
 };
 
+/// A picture that is fetched when it is first seen, as large as its place and its proportions allow.
+class PictureLabel : public QLabel {
+public:
+    PictureLabel(const Image& image, QWidget* parent) : QLabel(parent), image(image) {}
+    void LookAnew() {
+        if (shown && of == image.Picture()) return;
+        shown.reset();
+        update();
+    }
+
+protected:
+    void resizeEvent(QResizeEvent*) override { shown.reset(); }
+    void paintEvent(QPaintEvent*) override {
+        if (!shown) {
+            of = image.Picture();
+            shown = Look::Shown(of, Look::DrawingOf(image), size());
+        }
+        const QSize size = shown->deviceIndependentSize().toSize();
+        QPainter(this).drawPixmap(QStyle::alignedRect(layoutDirection(), alignment(), size, rect()), *shown);
+    }
+    /// In a dialog; the view has its own places.
+    QSize sizeHint() const override { return {40, 40}; }
+
+private:
+    const Image& image;
+    Picture of;
+    std::optional<QPixmap> shown;
+};
+
 class ImagePainter : public Painter {
 public:
-    ImagePainter(Board& board, Image& model, QWidget* parent)
-        : Painter(board, model, new QLabel(parent)), image(model) {
+    ImagePainter(Board& board, Image& model, QWidget* parent) : Painter(board, model, new PictureLabel(model, parent)) {
         Widget()->setAttribute(Qt::WA_TransparentForMouseEvents);
     }
 
 private:
-    /// It fills its place, as far as its proportions allow; how large that is is told by a change of size.
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::Resize) board.Dirty(image);
-        return Painter::eventFilter(watched, event);
-    }
-    void ApplyOwn() override {
-        auto* label = static_cast<QLabel*>(Widget());
-        const QPixmap picture = Look::Shown(image.Picture(), Look::DrawingOf(image), label->size());
-        if (!picture.isNull()) label->setPixmap(picture);
-    }
-    Image& image;
+    void ApplyOwn() override { static_cast<PictureLabel*>(Widget())->LookAnew(); }
 };
 
 /// Clicks on it go on to the window, which takes none.
@@ -168,20 +188,11 @@ private:
         const QString caption = Look::CaptionOf(button.Name(), board.Text(button.Caption()));
         Shown()->setText(caption);
         Shown()->setAccessibleName(caption);
-        const ButtonPictures& pictures = button.Pictures();
-        const auto shown = [this](const Picture& picture, const char* state) {
-            return Look::Shown(picture, DrawingOf(state), Shown()->size());
-        };
-        const bool fromFile = pictures.up.File() != nullptr;
-        Shown()->SetFace({shown(pictures.up, "up"), shown(pictures.down, "down"), shown(pictures.disabled, "disabled"),
-                          !fromFile || Look::WritesCaptions()});
+        const std::string_view prefix = Skins::PrefixOf(button);
+        Shown()->SetPictures(button.Pictures(),
+                             prefix.empty() ? QString() : QStringLiteral("button-") + QString::fromUtf8(prefix));
         // Where the caption cannot be read, it is told beside.
         Shown()->setToolTip(Shown()->CaptionFits() ? QString() : Board::Tip(caption));
-    }
-    QString DrawingOf(const char* state) const {
-        const std::string_view prefix = Skins::PrefixOf(button);
-        return prefix.empty() ? QString()
-                              : QStringLiteral("button-%1-%2").arg(QString::fromUtf8(prefix), QLatin1String(state));
     }
     Button& button;
 };

@@ -15,23 +15,44 @@ constexpr int kAsOnTheDrawing = Qt::AlignCenter | Qt::TextWordWrap;
 
 } // namespace
 
-void PictureButton::SetFace(Face other) {
-    face = std::move(other);
+void PictureButton::SetPictures(const ButtonPictures& other, const QString& begin) {
+    if (pictures == other && drawing == begin) return;
+    pictures = other;
+    drawing = begin;
+    shown = {};
     update();
 }
 
-bool PictureButton::WritesCaption() const {
-    return Now().isNull() || (face.writesCaption && width() >= kLeastForCaption);
+const Picture& PictureButton::PictureOf(State state) const {
+    return state == Up ? pictures.up : state == Down ? pictures.down : pictures.disabled;
 }
 
-const QPixmap& PictureButton::Now() const {
-    if (!isEnabled()) return face.disabled.isNull() ? face.up : face.disabled;
-    return isDown() && !face.down.isNull() ? face.down : face.up;
+QString PictureButton::DrawingOf(State state) const {
+    constexpr const char* kStates[] = {"-up", "-down", "-disabled"};
+    return drawing.isEmpty() ? QString() : drawing + QLatin1String(kStates[state]);
+}
+
+bool PictureButton::Has(State state) const { return Look::CanShow(PictureOf(state), DrawingOf(state)); }
+
+PictureButton::State PictureButton::Now() const {
+    const State state = !isEnabled() ? Disabled : isDown() ? Down : Up;
+    return Has(state) ? state : Up;
+}
+
+const QPixmap& PictureButton::Shown(State state) {
+    auto& picture = shown[state];
+    if (!picture) picture = Look::Shown(PictureOf(state), DrawingOf(state), size());
+    return *picture;
+}
+
+bool PictureButton::WritesCaption() const {
+    const bool wanted = PictureOf(Now()).IsBuiltIn() || Look::WritesCaptions();
+    return wanted && width() >= kLeastForCaption;
 }
 
 void PictureButton::paintEvent(QPaintEvent* event) {
-    const QPixmap& picture = Now();
-    if (picture.isNull()) return QPushButton::paintEvent(event);
+    if (!Has(Now())) return QPushButton::paintEvent(event);
+    const QPixmap& picture = Shown(Now());
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawPixmap(rect(), picture);
@@ -60,7 +81,7 @@ void PictureButton::Shine(QPainter& painter, QPixmap picture) const {
 QRect PictureButton::CaptionPlace() const { return rect().adjusted(kSignWidth, kMargin, -kMargin, -kMargin); }
 
 bool PictureButton::CaptionFits() const {
-    if (Now().isNull()) return fontMetrics().horizontalAdvance(text()) <= width() - 8;
+    if (!Has(Now())) return fontMetrics().horizontalAdvance(text()) <= width() - 8;
     return WritesCaption() && Fits(FittingFont(CaptionPlace()), CaptionPlace());
 }
 

@@ -1,22 +1,23 @@
 // A button that shows a picture of its state.
 #pragma once
 
+#include "controls/picture.h"
+
 #include <QPixmap>
 #include <QPushButton>
+#include <array>
+#include <optional>
 
 namespace ombrin::desktop {
 
 /// Without a picture for a state it is a plain button. The caption stays the button's text: for whom it is read aloud,
-/// and for its key.
+/// and for its key. It is written over a built-in picture, and over a file's where the skin wants that.
 class PictureButton : public QPushButton {
 public:
-    struct Face {
-        QPixmap up, down, disabled;
-        bool writesCaption = true; ///< over the picture
-    };
-
     explicit PictureButton(QWidget* parent) : QPushButton(parent) {}
-    void SetFace(Face other);
+
+    /// `drawing` begins the names of its built-in pictures; empty where it has none.
+    void SetPictures(const ButtonPictures& other, const QString& drawing);
     /// Whether the whole caption can be read, now that the button is as wide as it is.
     bool CaptionFits() const;
 
@@ -24,7 +25,13 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    const QPixmap& Now() const;
+    enum State { Up, Down, Disabled };
+
+    const Picture& PictureOf(State state) const;
+    QString DrawingOf(State state) const;
+    bool Has(State state) const;
+    State Now() const;
+    const QPixmap& Shown(State state);
     void Shine(QPainter& painter, QPixmap picture) const;
     bool WritesCaption() const;
     QRect CaptionPlace() const;
@@ -32,7 +39,9 @@ private:
     bool Fits(const QFont& font, const QRect& place) const;
     QFont FittingFont(const QRect& place) const;
 
-    Face face;
+    ButtonPictures pictures;
+    QString drawing;
+    std::array<std::optional<QPixmap>, 3> shown; ///< each as soon as it is painted
 };
 
 } // namespace ombrin::desktop
