@@ -29,12 +29,14 @@ public:
     static constexpr int kNotFound = 2;
 
     explicit RecordingOpener(Journal journal) : journal(std::move(journal)) {}
-    int Open(std::string_view target, std::string_view) override {
+    int Open(std::string_view target, std::string_view directory) override {
+        workingDirectory = directory;
         journal({"open", {{"target", std::string(target)}}});
         return target.empty() ? kNotFound : result;
     }
 
-    int result = 33; ///< the answer for a target that is not empty
+    int result = 33;              ///< the answer for a target that is not empty
+    std::string workingDirectory; ///< of the last call
 
 private:
     Journal journal;
