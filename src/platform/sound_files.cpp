@@ -4,18 +4,16 @@
 
 namespace ombrin {
 
-std::vector<std::string> SoundFiles(std::string_view appFolder, std::string_view name) {
+std::vector<std::string> SoundFiles(const SoundFolders& folders, std::string_view name) {
     if (name.empty()) return {};
     std::string path(name);
     std::replace(path.begin(), path.end(), '\\', '/');
-    std::string below(appFolder);
-    below += '/';
     if (path.find('/') == std::string::npos) {
-        path = below + "sounds/" + path;
-        return {path, path + ".wav"};
+        const std::string own = folders.program + "/sounds/" + path, shared = folders.share + "/sounds/" + path;
+        return {own, own + ".wav", shared, shared + ".wav"};
     }
     const bool climbs = (path + '/').find("/../") != std::string::npos;
-    if (!path.starts_with(below) || climbs) return {};
+    if (!path.starts_with(folders.program + '/') || climbs) return {};
     return {path};
 }
 

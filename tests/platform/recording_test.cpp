@@ -96,23 +96,25 @@ TEST_F(TellingNetworkTest, ShowsTheLocalPortThatIsSettledOnlyWithTheConnection) 
     EXPECT_EQ(socket->LocalPort, 0);
 }
 
-TEST(SoundFiles, ANameLiesInTheSoundsAndAPathBelowTheProgramAlone) {
+TEST(SoundFiles, ANameLiesInOneOfTheSoundsAndAPathBelowTheProgramAlone) {
     using Files = std::vector<std::string>;
     const struct {
         const char* name;
         Files files;
     } kCases[] = {
-        {"AVChat.wav", {"/h/app/sounds/AVChat.wav", "/h/app/sounds/AVChat.wav.wav"}},
-        {"EnterLobby2", {"/h/app/sounds/EnterLobby2", "/h/app/sounds/EnterLobby2.wav"}},
+        {"EnterLobby2",
+         {"/h/app/sounds/EnterLobby2", "/h/app/sounds/EnterLobby2.wav", "/s/sounds/EnterLobby2",
+          "/s/sounds/EnterLobby2.wav"}},
         {"/h/app\\sounds\\ding.wav", {"/h/app/sounds/ding.wav"}},
         {"/h/app/ding.wav", {"/h/app/ding.wav"}},
         {"/h/appding.wav", {}},
         {"/h/app/../secret.wav", {}},
+        {"/s/sounds/ding.wav", {}},
         {"/etc/passwd", {}},
         {"../ding.wav", {}},
         {"", {}},
     };
-    for (const auto& row : kCases) EXPECT_EQ(SoundFiles("/h/app", row.name), row.files) << row.name;
+    for (const auto& row : kCases) EXPECT_EQ(SoundFiles({"/h/app", "/s"}, row.name), row.files) << row.name;
 }
 
 TEST(FixedMeasure, TextsWrapAtBlanksAndInsideLongWords) {

@@ -12,6 +12,7 @@
 #include "platform/posix/posix_local_files.h"
 #include "platform/posix/posix_network.h"
 #include "platform/posix/posix_pings.h"
+#include "platform/posix/share.h"
 #include "platform/recording/recording_applications.h"
 #include "platform/sodium/sodium_integrity.h"
 
@@ -95,7 +96,6 @@ int Run(const Options& options) {
     recording::RecordingComponents recordedComponents(journal);
     recording::RecordingOpener recordedOpener(journal);
     recording::RecordingBrowser recordedBrowser(journal);
-    PosixSound sound(root + "/app", page, loop);
     PosixClipboard clipboard(page);
     PosixPings pings(loop);
     NoNotifier notifier;
@@ -104,6 +104,7 @@ int Run(const Options& options) {
     PosixComponents components(page);
     SodiumIntegrity integrity;
     GameMachine machine(files, places, page, loop);
+    PosixSound sound({root + "/app", ShareFolder()}, machine.settings, page, loop);
     recording::RecordingApplications recordedApplications(journal);
     const bool realProcesses = options.IsReal("process");
     directplay::RegistryService directPlay(

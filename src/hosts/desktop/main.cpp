@@ -18,6 +18,7 @@
 #include "platform/posix/posix_local_files.h"
 #include "platform/posix/posix_network.h"
 #include "platform/posix/posix_pings.h"
+#include "platform/posix/share.h"
 #include "platform/sodium/sodium_integrity.h"
 
 #include <QApplication>
@@ -45,7 +46,7 @@ int Run(QApplication& application, const std::optional<std::string>& home) {
     EventLoop events(clock);
     DesktopLoop loop(events);
     PosixNetwork network(events);
-    QtSound sound(root + "/app", page, loop);
+    QtSound sound({root + "/app", ShareFolder()}, settings, page, loop);
     QtClipboard clipboard(page);
     PosixPings pings(loop);
     QPointer<MainWindow> front; // once it is there

@@ -1,7 +1,8 @@
 #include "hosts/desktop/qt_services.h"
 
-#include "platform/sound_files.h"
+#include "platform/sound_volume.h"
 
+#include <QAudio>
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QDir>
@@ -23,13 +24,17 @@ QString ToQt(const CodePage& page, std::string_view bytes) { return QString::fro
 } // namespace
 
 void QtSound::Play(std::string_view name) {
-    const std::vector<std::string> files = SoundFiles(appFolder, page.ToUtf8(name));
+    const int volume = SoundVolume(settings);
+    if (name.empty() || volume == 0) return;
+    const std::vector<std::string> files = SoundFiles(folders, page.ToUtf8(name));
     const auto file = std::find_if(files.begin(), files.end(), [](const std::string& candidate) {
         return QFileInfo::exists(QString::fromStdString(candidate));
     });
     if (file == files.end()) return;
     QSoundEffect effect;
     effect.setSource(QUrl::fromLocalFile(QString::fromStdString(*file)));
+    effect.setVolume(static_cast<float>(QAudio::convertVolume(
+        static_cast<qreal>(volume) / kFullVolume, QAudio::LogarithmicVolumeScale, QAudio::LinearVolumeScale)));
     effect.play();
     for (Milliseconds waited{0}; waited < kLongestSound; waited += kSlice) {
         const bool loading = effect.status() == QSoundEffect::Loading;

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "foundation/code_page.h"
+#include "foundation/settings.h"
 #include "platform/desktop.h"
+#include "platform/sound_files.h"
 #include "platform/waiter.h"
 
 #include <QFontMetrics>
@@ -10,14 +12,16 @@
 
 namespace ombrin::desktop {
 
+/// The volume (sound_volume.h) is read anew each time.
 class QtSound : public Sound {
 public:
-    QtSound(std::string appFolder, const CodePage& page, Waiter& waiter)
-        : appFolder(std::move(appFolder)), page(page), waiter(waiter) {}
+    QtSound(SoundFolders folders, Settings& settings, const CodePage& page, Waiter& waiter)
+        : folders(std::move(folders)), settings(settings), page(page), waiter(waiter) {}
     void Play(std::string_view name) override;
 
 private:
-    std::string appFolder; ///< as the system takes it
+    SoundFolders folders;
+    Settings& settings;
     const CodePage& page;
     Waiter& waiter;
 };

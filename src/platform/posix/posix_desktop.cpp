@@ -2,7 +2,7 @@
 
 #include "foundation/runtime_error.h"
 #include "platform/posix/descriptor.h"
-#include "platform/sound_files.h"
+#include "platform/sound_volume.h"
 
 #include <algorithm>
 #include <array>
@@ -63,6 +63,19 @@ std::vector<std::string> Inherited(std::vector<std::string> variables) {
     return variables;
 }
 
+/// What a player is started with.
+std::vector<std::string> Played(const std::string& player, const std::string& file, int volume) {
+    if (player == "paplay") { // it hears as people do
+        constexpr int kFull = 65'536;
+        return {player, "--volume=" + std::to_string(kFull * volume / kFullVolume), file};
+    }
+    if (player == "pw-play") { // it counts the amplitude, of which the ear takes about the cube root
+        const double heard = static_cast<double>(volume) / kFullVolume;
+        return {player, "--volume=" + std::to_string(heard * heard * heard), file};
+    }
+    return {player, file};
+}
+
 } // namespace
 
 bool Programs::IsThere(const std::string& program) {
@@ -118,8 +131,9 @@ void Programs::Kill(int process) {
 }
 
 void PosixSound::Play(std::string_view name) {
-    if (name.empty()) return;
-    const std::vector<std::string> files = SoundFiles(appFolder, page.ToUtf8(name));
+    const int volume = SoundVolume(settings);
+    if (name.empty() || volume == 0) return;
+    const std::vector<std::string> files = SoundFiles(folders, page.ToUtf8(name));
     const auto file = std::find_if(files.begin(), files.end(), [](const std::string& candidate) {
         struct stat info {};
         return stat(candidate.c_str(), &info) == 0;
@@ -127,7 +141,8 @@ void PosixSound::Play(std::string_view name) {
     if (file == files.end()) return;
     const std::string player = FirstPresent(std::array{"pw-play", "paplay", "aplay"});
     if (player.empty()) return;
-    const int process = programs.Start({player, *file}, {}, {});
+    const std::vector<std::string> plainNumbers{"LC_ALL=C"}; // or a player may ask for a comma in the volume
+    const int process = programs.Start(Played(player, *file, volume), {}, {}, plainNumbers);
     if (process < 0) return;
     const auto start = std::chrono::steady_clock::now();
     for (Milliseconds waited{0}; waited < kLongestSound; waited += kSlice) {

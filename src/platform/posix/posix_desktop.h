@@ -2,7 +2,9 @@
 #pragma once
 
 #include "foundation/code_page.h"
+#include "foundation/settings.h"
 #include "platform/desktop.h"
+#include "platform/sound_files.h"
 #include "platform/waiter.h"
 
 #include <string>
@@ -27,15 +29,17 @@ private:
     std::vector<int> running;
 };
 
-/// Plays by pw-play, paplay or aplay, in the program's own folder (sound_files.h).
+/// Plays by pw-play, paplay or aplay. The volume (sound_volume.h) is read anew each time; aplay knows of none, and only
+/// silence is kept there.
 class PosixSound : public Sound {
 public:
-    PosixSound(std::string appFolder, const CodePage& page, Waiter& waiter)
-        : appFolder(std::move(appFolder)), page(page), waiter(waiter) {}
+    PosixSound(SoundFolders folders, Settings& settings, const CodePage& page, Waiter& waiter)
+        : folders(std::move(folders)), settings(settings), page(page), waiter(waiter) {}
     void Play(std::string_view name) override;
 
 private:
-    std::string appFolder; ///< as the system takes it
+    SoundFolders folders;
+    Settings& settings;
     const CodePage& page;
     Waiter& waiter;
     Programs programs;
