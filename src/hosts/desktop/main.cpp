@@ -1,4 +1,5 @@
 // OmbrinExe: the client that a person starts.
+#include "foundation/text.h"
 #include "hosts/desktop/banner_browser.h"
 #include "hosts/desktop/board.h"
 #include "hosts/desktop/bus_announcer.h"
@@ -14,6 +15,7 @@
 #include "platform/posix/clock.h"
 #include "platform/posix/end_signals.h"
 #include "platform/posix/home.h"
+#include "platform/posix/language_file.h"
 #include "platform/posix/posix_components.h"
 #include "platform/posix/posix_local_files.h"
 #include "platform/posix/posix_network.h"
@@ -30,6 +32,15 @@
 namespace ombrin::desktop {
 
 namespace {
+
+/// A client without it works; what is in its way stands in the log.
+void PlaceLanguageFile(const Places& places, PosixFiles& files, Log& log) {
+    try {
+        ombrin::PlaceLanguageFile(ShareFolder(), places, files);
+    } catch (const std::exception& problem) {
+        log.LogError(Join("the language file cannot be put in place: ", problem.what()), false);
+    }
+}
 
 int Run(QApplication& application, const std::optional<std::string>& home) {
     const std::string root = HomeRoot(home);
@@ -74,6 +85,7 @@ int Run(QApplication& application, const std::optional<std::string>& home) {
                       places});
     // The event only notes the wish, so that the raising routine finishes its steps.
     client.CloseClient = [&] { events.Post([&] { client.Stack().RequestEnd(); }); };
+    PlaceLanguageFile(places, files, client.Trace());
     Board board(loop, client.Input(), page);
     loop.Attach(client.Stack(), [&] { board.Schedule(); });
     {
