@@ -1,5 +1,6 @@
 #include "hosts/desktop/connection_bar.h"
 
+#include "hosts/desktop/look.h"
 #include "hosts/desktop/own_texts.h"
 
 #include <QAccessible>
@@ -90,8 +91,11 @@ void ConnectionBar::Show(Trouble trouble) {
 void ConnectionBar::Make() {
     bar = new QFrame(&window);
     bar->setObjectName(QStringLiteral("connectionBar"));
-    bar->setStyleSheet(QStringLiteral("QFrame#connectionBar { background: #6b2b26; border: 1px solid #ffb4a8; "
-                                      "border-radius: 4px; } QLabel { color: #ffffff; }"));
+    const Scheme& colours = desktop::Look::Colours();
+    bar->setStyleSheet(
+        QStringLiteral("QFrame#connectionBar { background: %1; border: 1px solid %2; "
+                       "border-radius: 4px; } QLabel { color: %3; }")
+            .arg(colours.Shade("alarm").name(), colours.Shade("trouble").name(), colours.Shade("alarmText").name()));
     auto* line = new QHBoxLayout(bar);
     line->setContentsMargins(10, 4, 6, 4);
     text = new QLabel(bar);

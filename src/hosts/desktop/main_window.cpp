@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QScreen>
 #include <QSettings>
+#include <algorithm>
 
 namespace ombrin::desktop {
 
@@ -63,7 +64,12 @@ public:
     explicit Veil(QWidget* parent) : QWidget(parent) { setFocusPolicy(Qt::StrongFocus); }
 
 protected:
-    void paintEvent(QPaintEvent*) override { QPainter(this).fillRect(rect(), QColor(0x0A, 0x0F, 0x15, 0xB0)); }
+    void paintEvent(QPaintEvent*) override {
+        constexpr int kDense = 0xB0; ///< of 255
+        QColor colour = Look::Colours().Shade("veil");
+        colour.setAlpha(kDense);
+        QPainter(this).fillRect(rect(), colour);
+    }
     bool focusNextPrevChild(bool) override { return true; }
 };
 
@@ -117,6 +123,7 @@ void MainWindow::Populate() {
     room.emplace(client, board);
     MakeLogon();
     waiting->setAlignment(Qt::AlignCenter);
+    waiting->setWordWrap(true); // in a narrow window
     waiting->setStyleSheet(QStringLiteral("background: %1; color: white; border-radius: 4px; padding: 4px 12px;")
                                .arg(Look::Colours().Shade("accent").name()));
     waiting->hide();
@@ -168,6 +175,7 @@ void MainWindow::MakeView() {
         if (control->Kind() == ControlKind::Label) widget->setProperty("heading", true);
     }
     for (const auto& row : kNames) board.PainterOf(row.control)->Widget()->setAccessibleName(row.spoken);
+    board.PainterOf(view.ConfigWarning)->Widget()->lower(); // in a small window it reaches over the lobbies
 }
 
 void MainWindow::MakeLogon() {
@@ -226,7 +234,10 @@ void MainWindow::SayWhatIsWaitedFor() {
     const QString text = WhatIsWaitedFor();
     if (waiting->text() == text) return;
     waiting->setText(text);
-    waiting->adjustSize();
+    constexpr int kAround = 32; ///< pixels beside the letters, inside and outside of the label
+    const int whole = waiting->fontMetrics().horizontalAdvance(text) + kAround;
+    const int across = std::min(whole, width() - kAround);
+    waiting->resize(across, waiting->heightForWidth(across));
     waiting->move((width() - waiting->width()) / 2, height() / 2);
 }
 

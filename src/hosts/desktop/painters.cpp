@@ -18,6 +18,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyle>
+#include <QStyleOptionButton>
 
 namespace ombrin::desktop {
 
@@ -199,8 +200,30 @@ private:
 
 class CheckPainter : public Painter {
 public:
+/// The style sheet takes the tick away with the frame.
+class TickBox : public QCheckBox {
+public:
+    using QCheckBox::QCheckBox;
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        QCheckBox::paintEvent(event);
+        if (!isChecked()) return;
+        QStyleOptionButton option;
+        initStyleOption(&option);
+        const QRectF box = style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, this);
+        const auto at = [&box](double x, double y) {
+            return box.topLeft() + QPointF(x * box.width(), y * box.height());
+        };
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(Look::Colours().Shade("panel"), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPolyline(QPolygonF({at(0.24, 0.52), at(0.43, 0.7), at(0.76, 0.3)}));
+    }
+};
+
     CheckPainter(Board& board, CheckBox& model, QWidget* parent)
-        : Painter(board, model, new QCheckBox(parent)), box(model) {
+        : Painter(board, model, new TickBox(parent)), box(model) {
         connect(Shown(), &QCheckBox::clicked, this, [this](bool on) {
             this->board.Dirty(box); // a refusal takes the tick back
             this->board.Input([this, on](UserInput& input) { return input.Check(box, on); });

@@ -3,13 +3,15 @@
 #include "hosts/desktop/look.h"
 
 #include <QPainter>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 
 namespace ombrin::desktop {
 
 namespace {
 
-/// A caption's place on a picture of the drawn size: right of the sign.
-constexpr int kSignWidth = 26, kMargin = 1;
+constexpr int kSignWidth = 26; ///< left of the caption, on a picture of the drawn size
+constexpr int kBeside = 4, kAbove = 1;
 constexpr int kLeastForCaption = 60;
 constexpr int kAsOnTheDrawing = Qt::AlignCenter | Qt::TextWordWrap;
 
@@ -46,12 +48,13 @@ const QPixmap& PictureButton::Shown(State state) {
 }
 
 bool PictureButton::WritesCaption() const {
+    if (!Has(Now())) return true;
     const bool wanted = PictureOf(Now()).IsBuiltIn() || Look::WritesCaptions();
     return wanted && width() >= kLeastForCaption;
 }
 
 void PictureButton::paintEvent(QPaintEvent* event) {
-    if (!Has(Now())) return QPushButton::paintEvent(event);
+    if (!Has(Now())) return PaintPlain(event);
     const QPixmap& picture = Shown(Now());
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
@@ -66,6 +69,17 @@ void PictureButton::paintEvent(QPaintEvent* event) {
     }
 }
 
+/// As any other button, unless its caption is wider than its place in the view.
+void PictureButton::PaintPlain(QPaintEvent* event) {
+    if (fontMetrics().horizontalAdvance(text()) <= CaptionPlace().width()) return QPushButton::paintEvent(event);
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.text.clear();
+    painter.drawControl(QStyle::CE_PushButton, option);
+    WriteCaption(painter);
+}
+
 /// Under the mouse: the picture in a colour, lightly over itself, so that what is clear in it stays clear.
 void PictureButton::Shine(QPainter& painter, QPixmap picture) const {
     constexpr int kLightly = 26; ///< of 255
@@ -78,11 +92,16 @@ void PictureButton::Shine(QPainter& painter, QPixmap picture) const {
     painter.drawPixmap(rect(), picture);
 }
 
-QRect PictureButton::CaptionPlace() const { return rect().adjusted(kSignWidth, kMargin, -kMargin, -kMargin); }
+QRect PictureButton::CaptionPlace() const {
+    return rect().adjusted(Has(Now()) ? kSignWidth : kBeside, kAbove, -kBeside, -kAbove);
+}
 
-bool PictureButton::CaptionFits() const {
-    if (!Has(Now())) return fontMetrics().horizontalAdvance(text()) <= width() - 8;
-    return WritesCaption() && Fits(FittingFont(CaptionPlace()), CaptionPlace());
+bool PictureButton::CaptionFits() const { return WritesCaption() && Fits(FittingFont(CaptionPlace()), CaptionPlace()); }
+
+QRect PictureButton::CaptionShownAt() const {
+    if (!WritesCaption()) return {};
+    const QRect place = CaptionPlace();
+    return QFontMetrics(FittingFont(place)).boundingRect(place, kAsOnTheDrawing, text()) & place;
 }
 
 bool PictureButton::Fits(const QFont& font, const QRect& place) const {

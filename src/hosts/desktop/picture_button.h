@@ -20,6 +20,8 @@ public:
     void SetPictures(const ButtonPictures& other, const QString& drawing);
     /// Whether the whole caption can be read, now that the button is as wide as it is.
     bool CaptionFits() const;
+    /// In the button; empty where the caption is not written.
+    QRect CaptionShownAt() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -32,6 +34,7 @@ private:
     bool Has(State state) const;
     State Now() const;
     const QPixmap& Shown(State state);
+    void PaintPlain(QPaintEvent* event);
     void Shine(QPainter& painter, QPixmap picture) const;
     bool WritesCaption() const;
     QRect CaptionPlace() const;

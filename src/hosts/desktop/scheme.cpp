@@ -32,6 +32,9 @@ constexpr std::array kShades{
     ShadeRow{"status", 0xFFFFD479, 0xFF7A4B00},
     ShadeRow{"trouble", 0xFFFFB4A8, 0xFFA3190F},
     ShadeRow{"refused", 0xFFFF6B5E, 0xFFC4281C},
+    ShadeRow{"alarm", 0xFF6B2B26, 0xFFFCE4E1}, // behind what is written in the next one
+    ShadeRow{"alarmText", 0xFFFFFFFF, 0xFF7A140C},
+    ShadeRow{"veil", 0xFF0A0F15, 0xFFD9E4EE}, // over a view that is of no more use
     ShadeRow{"accent", 0xFF2873B3, 0xFF1F6FB8},
     ShadeRow{"focus", 0xFF8FC7F5, 0xFF1F6FB8},
     ShadeRow{"mark", 0xFF8FA8C0, 0xFF5D7186},
