@@ -1,5 +1,6 @@
 // ombrin-screenshots FOLDER LANGUAGE WIDTH HEIGHT [SKIN]: pictures of the main view and of every dialog, in one
 // language at one size, made from the real windows over a played server.
+#include "desktop/photographer.h"
 #include "desktop/stage.h"
 #include "hosts/desktop/look.h"
 #include "hosts/desktop/qt_pictures.h"
@@ -9,71 +10,11 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QLabel>
-#include <QPainter>
 #include <cstdio>
 
 namespace ombrin::test {
 
 namespace {
-
-class Photographer {
-public:
-    Photographer(Stage& stage, QString folder) : stage(stage), folder(std::move(folder)) {}
-
-    /// The window in front; a dialog stands on the main window, as a person sees it.
-    void Takes(const QString& name) {
-        stage.Step([this] { stage.board.Frame(); });
-        stage.Step([this, name] {
-            stage.board.Frame();
-            QPixmap picture = stage.window.grab();
-            if (QWidget* front = stage.Front(); front != &stage.window) {
-                QPainter painter(&picture);
-                const QPixmap dialog = front->grab();
-                const QPoint place = stage.window.mapFromGlobal(front->pos());
-                painter.drawPixmap(place, dialog);
-                painter.setPen(QPen(QColor(0x8F, 0xC7, 0xF5), 1));
-                painter.drawRect(QRect(place, front->size()).adjusted(-1, -1, 0, 0));
-            }
-            Saves(picture, name);
-        });
-    }
-
-    /// The pop-up menu of a row, opened by the right button.
-    void TakesMenu(Control& list, int row, const QString& name) {
-        stage.ClicksRow(list, row, Qt::RightButton);
-        TakesPopup(name);
-    }
-    void TakesPopup(const QString& name) {
-        stage.Step([this, name] {
-            QWidget* popup = QApplication::activePopupWidget();
-            if (popup == nullptr) return Complain(name);
-            QPixmap picture = stage.window.grab();
-            QPainter painter(&picture);
-            if (QWidget* front = stage.Front(); front != &stage.window)
-                painter.drawPixmap(stage.window.mapFromGlobal(front->pos()), front->grab());
-            painter.drawPixmap(stage.window.mapFromGlobal(popup->pos()), popup->grab());
-            painter.end();
-            Saves(picture, name);
-            popup->close();
-        });
-    }
-    /// The main view when it has waited for some time.
-    void TakesWaiting(const QString& name) {
-        stage.Until([this] { return stage.window.findChild<QLabel*>(QStringLiteral("waiting"))->isVisible(); },
-                    "the sign of waiting");
-        Takes(name);
-    }
-
-private:
-    void Saves(const QPixmap& picture, const QString& name) {
-        if (!picture.save(folder + QLatin1Char('/') + name + QStringLiteral(".png"))) Complain(name);
-    }
-    static void Complain(const QString& name) { std::fprintf(stderr, "no picture: %s\n", qPrintable(name)); }
-
-    Stage& stage;
-    QString folder;
-};
 
 const char* const kNames[] = {"Ann",    "Bob",   "Cid",    "Dörte", "Eve",   "François", "Gus",
                               "Hélène", "Ivo",   "Jürgen", "Kim",   "Lars",  "Mia",      "Noël",
@@ -180,6 +121,14 @@ void TakeRooms(Stage& stage, Photographer& photographer) {
     photographer.Takes(QStringLiteral("30-back-in-the-lobby"));
 }
 
+/// What a button of the dialog in front opens.
+void TakeChooser(Stage& stage, Photographer& photographer, Button& button, const QString& name) {
+    stage.Step([&] { stage.board.Input([&](UserInput& input) { return input.Click(button); }); });
+    photographer.Takes(name);
+    stage.Step(
+        [&] { stage.board.Input([&](UserInput& input) { return input.Close(*stage.client.Stack().TopModal()); }); });
+}
+
 /// Without a game where no lobby was entered yet.
 void TakeConfiguration(Stage& stage, Photographer& photographer, const QString& name) {
     ConfigureGame& dialog = stage.forms.ConfigureGame;
@@ -202,6 +151,8 @@ void TakeGame(Stage& stage, Photographer& photographer) {
     });
     TakeConfiguration(stage, photographer, QStringLiteral("31-configure"));
     stage.Step([&stage] { stage.loop.Enter([&stage] { stage.client.Configure_Click(); }); });
+    TakeChooser(stage, photographer, forms.ConfigureGame.BrowseGames, QStringLiteral("31-configure-browse"));
+    TakeChooser(stage, photographer, forms.ConfigureGame.btnTextColor, QStringLiteral("31-configure-colour"));
     press(forms.ConfigureGame.About);
     photographer.Takes(QStringLiteral("32-about"));
     press(forms.frmAbout.cmdOK);
@@ -256,21 +207,21 @@ private:
     desktop::QtPictures files{CodePage::Usual()};
 };
 
-/// The transfer's server and the user's answers to boxes.
+/// The transfer's server and the user's answers to boxes. Its steps may run when it is gone.
 struct Download {
     Stage& stage;
 
     void Does(std::function<void()> act) const {
-        stage.Step([this, act] { stage.loop.Enter(act); });
+        stage.Step([*this, act] { stage.loop.Enter(act); });
     }
     void Answers(BoxResult result) const {
-        Does([this, result] { stage.client.Input().PressButton(result); });
+        Does([*this, result] { stage.client.Input().PressButton(result); });
     }
     void Accepts() const {
-        Does([this] { Socket().Accept(); });
+        Does([*this] { Socket().Accept(); });
     }
     void Sends(std::size_t bytes) const {
-        Does([this, bytes] { Socket().Sends(std::string(bytes, 'x')); });
+        Does([*this, bytes] { Socket().Sends(std::string(bytes, 'x')); });
     }
     recording::PlayedSocket& Socket() const { return stage.world.network.Named("FileTransferSocket"); }
 };
@@ -304,8 +255,8 @@ void TakeUpdate(Stage& stage, Photographer& photographer, const Download& downlo
 }
 
 /// The other end, by which the client is gone.
-void TakeCancel(Stage& stage, Photographer& photographer, const Download& download) {
-    stage.LogsOn();
+void TakeCancel(Stage& stage, Photographer& photographer) {
+    const Download download{stage};
     stage.Sends("50:updates.ardvelle.example;9001;One.txt;100;3;1.0;~");
     download.Answers(BoxResult::Ok);
     download.Accepts();
@@ -313,15 +264,21 @@ void TakeCancel(Stage& stage, Photographer& photographer, const Download& downlo
     photographer.Takes(QStringLiteral("44-update-canceled"));
 }
 
-int RunToTheCancel(const QStringList& arguments, Wardrobe& wardrobe) {
+void TakeLostConnection(Stage& stage, Photographer& photographer) {
+    stage.Step([&stage] { stage.loop.Enter([&stage] { stage.Server().CloseByPeer(); }); });
+    photographer.Takes(QStringLiteral("45-connection-lost"));
+}
+
+/// An evening of its own, as the client does not come back from what happens.
+bool RunFromTheLobby(const QStringList& arguments, Wardrobe& wardrobe, void (*take)(Stage&, Photographer&)) {
     Stage stage("");
     wardrobe.Dress(stage);
     stage.Speaks(Held(arguments[2]));
     stage.window.resize(arguments[3].toInt(), arguments[4].toInt());
     Photographer photographer(stage, arguments[1]);
-    const Download download{stage};
-    TakeCancel(stage, photographer, download);
-    return stage.Run() ? 0 : 1;
+    stage.LogsOn();
+    take(stage, photographer);
+    return stage.Run() && photographer.IsContent();
 }
 
 int Run(QApplication& application, const QStringList& arguments) {
@@ -330,7 +287,8 @@ int Run(QApplication& application, const QStringList& arguments) {
     QDir().mkpath(folder);
     Wardrobe wardrobe(arguments.size() > 5 ? skin::ReadSkin(arguments[5].toStdString()) : skin::Skin());
     desktop::Look::Install(application, wardrobe.Wishes());
-    if (const int failed = RunToTheCancel(arguments, wardrobe)) return failed;
+    bool content = RunFromTheLobby(arguments, wardrobe, TakeCancel);
+    content = RunFromTheLobby(arguments, wardrobe, TakeLostConnection) && content;
     Stage stage("");
     wardrobe.Dress(stage);
     stage.Speaks("");
@@ -405,7 +363,7 @@ int Run(QApplication& application, const QStringList& arguments) {
     TakeGame(stage, photographer);
     const Download download{stage};
     TakeUpdate(stage, photographer, download);
-    return stage.Run() ? 0 : 1;
+    return stage.Run() && photographer.IsContent() && content ? 0 : 1;
 }
 
 } // namespace
