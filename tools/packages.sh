@@ -8,6 +8,7 @@ build_packages=(
     libasio-dev libsodium-dev libsqlite3-dev nlohmann-json3-dev libcli11-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     qt6-base-dev qt6-multimedia-dev qt6-webengine-dev fonts-dejavu-core librsvg2-bin
+    xvfb dbus at-spi2-core python3-gi gir1.2-atspi-2.0
 )
 
 # What checks the source besides: formatting, clang-tidy, fuzzing.

@@ -5,7 +5,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QScrollBar>
-#include <QTreeView>
+#include <QAbstractItemView>
 #include <gtest/gtest.h>
 #include <random>
 
@@ -79,7 +79,7 @@ TEST(Lists, WhatIsSelectedAndInViewStaysThroughUpdates) {
         for (int i = 0; i < kUsers; ++i) message += before + user(i) + after;
         return message;
     };
-    auto& view = *qobject_cast<QTreeView*>(stage.WidgetOf(stage.view.UserList));
+    auto& view = *qobject_cast<QAbstractItemView*>(stage.WidgetOf(stage.view.UserList));
     int top = 0;
     stage.LogsOn();
     stage.Sends("0:" + all("", ";1;") + "~");

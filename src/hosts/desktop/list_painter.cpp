@@ -6,10 +6,13 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QListView>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <QTableView>
 #include <QToolTip>
-#include <QTreeView>
+#include <algorithm>
 
 namespace ombrin::desktop {
 
@@ -18,29 +21,58 @@ namespace {
 /// After a pause of so long in typing, the row that was found is selected, and what is typed then begins anew.
 constexpr int kTypingPause = 700; // ms
 
+constexpr int kBesideText = 4; // pixels to the edge of a row and to its picture
+
+/// A row is as wide as its list: what is longer ends in an ellipsis.
+class RowOfText : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return {0, QStyledItemDelegate::sizeHint(option, index).height()};
+    }
+};
+
+// A view of its kind each, as Qt tells by it what a screen reader calls them: a list, a table.
+
+QAbstractItemView* ViewOfTexts(QWidget* parent) {
+    auto* view = new QListView(parent);
+    view->setItemDelegate(new RowOfText(view));
+    view->setUniformItemSizes(true);
+    return view;
+}
+
+QAbstractItemView* ViewOfColumns(QWidget* parent) {
+    auto* view = new QTableView(parent);
+    view->setShowGrid(false);
+    view->setWordWrap(false);
+    view->setTabKeyNavigation(false);
+    view->setCornerButtonEnabled(false);
+    view->verticalHeader()->hide();
+    QHeaderView& header = *view->horizontalHeader();
+    header.setStretchLastSection(true);
+    header.setHighlightSections(false);
+    header.setSectionsClickable(false);
+    header.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    return view;
+}
+
 /// Works for both kinds of list; what differs is how the selected row is read.
 class ListPainter : public Painter {
 public:
     ListPainter(Board& board, Control& model, RowList& rows, int columns, QWidget* parent)
-        : Painter(board, model, new QTreeView(parent)),
+        : Painter(board, model, columns == 1 ? ViewOfTexts(parent) : ViewOfColumns(parent)),
           model(rows, columns, board.Page(),
                 {[&model](int image) { return ListPictures::Icon(model.Name(), image); },
                  [&model] { return model.ForeColour(); },
                  [&model](int image) { return ListPictures::Meaning(model.Name(), image); }},
                 [&board, &model] { board.Dirty(model); }) {
-        QTreeView& view = *Shown();
+        QAbstractItemView& view = *Shown();
         view.setModel(&this->model);
-        view.setRootIsDecorated(false);
-        view.setItemsExpandable(false);
-        view.setUniformRowHeights(true);
-        view.setAllColumnsShowFocus(true);
         view.setEditTriggers(QAbstractItemView::NoEditTriggers);
         view.setSelectionBehavior(QAbstractItemView::SelectRows);
         view.setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
         view.setTextElideMode(Qt::ElideRight);
         view.setContextMenuPolicy(Qt::PreventContextMenu);
-        view.header()->setStretchLastSection(true);
-        view.header()->setSectionsMovable(false);
         view.viewport()->installEventFilter(this);
         connect(view.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
                 [this](const QModelIndex& current) { ByKeyboard(current); });
@@ -49,14 +81,14 @@ public:
     }
 
 protected:
-    QTreeView* Shown() const { return static_cast<QTreeView*>(Widget()); }
+    QAbstractItemView* Shown() const { return static_cast<QAbstractItemView*>(Widget()); }
 
     virtual bool IsSelected(RowId row) const = 0;
     virtual RowId Selected() const = 0;
     virtual bool IsForSeveral() const { return false; }
 
     void ApplyOwn() override {
-        QTreeView& view = *Shown();
+        QAbstractItemView& view = *Shown();
         const int scrolled = view.verticalScrollBar()->value();
         model.Apply();
         ShowSelection();
@@ -184,7 +216,10 @@ private:
         const QModelIndex index = Shown()->indexAt(help.pos());
         const QString text = index.data().toString();
         if (!index.isValid() || !index.data(Qt::ToolTipRole).toString().isEmpty()) return false;
-        if (Shown()->sizeHintForIndex(index).width() <= Shown()->columnWidth(index.column())) return false;
+        const bool pictured = !index.data(Qt::DecorationRole).isNull();
+        const int needed = Shown()->fontMetrics().horizontalAdvance(text) + 2 * kBesideText +
+                           (pictured ? Shown()->iconSize().width() + kBesideText : 0);
+        if (needed <= Shown()->visualRect(index).width()) return false;
         QToolTip::showText(help.globalPos(), Board::Tip(text), Shown()->viewport());
         return true;
     }
@@ -227,7 +262,6 @@ class ListBoxPainter : public ListPainter {
 public:
     ListBoxPainter(Board& board, ListBox& list, QWidget* parent)
         : ListPainter(board, list, list.rows, 1, parent), list(list) {
-        Shown()->setHeaderHidden(true);
         Shown()->setSelectionMode(list.IsForSeveral() ? QAbstractItemView::MultiSelection
                                                       : QAbstractItemView::SingleSelection);
     }
@@ -254,13 +288,19 @@ private:
     void ApplyOwn() override {
         model.SetHeaders(list.Headers());
         // One column needs no heading of its own: the label above says what it is.
-        Shown()->setHeaderHidden(list.Headers().size() == 1);
+        if (auto* table = qobject_cast<QTableView*>(Shown())) SizeColumns(*table);
+        ListPainter::ApplyOwn();
+    }
+    void SizeColumns(QTableView& table) const {
         for (std::size_t column = 1; column <= list.Headers().size(); ++column) {
             const int width = list.HeaderWidth(column);
-            Shown()->setColumnHidden(static_cast<int>(column) - 1, width <= 0);
-            if (width > 0) Shown()->setColumnWidth(static_cast<int>(column) - 1, width);
+            table.setColumnHidden(static_cast<int>(column) - 1, width <= 0);
+            if (width > 0) table.setColumnWidth(static_cast<int>(column) - 1, width);
         }
-        ListPainter::ApplyOwn();
+        table.ensurePolished(); // with the font of the look
+        const int height = std::max(table.fontMetrics().height() + 2, table.iconSize().height() + 2);
+        table.verticalHeader()->setMinimumSectionSize(height);
+        table.verticalHeader()->setDefaultSectionSize(height);
     }
     ListView& list;
 };

@@ -21,6 +21,22 @@ const QString kProgramIcon = QStringLiteral("icon"); ///< the one drawing that i
 
 Look::Wishes chosen;
 
+struct DrawnImage {
+    QString drawing, spoken;
+};
+
+DrawnImage DrawnImageOf(const Image& image) {
+    static const std::map<std::string, DrawnImage> kImages{
+        {"Logo", {QStringLiteral("logo"), QStringLiteral("Ombrin")}},
+        {"SplashImage", {QStringLiteral("logo"), QStringLiteral("Ombrin")}},
+        {"AVBrand", {QStringLiteral("brand"), QStringLiteral("Ardvelle")}},
+        {"PoweredBy", {QStringLiteral("powered-by"), QStringLiteral("Ardvelle")}},
+        {"picIcon", {kProgramIcon, QStringLiteral("Ombrin")}},
+    };
+    const auto found = kImages.find(image.Name());
+    return found == kImages.end() ? DrawnImage() : found->second;
+}
+
 } // namespace
 
 Look::Wishes Look::Wishes::Of(Settings& settings) {
@@ -67,17 +83,9 @@ QPixmap Look::Shown(const Picture& picture, const QString& builtIn, const QSize&
                                                      : QPixmap();
 }
 
-QString Look::DrawingOf(const Image& image) {
-    static const std::map<std::string, QString> kDrawings{
-        {"Logo", QStringLiteral("logo")},
-        {"SplashImage", QStringLiteral("logo")},
-        {"AVBrand", QStringLiteral("brand")},
-        {"PoweredBy", QStringLiteral("powered-by")},
-        {"picIcon", kProgramIcon},
-    };
-    const auto found = kDrawings.find(image.Name());
-    return found == kDrawings.end() ? QString() : found->second;
-}
+QString Look::DrawingOf(const Image& image) { return DrawnImageOf(image).drawing; }
+
+QString Look::NameOf(const Image& image) { return DrawnImageOf(image).spoken; }
 
 QString Look::CaptionOf(const std::string& button, const QString& caption) {
     struct Row {

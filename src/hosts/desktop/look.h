@@ -45,6 +45,8 @@ struct Look {
     static QIcon BuiltIn(const QString& drawing);
     /// The drawing of an image's built-in picture; empty for one that has none.
     static QString DrawingOf(const Image& image);
+    /// What that picture is, for who does not see it; empty likewise.
+    static QString NameOf(const Image& image);
     /// What a button says: its caption; in the user's language also where the client has none for it, or only its
     /// English one.
     static QString CaptionOf(const std::string& button, const QString& caption);

@@ -8,6 +8,7 @@
 #include "hosts/desktop/main_window.h"
 #include "hosts/desktop/qt_pictures.h"
 #include "hosts/desktop/qt_services.h"
+#include "hosts/desktop/spoken.h"
 #include "hosts/desktop/windows.h"
 #include "hosts/game_machine.h"
 #include "launch/directplay/registry_service.h"
@@ -53,6 +54,7 @@ int Run(QApplication& application, const std::optional<std::string>& home) {
 
     Settings settings(files, places.SettingsFile());
     Look::Install(application, Look::Wishes::Of(settings));
+    InstallSpoken();
     const SystemClock clock;
     EventLoop events(clock);
     DesktopLoop loop(events);

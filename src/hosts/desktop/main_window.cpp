@@ -215,9 +215,6 @@ void MainWindow::PlaceControls() {
         const Place& place = control->Where();
         painter->Widget()->setGeometry(left + place.left / kTwipsPerPixel, place.top / kTwipsPerPixel,
                                        place.width / kTwipsPerPixel, place.height / kTwipsPerPixel);
-        if (auto* box = dynamic_cast<TextBox*>(control)) // its label is found beside it
-            if (auto* edit = qobject_cast<QWidget*>(painter->Widget()))
-                if (edit->accessibleName().isEmpty()) edit->setAccessibleName(QString::fromStdString(box->Name()));
     }
 }
 

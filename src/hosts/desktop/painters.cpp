@@ -93,6 +93,7 @@ class ImagePainter : public Painter {
 public:
     ImagePainter(Board& board, Image& model, QWidget* parent) : Painter(board, model, new PictureLabel(model, parent)) {
         Widget()->setAttribute(Qt::WA_TransparentForMouseEvents);
+        Widget()->setAccessibleName(Look::NameOf(model));
     }
 
 private:
@@ -194,12 +195,11 @@ private:
                              prefix.empty() ? QString() : QStringLiteral("button-") + QString::fromUtf8(prefix));
         // Where the caption cannot be read, it is told beside.
         Shown()->setToolTip(Shown()->CaptionFits() ? QString() : Board::Tip(caption));
+        Shown()->setAccessibleDescription(Shown()->toolTip().isEmpty() ? QString() : caption); // not with its markup
     }
     Button& button;
 };
 
-class CheckPainter : public Painter {
-public:
 /// The style sheet takes the tick away with the frame.
 class TickBox : public QCheckBox {
 public:
@@ -222,6 +222,8 @@ protected:
     }
 };
 
+class CheckPainter : public Painter {
+public:
     CheckPainter(Board& board, CheckBox& model, QWidget* parent)
         : Painter(board, model, new TickBox(parent)), box(model) {
         connect(Shown(), &QCheckBox::clicked, this, [this](bool on) {

@@ -26,12 +26,18 @@ protected:
         if (box.IsPassword()) line->setEchoMode(QLineEdit::Password);
         if (box.MaxLength() != 0) line->setMaxLength(static_cast<int>(box.MaxLength()));
         connect(line, &QLineEdit::textEdited, this, [this](const QString& text) { Edited(text); });
+        if (box.Kind() != ControlKind::TextBox) return; // the choice of an entry tells of itself
+        // What writes for a person, as a program that takes dictation, sets a text without editing it.
+        connect(line, &QLineEdit::textChanged, this, [this] {
+            if (line->text() != known) Edited(line->text());
+        });
     }
 
     void ShowText() {
         const QString text = board.Text(box.Text());
         if (line->text() != text) {
             MarkRefused(false);
+            known = text;
             line->setText(text);
         }
         if (box.SelLength() > 0 && !line->hasSelectedText())
@@ -74,6 +80,7 @@ private:
                 cursor -= next - at;
         }
         MarkRefused(kept.size() != text.size());
+        known = kept;
         if (kept != text) {
             line->setText(kept);
             line->setCursorPosition(cursor);
@@ -92,6 +99,7 @@ private:
 
     TextBox& box;
     QLineEdit* line = nullptr;
+    QString known; ///< the line's text as the client had or has heard of it
     std::optional<Colour> colour;
 };
 
