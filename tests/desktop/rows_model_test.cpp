@@ -4,8 +4,8 @@
 #include "hosts/desktop/rows_model.h"
 
 #include <QAbstractItemModelTester>
-#include <QScrollBar>
 #include <QAbstractItemView>
+#include <QScrollBar>
 #include <gtest/gtest.h>
 #include <random>
 
