@@ -84,6 +84,8 @@ TEST(Banners, ThePagesOfTheWebAreShownAndNothingElse) {
         Banner player;
         player.Sends("37:3:" + Entry("5", address) + Entry("5", "http://next/") + Entry("5", "") + "~");
         const bool isWeb = address == longest || address.starts_with("HTTPS");
+        const bool isKept = address.size() <= longest.size() && address != "http://a/\x01";
+        EXPECT_EQ(player.Setting("Banner1"), isKept ? address : "");
         player.PassSeconds(10);
         EXPECT_EQ(player.Shown(), (isWeb ? address + " " + address + " " : "") + "http://next/ ") << address;
     }

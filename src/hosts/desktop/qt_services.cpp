@@ -33,8 +33,8 @@ void QtSound::Play(std::string_view name) {
     if (file == files.end()) return;
     QSoundEffect effect;
     effect.setSource(QUrl::fromLocalFile(QString::fromStdString(*file)));
-    effect.setVolume(static_cast<float>(QAudio::convertVolume(
-        static_cast<qreal>(volume) / kFullVolume, QAudio::LogarithmicVolumeScale, QAudio::LinearVolumeScale)));
+    const float asHeard = static_cast<float>(volume) / kFullVolume;
+    effect.setVolume(QAudio::convertVolume(asHeard, QAudio::LogarithmicVolumeScale, QAudio::LinearVolumeScale));
     effect.play();
     for (Milliseconds waited{0}; waited < kLongestSound; waited += kSlice) {
         const bool loading = effect.status() == QSoundEffect::Loading;
