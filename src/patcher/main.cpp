@@ -92,13 +92,21 @@ int main(int argc, char** argv) {
     std::setlocale(LC_TIME, "");
     double patience = 120, trial = 5;
     CLI::App app{"Finishes an update of Ombrin when its client has ended, and starts it again.", "OBPatch"};
-    app.set_version_flag("--version", OMBRIN_VERSION);
-    const auto seconds = CLI::Range(0.0, 86'400.0);
-    app.add_option("--wait", patience, "how long to wait for a running client to end")->check(seconds)->type_name("S");
-    app.add_option("--trial", trial, "a client that fails within this time has not started")
+    app.set_version_flag("--version", "OBPatch " OMBRIN_VERSION, "Print the version and exit");
+    const auto seconds = CLI::Range(0.0, 86'400.0).description("");
+    app.add_option("--wait", patience, "How long to wait for a running client to end")
         ->check(seconds)
-        ->type_name("S");
-    CLI11_PARSE(app, argc, argv);
+        ->type_name("S")
+        ->capture_default_str();
+    app.add_option("--trial", trial, "A client that fails within this time has not started")
+        ->check(seconds)
+        ->type_name("S")
+        ->capture_default_str();
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& problem) {
+        return app.exit(problem) == 0 ? 0 : 2;
+    }
     try {
         return ombrin::patcher::Run(patience, trial);
     } catch (const std::exception& error) {

@@ -7,8 +7,6 @@ namespace ombrin::server {
 
 namespace {
 
-constexpr const char* kVersion = OMBRIN_VERSION;
-
 /// The client reads the port of the files as a signed number of 16 bits.
 constexpr int kHighestFilesPort = 32'767;
 constexpr int kHighestPort = 65'535;
@@ -34,7 +32,8 @@ std::string CheckAddress(const std::string& text) {
 
 CommandLine ParseCommandLine(int count, const char* const* arguments) {
     Options options;
-    CLI::App app{"Lobby and update server of Ardvelle", "ardvelle-server"};
+    CLI::App app{"The lobby and update server of Ardvelle.", "ardvelle-server"};
+    app.set_version_flag("--version", "ardvelle-server " OMBRIN_VERSION, "Print the version and exit");
     app.add_option("--listen", options.listen, "Address to listen on")
         ->type_name("ADDRESS")
         ->capture_default_str()
@@ -57,11 +56,10 @@ CommandLine ParseCommandLine(int count, const char* const* arguments) {
     app.add_option("--make-update-key", options.makeUpdateKey,
                    "Write a new key for signing updates, print its public half for the clients, and end")
         ->type_name("FILE");
-    app.set_version_flag("--version", std::string("ardvelle-server ") + kVersion);
     try {
         app.parse(count, arguments);
     } catch (const CLI::ParseError& ending) {
-        return {std::nullopt, app.exit(ending)};
+        return {std::nullopt, app.exit(ending) == 0 ? 0 : 2};
     }
     if (options.home.empty()) options.home = UsualHome();
     return {options, 0};

@@ -38,18 +38,18 @@ const std::vector<std::string> kServices{"process", "ping",     "sound", "browse
 
 std::optional<int> Parse(int argc, char** argv, Options& options) {
     CLI::App app{"The Ombrin client without a window: commands and events as JSON lines.", "ombrin-console"};
-    app.set_version_flag("--version", OMBRIN_VERSION);
-    app.add_option("--home", options.home, "the root of the client's places; made when missing")->type_name("DIR");
-    app.add_flag("--virtual-time", options.virtualTime, "timers run only on \"advance\"; a wait takes no time");
-    const auto* real = app.add_option("--real", options.real, "reach out for real: in everything, or in what is named")
+    app.set_version_flag("--version", "ombrin-console " OMBRIN_VERSION, "Print the version and exit");
+    app.add_option("--home", options.home, "Folder of the client's files; made when missing")->type_name("DIR");
+    app.add_flag("--virtual-time", options.virtualTime, "Timers run only on \"advance\"; a wait takes no time");
+    const auto* real = app.add_option("--real", options.real, "Reach out for real: in everything, or in what is named")
                            ->expected(0, -1)
                            ->delimiter(',')
                            ->check(CLI::IsMember(kServices))
                            ->type_name("SERVICE,...");
-    app.add_option("--wait-scale", options.waitScale, "real blocking waits last F times as long")
+    app.add_option("--wait-scale", options.waitScale, "Real blocking waits last F times as long")
         ->check(CLI::Range(0.0, 1000.0))
         ->type_name("F");
-    app.add_flag("--wire", options.wire, "also report each message sent and each arrival");
+    app.add_flag("--wire", options.wire, "Also report each message sent and each arrival");
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& problem) {

@@ -24,9 +24,10 @@
 #include "platform/posix/share.h"
 #include "platform/sodium/sodium_integrity.h"
 
+#include <CLI/CLI.hpp>
 #include <QApplication>
-#include <QCommandLineParser>
 #include <QMessageBox>
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
 
@@ -41,6 +42,23 @@ void PlaceLanguageFile(const Places& places, PosixFiles& files, Log& log) {
     } catch (const std::exception& problem) {
         log.LogError(Join("the language file cannot be put in place: ", problem.what()), false);
     }
+}
+
+/// What is answered on a terminal, too, where there is no display.
+bool IsQuestion(std::string_view argument) {
+    return argument == "-h" || argument == "--help" || argument == "--version";
+}
+
+std::optional<int> Parse(int argc, char** argv, std::optional<std::string>& home) {
+    CLI::App app{"The client of the game-matchmaking service Ardvelle.", "OmbrinExe"};
+    app.set_version_flag("--version", "OmbrinExe " OMBRIN_VERSION, "Print the version and exit");
+    app.add_option("--home", home, "Folder of the client's files; made when missing")->type_name("DIR");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& problem) {
+        return app.exit(problem) == 0 ? 0 : 2;
+    }
+    return std::nullopt;
 }
 
 int Run(QApplication& application, const std::optional<std::string>& home) {
@@ -114,25 +132,19 @@ int Run(QApplication& application, const std::optional<std::string>& home) {
 
 int main(int argc, char** argv) {
     std::setlocale(LC_TIME, "");
-    ombrin::EndSignals::Block(); // before Qt has threads of its own
-    QApplication application(argc, argv);
+    std::optional<std::string> home;
+    if (std::any_of(argv, argv + argc, ombrin::desktop::IsQuestion))
+        if (const auto status = ombrin::desktop::Parse(argc, argv, home)) return *status;
+    ombrin::EndSignals::Block();          // before Qt has threads of its own
+    QApplication application(argc, argv); // which takes Qt's own options away
+    if (const auto status = ombrin::desktop::Parse(argc, argv, home)) return *status;
     QCoreApplication::setApplicationName(QStringLiteral("ombrin"));
     QCoreApplication::setOrganizationName(QStringLiteral("ombrin"));
     QCoreApplication::setApplicationVersion(QStringLiteral(OMBRIN_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("example.ardvelle.Ombrin"));
     QApplication::setQuitOnLastWindowClosed(false);
-    QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("The client of the game-matchmaking service Ardvelle."));
-    parser.addHelpOption();
-    parser.addVersionOption();
-    const QCommandLineOption home(QStringLiteral("home"),
-                                  QStringLiteral("the root of the client's places; made when missing"),
-                                  QStringLiteral("DIR"));
-    parser.addOption(home);
-    parser.process(application);
     try {
-        std::optional<std::string> root;
-        if (parser.isSet(home)) root = parser.value(home).toStdString();
-        return ombrin::desktop::Run(application, root);
+        return ombrin::desktop::Run(application, home);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "OmbrinExe: %s\n", error.what());
         QMessageBox::critical(nullptr, QStringLiteral("Ombrin"), QString::fromUtf8(error.what()));

@@ -56,18 +56,18 @@ void TakeSize(const std::string& text, PreviewOptions& preview) {
 int Run(int argc, char** argv) {
     Options options;
     CLI::App app{"How Ombrin looks. A client that is running shows a change at its next start.", "ombrin-skin"};
-    app.set_version_flag("--version", OMBRIN_VERSION);
-    app.add_option("--home", options.home, "the root of the client's places; made when missing")->type_name("DIR");
+    app.set_version_flag("--version", "ombrin-skin " OMBRIN_VERSION, "Print the version and exit");
+    app.add_option("--home", options.home, "Folder of the client's files; made when missing")->type_name("DIR");
     app.require_subcommand(0, 1);
     app.fallthrough();
-    const auto* list = app.add_subcommand("list", "the skins that are there; the one in use has a star");
-    auto* use = app.add_subcommand("use", "put a skin on");
-    const auto* remove = app.add_subcommand("remove", "back to the built-in look");
-    auto* preview = app.add_subcommand("preview", "the main view in a skin");
-    for (auto* command : {use, preview}) command->add_option("NAME", options.name, "as in the list")->required();
-    preview->add_option("--out", options.preview.out, "write a picture instead of opening a window")->type_name("FILE");
-    preview->add_option("--size", options.size, "of the view; 992x754 unless given")->type_name("WxH");
-    preview->add_option("--scale", options.preview.scale, "pixels of the screen for one of the view")
+    const auto* list = app.add_subcommand("list", "Name the skins that are there; the one in use has a star");
+    auto* use = app.add_subcommand("use", "Put a skin on");
+    const auto* remove = app.add_subcommand("remove", "Go back to the built-in look");
+    auto* preview = app.add_subcommand("preview", "Show the main view in a skin");
+    for (auto* command : {use, preview}) command->add_option("NAME", options.name, "As in the list")->required();
+    preview->add_option("--out", options.preview.out, "Write a picture instead of opening a window")->type_name("FILE");
+    preview->add_option("--size", options.size, "Of the view; 992x754 unless given")->type_name("WxH");
+    preview->add_option("--scale", options.preview.scale, "Pixels of the screen for one of the view")
         ->check(CLI::Range(kLeastScale, kLargestScale));
     try {
         app.parse(argc, argv);
