@@ -34,7 +34,7 @@ def run_inside():
     """Runs the test below on a display and a session bus of its own."""
     with tempfile.TemporaryDirectory(prefix="ombrin-") as scratch:
         ours, theirs = os.pipe()
-        display = subprocess.Popen(["Xvfb", "-displayfd", str(theirs), "-screen", "0", "1280x1024x24"],
+        display = subprocess.Popen(["Xvfb", "-displayfd", str(theirs), "-screen", "0", "1280x1024x24", "-noreset"],
                                    pass_fds=[theirs], stderr=subprocess.DEVNULL)
         os.close(theirs)
         try:

@@ -1,5 +1,6 @@
 // The desktop's tests run on no display, and keep nothing of the person who runs them.
 #include "hosts/desktop/look.h"
+#include "hosts/desktop/spoken.h"
 
 #include <QApplication>
 #include <QSettings>
@@ -30,6 +31,7 @@ int main(int argc, char** argv) {
     QSettings::setDefaultFormat(QSettings::IniFormat);
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
     ombrin::desktop::Look::Install(application, {});
+    ombrin::desktop::InstallSpoken();
     qInstallMessageHandler(Hear);
     return RUN_ALL_TESTS();
 }
