@@ -34,6 +34,8 @@ constexpr Row kRows[] = {
     {Own::OpenLink, "Open a link", "Link öffnen", "Ouvrir un lien"},
     {Own::OpenThisAddress, "Open this address in your browser?", "Diese Adresse im Browser öffnen?",
      "Ouvrir cette adresse dans votre navigateur ?"},
+    {Own::ChooseFile, "Choose a file", "Datei wählen", "Choisir un fichier"},
+    {Own::ChooseColour, "Choose a color", "Farbe wählen", "Choisir une couleur"},
     {Own::Ok, "OK", "OK", "OK"},
     {Own::Cancel, "Cancel", "Abbrechen", "Annuler"},
     {Own::Open, "&Open", "Ö&ffnen", "&Ouvrir"},

@@ -27,6 +27,8 @@ enum class Own {
     CannotBeSent,
     OpenLink,
     OpenThisAddress,
+    ChooseFile, ///< titles
+    ChooseColour,
     Ok,
     Cancel,
     Open,

@@ -73,12 +73,14 @@ QLineEdit:focus { border: 2px solid @focus; }
 QLineEdit:disabled, QComboBox:disabled { color: @off; background: @offPanel; border-color: @offEdge; }
 QLineEdit[refused="true"] { border: 2px solid @refused; }
 QDialog QLineEdit, QWidget#logon QLineEdit { color: @text; }
-QListView, QTableView, QTextBrowser { background: @panel; border: 1px solid @panelEdge; border-radius: 3px; outline: 0;
-                          selection-background-color: @chosen; selection-color: @chosenText; }
+QListView, QTableView, QTreeView, QTextBrowser {
+    background: @panel; border: 1px solid @panelEdge; border-radius: 3px; outline: 0;
+    selection-background-color: @chosen; selection-color: @chosenText; }
 QTextBrowser { font-family: "Courier New", "Liberation Mono", "DejaVu Sans Mono", monospace; }
 QListView:focus, QTableView:focus, QTextBrowser:focus { border: 1px solid @focus; }
 QListView::item, QTableView::item { padding: 1px 2px; border: 0; }
-QListView::item:selected, QTableView::item:selected { background: @chosen; color: @chosenText; }
+QListView::item:selected, QTableView::item:selected, QTreeView::item:selected {
+    background: @chosen; color: @chosenText; }
 QDialog QListView { color: @text; }
 QHeaderView::section { color: @dim; background: @head; border: 0; padding: 2px 4px; }
 QComboBox { color: @text; background: @panel; border: 1px solid @edge; border-radius: 3px;

@@ -172,6 +172,7 @@ public:
     FileWindow(FileChooserForm& form, Board& board, QWidget* parent) : FormWindow(form, board, parent) {
         auto* chooser = new QFileDialog(this);
         Embed(chooser, *this);
+        setWindowTitle(Say(Own::ChooseFile));
         chooser->setFileMode(QFileDialog::ExistingFile);
         if (!form.Pattern().empty()) chooser->setNameFilters({board.Text(form.Pattern()), QStringLiteral("*")});
         connect(chooser, &QFileDialog::fileSelected, this, [this](const QString& file) {
@@ -187,6 +188,7 @@ public:
     ColourWindow(ColourChooserForm& form, Board& board, QWidget* parent) : FormWindow(form, board, parent) {
         auto* chooser = new QColorDialog(ToColour(form.Start()), this);
         Embed(chooser, *this);
+        setWindowTitle(Say(Own::ChooseColour));
         connect(chooser, &QColorDialog::colorSelected, this, [this](const QColor& colour) {
             const Colour value = colour.red() | colour.green() << 8 | colour.blue() << 16;
             this->board.Input([value](UserInput& input) { return input.AnswerColour(value); });
@@ -254,7 +256,7 @@ void Windows::FormShown(Form& form) {
     if (window == nullptr) window = Make(form);
     if (window == nullptr) return;
     board.Frame();
-    window->setWindowTitle(board.Text(form.Caption()));
+    if (!form.Caption().empty()) window->setWindowTitle(board.Text(form.Caption()));
     window->setWindowModality(form.IsModal() ? Qt::ApplicationModal : Qt::NonModal);
     Place(form, *window);
     window->setAttribute(Qt::WA_ShowWithoutActivating, !MayTakeKeys(form));
