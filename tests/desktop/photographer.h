@@ -23,6 +23,7 @@ public:
 
     /// Every picture was saved, and every text in it can be read. What is not so was printed.
     bool IsContent() const { return complaints == 0; }
+    int TextsMeasured() const { return contrast.Measured(); }
 
 private:
     QPixmap TakesWindows();

@@ -1,5 +1,5 @@
 // ombrin-screenshots FOLDER LANGUAGE WIDTH HEIGHT [SKIN]: pictures of the main view and of every dialog, in one
-// language at one size, made from the real windows over a played server.
+// language at one size, made from the real windows over a played server. Fails where a text in them cannot be read.
 #include "desktop/photographer.h"
 #include "desktop/stage.h"
 #include "hosts/desktop/look.h"
@@ -363,7 +363,9 @@ int Run(QApplication& application, const QStringList& arguments) {
     TakeGame(stage, photographer);
     const Download download{stage};
     TakeUpdate(stage, photographer, download);
-    return stage.Run() && photographer.IsContent() && content ? 0 : 1;
+    const bool ran = stage.Run();
+    std::printf("%d texts measured\n", photographer.TextsMeasured());
+    return ran && photographer.IsContent() && content ? 0 : 1;
 }
 
 } // namespace
