@@ -4,7 +4,7 @@
 
 namespace ombrin {
 
-View::View(Alarms& alarms) : Container("GameLobby"), alarms(alarms) {
+View::View(Alarms& alarms) : Page("GameLobby"), alarms(alarms) {
     struct Row {
         Control& control;
         bool enabled, visible;

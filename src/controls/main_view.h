@@ -4,6 +4,7 @@
 #include "controls/flex_grid.h"
 #include "controls/list_models.h"
 #include "controls/menu.h"
+#include "controls/page.h"
 #include "controls/simple_models.h"
 #include "controls/timer.h"
 
@@ -11,24 +12,9 @@ namespace ombrin {
 
 /// Captions, limits and states as the view starts with them. What a control does is set by the area that owns it; one
 /// that nobody has taken on does nothing.
-class View : public Container {
+class View : public Page {
 public:
     explicit View(Alarms& alarms);
-
-    /// The one switch of the whole view: while it is off the view takes no input, and messages go on arriving.
-    bool Enabled() const { return enabled; }
-    void SetEnabled(bool on) { enabled = on && !disabledForGood; }
-    /// From here on nothing enables it again.
-    void DisableForGood() {
-        disabledForGood = true;
-        enabled = false;
-    }
-    bool IsDisabledForGood() const { return disabledForGood; }
-
-    /// Opens a pop-up menu; it closes with the next input.
-    void PopUp(Menu& menu) { openMenu = &menu; }
-    Menu* OpenMenu() const { return openMenu; }
-    void CloseMenu() { openMenu = nullptr; }
 
     /// A lobby row `<name> : <count>` is found by its name.
     static std::string_view LobbyKey(std::string_view text);
@@ -37,8 +23,6 @@ public:
 
 private:
     Alarms& alarms;
-    bool enabled = true, disabledForGood = false;
-    Menu* openMenu = nullptr;
 
 public:
     // Lists

@@ -2,8 +2,12 @@
 #pragma once
 
 #include "controls/boxes.h"
-#include "controls/main_view.h"
+#include "controls/flex_grid.h"
+#include "controls/list_models.h"
+#include "controls/menu.h"
 #include "controls/modal_stack.h"
+#include "controls/page.h"
+#include "controls/simple_models.h"
 
 #include <optional>
 #include <string>
@@ -13,11 +17,11 @@ namespace ombrin {
 /// Why an input was refused; nothing when it was taken. A refused input changes nothing.
 using Refusal = std::optional<std::string>;
 
-/// Input to a control that is hidden, disabled, behind a modal form, or on a view that is disabled or not shown yet is
+/// Input to a control that is hidden, disabled, behind a modal form, or on a page that is disabled or not shown yet is
 /// refused, as is a row that is not there. Handlers run inside these calls, and may wait.
 class UserInput {
 public:
-    UserInput(View& view, ModalStack& stack) : view(view), stack(stack) {}
+    UserInput(Page& view, ModalStack& stack) : view(view), stack(stack) {}
 
     static constexpr int kLeft = 1, kRight = 2;      ///< mouse buttons
     static constexpr int kNoShift = 0, kControl = 2; ///< shift states
@@ -58,7 +62,7 @@ private:
     Refusal SelectRow(Control& list, long row, bool on);
     void MouseUp(Control& list, int button);
 
-    View& view;
+    Page& view; ///< what the control shows behind the forms
     ModalStack& stack;
     bool viewShown = false;
 };

@@ -172,8 +172,23 @@ void GameLobby::SetUserName(std::string_view name) {
     Properties.Set("UserName", std::string(name));
 }
 
-void GameLobby::SendData(std::string_view Data) {
-    trap(__func__, [&] { link.SendData(Data); });
+void GameLobby::UserControl_ReadProperties(const StoredProperties::Bag& bag) {
+    Properties.ReadProperties(bag);
+    if (bag.contains("UserName")) session.UserName = std::get<std::string>(*Properties.Get("UserName"));
+}
+
+/// The two descriptions are there with the objects that make them.
+directplay::LobbyConnection* GameLobby::objDPLobbyConnection() {
+    return objDPLobby() == nullptr ? nullptr : &areas->directPlay.objDPLobbyConnection;
+}
+
+directplay::SessionData* GameLobby::objDPSessionData() {
+    return objDP4() == nullptr ? nullptr : &areas->directPlay.objDPSessionData;
+}
+
+bool GameLobby::SendData(std::string_view Data) {
+    const bool connected = link.IsConnected();
+    return trap(__func__, [&] { link.SendData(Data); }) && connected;
 }
 
 void GameLobby::Winsock_Connect() {

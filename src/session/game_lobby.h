@@ -17,8 +17,10 @@
 #include "platform/pings.h"
 #include "platform/processes.h"
 #include "platform/registry.h"
+#include "platform/user_registry.h"
 #include "platform/waiter.h"
 #include "session/areas.h"
+#include "session/control_events.h"
 #include "session/stored_properties.h"
 #include "ui/layout.h"
 #include "ui/skins.h"
@@ -94,40 +96,65 @@ public:
 
     /// The host must end. Raised from inside a routine that still finishes its steps; the handler only notes it.
     std::function<void()> CloseClient;
+    ControlEvents Events; ///< never raised
 
+    /// What a container has stored, before the control is shown. `UserData` is given to UserControl_Show.
+    void UserControl_ReadProperties(const StoredProperties::Bag& bag);
+    void UserControl_WriteProperties(StoredProperties::Bag& bag) const { Properties.WriteProperties(bag); }
     /// Starts the session and waits in it as long as dialogs are open: with a record `<user>;<lobby>;<host>;<port>`
     /// from an embedding container, else in stand-alone mode. Raises ProgramEnding when the program ends meanwhile.
     void UserControl_Show(std::optional<std::string> userData);
     /// The end of the control; no event reaches it afterwards.
     void UserControl_Terminate();
 
-    // The public surface
+    // The public surface, in the order of the interface
+    std::string Test; ///< of no use here
+    std::string& m_DPGameList() { return areas->directPlay.m_DPGameList; }
+    directplay::DirectX7* objDX() { return areas->directPlay.objDX.get(); } ///< nullptr until InitDirectX, as below
+    directplay::DirectPlay4* objDP4() { return areas->directPlay.objDP4.get(); }
+    directplay::DirectPlayLobby3* objDPLobby() { return areas->directPlay.objDPLobby.get(); }
+    directplay::Enumeration* objDPEnumServProv() { return areas->directPlay.objDPEnumServProv.get(); }
+    directplay::Enumeration* objDPEnumLocApps() { return areas->directPlay.objDPEnumLocApps.get(); }
+    directplay::LobbyConnection* objDPLobbyConnection();
+    directplay::SessionData* objDPSessionData();
+    void Configure_Click() { areas->configuration.Configure_Click(); }
+    void DisplayPMDialog() { areas->pm.DisplayPMDialog(); }
+    /// The stored properties; the setter of each reports its change there.
+    StoredProperties Properties{StoredProperties::Bag{{"UserName", std::string("0")}}};
+    void Refresh() {}
     std::string SetAXParams(std::string_view pUserName);
     const std::string& UserName() const { return session.UserName; }
     void SetUserName(std::string_view name);
-    /// The stored properties; the setter of each reports its change there.
-    StoredProperties Properties;
-    void Refresh() {}
+    void Buddies_Click() {}
+    bool IsSocketConnected() { return areas->keepAlive.IsSocketConnected(); }
     void SetGameLobby(std::string_view Buf) { areas->lobbies.SetGameLobby(Buf); }
     void DisplayMainLobby(std::string_view Buf) { areas->lobbies.DisplayMainLobby(Buf); }
     void AccountCreated(std::string_view Buf) { areas->logon.AccountCreated(Buf); }
     void DisplayLogonBanner() { areas->logon.DisplayLogonBanner(); }
     void DisplayCreateAccount(bool ShowLogon) { areas->logon.DisplayCreateAccount(ShowLogon); }
     void ProcessLogonBanner() { areas->logon.ProcessLogonBanner(); }
-    void SendData(std::string_view Data);
-    const std::string& m_DPGameList() const { return areas->directPlay.m_DPGameList; }
+    /// The game that the dialog for it edits, and the applications that it offers.
+    std::string& ConfiguredGame() { return session.ConfiguredGame; }
+    std::string& DPGameList() { return dialogs.ConfigureGame.DPGameList; }
     void InitDirectX() { areas->directPlay.InitDirectX(); }
     void EnumDPLocApps() { areas->directPlay.EnumDPLocApps(); }
     void LaunchDPGame(std::string_view LaunchIP) { areas->directPlay.LaunchDPGame(LaunchIP); }
-    void Configure_Click() { areas->configuration.Configure_Click(); }
     void CheckAutoStart() { areas->autoStart.CheckAutoStart(); }
+    /// False when the text could not be sent, of which the user has been told.
+    bool SendData(std::string_view Data);
     void ProcessRoomPassword() { areas->rooms.ProcessRoomPassword(); }
-    void DisplayPMDialog() { areas->pm.DisplayPMDialog(); }
-    void btnAddBuddy_Click() { areas->buddies.btnAddBuddy_Click(); }
-    void btnRemoveBuddy_Click() { areas->buddies.btnRemoveBuddy_Click(); }
-    bool IsSocketConnected() { return areas->keepAlive.IsSocketConnected(); }
+    /// The key's path stands for its handle.
+    std::int32_t SetValueEx(std::string_view hKey, std::string_view sValueName, std::int32_t lType,
+                            const RegistryValue& vValue) {
+        return ombrin::SetValueEx(platform.registry, hKey, sValueName, lType, vValue);
+    }
+    std::int32_t QueryValueEx(std::string_view lhKey, std::string_view szValueName, RegistryValue& vValue) {
+        return ombrin::QueryValueEx(platform.registry, lhKey, szValueName, vValue);
+    }
     /// Ends the connection and logs on anew: the only way back from a lost one. Waits in dialogs, as Show does.
     void CloseSocket() { areas->keepAlive.CloseSocket(); }
+    void btnAddBuddy_Click() { areas->buddies.btnAddBuddy_Click(); }
+    void btnRemoveBuddy_Click() { areas->buddies.btnRemoveBuddy_Click(); }
 
     /// Not part of this control, but of the same library; it does not outlive it.
     clsDirectPlay DirectPlayForHost() { return {platform.directPlay, session, trap}; }

@@ -3,15 +3,15 @@
 namespace ombrin {
 
 void StoredProperties::InitProperties(const std::string& ambientFont) {
-    values = {
+    values = own;
+    values.insert({
         {"BackColor", 0},
         {"ForeColor", 0},
         {"Enabled", false},
         {"Font", ambientFont},
         {"BackStyle", 0},
         {"BorderStyle", 0},
-        {"UserName", std::string("0")},
-    };
+    });
 }
 
 void StoredProperties::ReadProperties(const Bag& bag) {

@@ -1,4 +1,4 @@
-// The properties that a container stores for the control. They change nothing that the client does.
+// The properties that a container stores for a control. They change nothing that the client does.
 #pragma once
 
 #include <cstdint>
@@ -6,6 +6,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 
 namespace ombrin {
@@ -15,7 +16,8 @@ public:
     using Value = std::variant<std::int32_t, bool, std::string>; ///< colours and styles, a switch, the name of a font
     using Bag = std::map<std::string, Value, std::less<>>;
 
-    StoredProperties() { InitProperties(""); }
+    /// Colours, styles, `Enabled` and `Font` are every control's; `own` are those of this one, as they are at first.
+    explicit StoredProperties(Bag own) : own(std::move(own)) { InitProperties(""); }
 
     /// Hears the name of each property that a setter has changed.
     std::function<void(std::string_view name)> PropertyChanged;
@@ -32,7 +34,7 @@ public:
     bool Set(std::string_view name, Value value);
 
 private:
-    Bag values;
+    Bag own, values;
 };
 
 } // namespace ombrin

@@ -8,8 +8,9 @@ import os
 import sys
 import time
 
-import launch_cases     # noqa: F401, as each of them adds to the list
-import lobby_cases      # noqa: F401, as each of them adds to the list
+import host_cases       # noqa: F401, as each of them adds to the list
+import launch_cases     # noqa: F401
+import lobby_cases      # noqa: F401
 import position_cases   # noqa: F401
 import room_cases       # noqa: F401
 import update_cases     # noqa: F401

@@ -438,7 +438,7 @@ TEST_F(Session, StoredPropertiesReportTheirChangesAndSurviveABag) {
     EXPECT_FALSE(client.Properties.Set("BackColor", std::string("red")));
     EXPECT_FALSE(client.Properties.Set("Nothing", 1));
     EXPECT_EQ(changed, (std::vector<std::string>{"UserName", "BackColor"}));
-    StoredProperties other;
+    StoredProperties other({});
     client.Properties.WriteProperties(bag);
     bag["Enabled"] = 7; // of another kind
     other.ReadProperties(bag);

@@ -85,6 +85,7 @@ struct Commands::Table {
     static Control* ControlNamed(Commands& c, const std::string& name) {
         const std::size_t point = name.find('.');
         if (point == std::string::npos) return c.client.MainView().Find(name);
+        if (name.substr(0, point) == c.entry.MainView().Name()) return c.entry.MainView().Find(name.substr(point + 1));
         const Form* form = FormNamed(c, name.substr(0, point));
         return form == nullptr ? nullptr : form->Find(name.substr(point + 1));
     }
@@ -95,6 +96,11 @@ struct Commands::Table {
         return *control;
     }
 
+    /// The door of the control that it belongs to.
+    static UserInput& Door(Commands& c, const Control& control) {
+        return &control.Parent() == &c.entry.MainView() ? c.entry.Input() : c.client.Input();
+    }
+
     template <class Kind>
     static Kind& AtKind(Commands& c, A a, const char* what) {
         auto* control = dynamic_cast<Kind*>(&At(c, a));
@@ -103,18 +109,29 @@ struct Commands::Table {
     }
 
     static Json Show(Commands& c, A a) {
-        if (a.Has("control")) throw Refused{"no such control"};
-        std::optional<std::string> userData;
-        if (a.Has("userData")) userData = a.Text("userData");
-        if (c.shown) throw Refused{"shown already"};
-        c.shown = true;
-        c.client.UserControl_Show(userData);
+        const std::string control = a.Has("control") ? a.Text("control") : "GameLobby";
+        if (control != "GameLobby" && control != "MainLobby") throw Refused{"no such control"};
+        const auto given = [&](const char* field) {
+            return a.Has(field) ? std::optional(a.Text(field)) : std::nullopt;
+        };
+        const auto userData = given("userData"), ipAddress = given("ipAddress");
+        if (control == "MainLobby" ? userData.has_value() : ipAddress.has_value())
+            throw Refused{"this control has no such property"};
+        if (c.shown != Shown::Nothing) throw Refused{"shown already"};
+        if (control == "MainLobby") {
+            c.shown = Shown::MainLobby;
+            c.entry.UserControl_ReadProperties({{"IPAddress", ipAddress.value_or("")}});
+            c.entry.UserControl_Show();
+        } else {
+            c.shown = Shown::GameLobby;
+            c.client.UserControl_Show(userData);
+        }
         return {};
     }
 
     static Json Click(Commands& c, A a) {
         Control& control = At(c, a);
-        if (!a.Has("row")) return Check(c.client.Input().Click(control)), Json{};
+        if (!a.Has("row")) return Check(Door(c, control).Click(control)), Json{};
         auto& grid = AtKind<FlexGrid>(c, a, "grid");
         const long row = a.Number("row"), column = a.Number("column", 0);
         if (row < 0 || row >= grid.Rows() || column < 0 || column >= FlexGrid::kColumns) throw Refused{"no such cell"};
@@ -123,17 +140,20 @@ struct Commands::Table {
     }
 
     static Json Select(Commands& c, A a) {
-        Check(c.client.Input().Select(At(c, a), a.Number("row"), !a.Has("on") || a.Truth("on")));
+        Control& list = At(c, a);
+        Check(Door(c, list).Select(list, a.Number("row"), !a.Has("on") || a.Truth("on")));
         return {};
     }
 
     static Json DoubleClick(Commands& c, A a) {
-        Check(c.client.Input().DoubleClick(At(c, a), a.Number("row")));
+        Control& list = At(c, a);
+        Check(Door(c, list).DoubleClick(list, a.Number("row")));
         return {};
     }
 
     static Json RightClick(Commands& c, A a) {
-        Check(c.client.Input().RightClick(At(c, a), a.Number("row")));
+        Control& list = At(c, a);
+        Check(Door(c, list).RightClick(list, a.Number("row")));
         return {};
     }
 
@@ -156,7 +176,7 @@ struct Commands::Table {
         // A handler that waits has set the key by then, and the reply says what it was set to.
         const auto pressed = std::make_shared<int>(static_cast<int>(key)); // commands under its wait have their own
         c.key = pressed;
-        Check(c.client.Input().Key(control, *pressed, static_cast<int>(shift)));
+        Check(Door(c, control).Key(control, *pressed, static_cast<int>(shift)));
         return {{"swallowed", *pressed == 0}};
     }
 
@@ -196,7 +216,7 @@ struct Commands::Table {
         const std::string at = a.Text("at");
         if (const Control* control = ControlNamed(c, at)) {
             const Container* front = c.client.Stack().Active();
-            if (front == nullptr) front = &c.client.MainView();
+            if (front == nullptr) front = Page(c);
             return Json::parse(Describe(*control, &control->Parent() == front, c.page));
         }
         const Form* form = FormNamed(c, at);
@@ -204,7 +224,19 @@ struct Commands::Table {
         return Json::parse(Describe(*form, c.page));
     }
 
-    static Json Fields(Commands& c, A) { return Json::parse(DescribeMarks(c.client, c.page)); }
+    static const Container* Page(Commands& c) {
+        if (c.shown == Shown::MainLobby) return &c.entry.MainView();
+        return &c.client.MainView();
+    }
+
+    static Json Fields(Commands& c, A) {
+        Json fields = Json::parse(DescribeMarks(c.client, c.page));
+        if (c.shown == Shown::MainLobby) {
+            fields["m_GameLobby"] = c.page.ToUtf8(c.entry.m_GameLobby);
+            fields["connected"] = c.entry.IsConnected();
+        }
+        return fields;
+    }
 
     static Json Forms(Commands& c, A) {
         Json names = Json::array();
@@ -248,7 +280,7 @@ struct Commands::Table {
     static Json Call(Commands& c, A a) {
         const std::string on = a.Has("on") ? a.Text("on") : std::string();
         if (!on.empty() && on != "clsDirectPlay") throw Refused{"no such class"};
-        if (!c.shown) throw Refused{"nothing is shown"};
+        if (c.shown == Shown::Nothing) throw Refused{"nothing is shown"};
         std::vector<Value> arguments;
         if (a.Has("args")) {
             if (!a.Field("args").is_array()) throw Refused{"\"args\" is no list"};
@@ -266,12 +298,19 @@ struct Commands::Table {
             }
         }
         std::string why;
-        const auto result = CallMember(c.client, on, a.Text("member"), arguments, why);
-        if (!result) throw Refused{why};
-        if (result->kind == Value::Kind::Text) return {{"value", c.page.ToUtf8(result->text)}};
-        if (result->kind == Value::Kind::Number) return {{"value", result->number}};
-        if (result->kind == Value::Kind::Truth) return {{"value", result->truth}};
-        return {};
+        const std::string member = a.Text("member");
+        const auto answer = !on.empty()                   ? CallMember(c.directPlay, member, arguments, why)
+                            : c.shown == Shown::MainLobby ? CallMember(c.entry, member, arguments, why)
+                                                          : CallMember(c.client, member, arguments, why);
+        if (!answer) throw Refused{why};
+        Json reply = Json::object();
+        const std::pair<const char*, const Value&> kParts[] = {{"value", answer->value}, {"vValue", answer->vValue}};
+        for (const auto& [name, value] : kParts) {
+            if (value.kind == Value::Kind::Text) reply[name] = c.page.ToUtf8(value.text);
+            if (value.kind == Value::Kind::Number) reply[name] = value.number;
+            if (value.kind == Value::Kind::Truth) reply[name] = value.truth;
+        }
+        return reply;
     }
 
     static Json Advance(Commands& c, A a) {

@@ -11,6 +11,7 @@
 #include "platform/recording/recording_pings.h"
 #include "platform/recording/recording_processes.h"
 #include "session/game_lobby.h"
+#include "session/main_lobby.h"
 
 #include <memory>
 #include <string>
@@ -30,8 +31,8 @@ struct World {
 
 class Commands : public CommandRunner {
 public:
-    Commands(GameLobby& client, ConsoleLoop& loop, World world, const CodePage& page)
-        : client(client), loop(loop), world(world), page(page) {}
+    Commands(GameLobby& client, MainLobby& entry, ConsoleLoop& loop, World world, const CodePage& page)
+        : client(client), entry(entry), directPlay(client.DirectPlayForHost()), loop(loop), world(world), page(page) {}
 
     std::string Run(const std::string& line) override;
     std::string ReplyWhileWaiting() override;
@@ -43,12 +44,14 @@ private:
     friend struct Table;
 
     GameLobby& client;
+    MainLobby& entry;
+    clsDirectPlay directPlay;
     ConsoleLoop& loop;
     World world;
     const CodePage& page;
     std::string current;      ///< name of the command that runs
     std::shared_ptr<int> key; ///< where it is a key press: the key, 0 once it was swallowed
-    bool shown = false;
+    enum class Shown { Nothing, GameLobby, MainLobby } shown = Shown::Nothing;
 };
 
 } // namespace ombrin::console

@@ -138,8 +138,9 @@ int Run(const Options& options) {
     client.CloseClient = [&] { journal({"CloseClient", {}}); };
     Teller teller(loop, page);
     client.Stack().SetObserver(&teller);
+    MainLobby entry(network, client.Stack(), client.Trace());
     Commands commands(
-        client, loop,
+        client, entry, loop,
         {network, recordedOpener, recordedPings, recordedProcesses, recordedComponents, disks, directPlay}, page);
     loop.Attach(commands, client.Stack());
 

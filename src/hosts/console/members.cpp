@@ -1,5 +1,8 @@
 #include "hosts/console/members.h"
 
+#include "session/public_surface.h"
+
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -10,95 +13,207 @@ namespace {
 using Arguments = std::vector<Value>;
 using Kind = Value::Kind;
 
-struct Member {
+Answer Nothing() { return {}; }
+Answer TextValue(std::string text) { return {{Kind::Text, std::move(text), 0, false}, {}}; }
+Answer NumberValue(long number) { return {{Kind::Number, "", number, false}, {}}; }
+Answer TruthValue(bool truth) { return {{Kind::Truth, "", 0, truth}, {}}; }
+
+std::string AsText(const Value& value) {
+    if (value.kind == Kind::Number) return std::to_string(value.number);
+    return value.kind == Kind::Truth ? (value.truth ? "True" : "False") : value.text;
+}
+
+RegistryValue AsRegistryValue(const Value& value) {
+    if (value.kind == Kind::Number && value.number >= INT32_MIN && value.number <= INT32_MAX)
+        return static_cast<std::int32_t>(value.number);
+    return AsText(value);
+}
+
+/// A text is read without an argument, and set with one.
+Answer Field(std::string& field, const Arguments& a) {
+    if (a.empty()) return TextValue(field);
+    field = a[0].text;
+    return Nothing();
+}
+
+Answer Object(const void* object, const char* className) {
+    return object == nullptr ? Nothing() : TextValue(className);
+}
+
+Answer QueryValueEx(GameLobby& control, const Arguments& a) {
+    RegistryValue held;
+    Answer answer = NumberValue(control.QueryValueEx(a[0].text, a[1].text, held));
+    if (const auto* text = std::get_if<std::string>(&held)) answer.vValue = {Kind::Text, *text, 0, false};
+    if (const auto* number = std::get_if<std::int32_t>(&held)) answer.vValue = {Kind::Number, "", *number, false};
+    return answer;
+}
+
+template <class Target>
+struct Row {
     std::string_view name;
-    std::string_view takes; ///< a letter an argument: t text, b truth
-    Value (*call)(GameLobby& client, const Arguments& arguments);
-    std::string_view on = {}; ///< a class beside the control
+    Answer (*call)(Target& target, const Arguments& arguments) = nullptr; ///< none for a stored property
 };
 
-Value Nothing() { return {}; }
-Value TextValue(std::string text) { return {Kind::Text, std::move(text), 0, false}; }
-
-Value TruthValue(bool truth) { return {Kind::Truth, "", 0, truth}; }
-
-constexpr std::array kMembers{
-    Member{"Refresh", "", [](GameLobby& c, const Arguments&) { return c.Refresh(), Nothing(); }},
-    Member{"SetAXParams", "t", [](GameLobby& c, const Arguments& a) { return TextValue(c.SetAXParams(a[0].text)); }},
-    Member{"UserName", "", [](GameLobby& c, const Arguments&) { return TextValue(c.UserName()); }},
-    Member{"UserName", "t", [](GameLobby& c, const Arguments& a) { return c.SetUserName(a[0].text), Nothing(); }},
-    Member{"SetGameLobby", "t", [](GameLobby& c, const Arguments& a) { return c.SetGameLobby(a[0].text), Nothing(); }},
-    Member{"DisplayMainLobby", "t",
-           [](GameLobby& c, const Arguments& a) { return c.DisplayMainLobby(a[0].text), Nothing(); }},
-    Member{"AccountCreated", "t",
-           [](GameLobby& c, const Arguments& a) { return c.AccountCreated(a[0].text), Nothing(); }},
-    Member{"DisplayLogonBanner", "", [](GameLobby& c, const Arguments&) { return c.DisplayLogonBanner(), Nothing(); }},
-    Member{"DisplayCreateAccount", "b",
-           [](GameLobby& c, const Arguments& a) { return c.DisplayCreateAccount(a[0].truth), Nothing(); }},
-    Member{"ProcessLogonBanner", "", [](GameLobby& c, const Arguments&) { return c.ProcessLogonBanner(), Nothing(); }},
-    Member{"m_DPGameList", "", [](GameLobby& c, const Arguments&) { return TextValue(c.m_DPGameList()); }},
-    Member{"InitDirectX", "", [](GameLobby& c, const Arguments&) { return c.InitDirectX(), Nothing(); }},
-    Member{"EnumDPLocApps", "", [](GameLobby& c, const Arguments&) { return c.EnumDPLocApps(), Nothing(); }},
-    Member{"LaunchDPGame", "t", [](GameLobby& c, const Arguments& a) { return c.LaunchDPGame(a[0].text), Nothing(); }},
-    Member{"GetDirectPlay8Games", "",
-           [](GameLobby& c, const Arguments&) { return c.DirectPlayForHost().GetDirectPlay8Games(), Nothing(); },
-           "clsDirectPlay"},
-    Member{"LaunchDP8Game", "",
-           [](GameLobby& c, const Arguments&) { return c.DirectPlayForHost().LaunchDP8Game(), Nothing(); },
-           "clsDirectPlay"},
-    Member{"Configure_Click", "", [](GameLobby& c, const Arguments&) { return c.Configure_Click(), Nothing(); }},
-    Member{"CheckAutoStart", "", [](GameLobby& c, const Arguments&) { return c.CheckAutoStart(), Nothing(); }},
-    Member{"ProcessRoomPassword", "",
-           [](GameLobby& c, const Arguments&) { return c.ProcessRoomPassword(), Nothing(); }},
-    Member{"DisplayPMDialog", "", [](GameLobby& c, const Arguments&) { return c.DisplayPMDialog(), Nothing(); }},
-    Member{"btnAddBuddy_Click", "", [](GameLobby& c, const Arguments&) { return c.btnAddBuddy_Click(), Nothing(); }},
-    Member{"btnRemoveBuddy_Click", "",
-           [](GameLobby& c, const Arguments&) { return c.btnRemoveBuddy_Click(), Nothing(); }},
-    Member{"IsSocketConnected", "", [](GameLobby& c, const Arguments&) { return TruthValue(c.IsSocketConnected()); }},
-    Member{"CloseSocket", "", [](GameLobby& c, const Arguments&) { return c.CloseSocket(), Nothing(); }},
-    Member{"SendData", "t", [](GameLobby& c, const Arguments& a) { return c.SendData(a[0].text), Nothing(); }},
+using Entry = Row<MainLobby>;
+constexpr std::array kEntryRows{
+    Entry{"m_GameLobby", [](MainLobby& m, const Arguments& a) { return Field(m.m_GameLobby, a); }},
+    Entry{"BackColor"},
+    Entry{"ForeColor"},
+    Entry{"Enabled"},
+    Entry{"Font"},
+    Entry{"BackStyle"},
+    Entry{"BorderStyle"},
+    Entry{"Refresh", [](MainLobby& m, const Arguments&) { return m.Refresh(), Nothing(); }},
+    Entry{"BytesReceived"},
+    Entry{"Connect", [](MainLobby& m, const Arguments&) { return m.Connect(), Nothing(); }},
+    Entry{"SendData", [](MainLobby& m, const Arguments& a) { return m.SendData(AsText(a[0])), Nothing(); }},
 };
 
-bool Fits(const Member& member, const Arguments& arguments) {
-    if (member.takes.size() != arguments.size()) return false;
-    for (std::size_t i = 0; i < arguments.size(); ++i)
-        if (arguments[i].kind != (member.takes[i] == 't' ? Kind::Text : Kind::Truth)) return false;
-    return true;
+using Main = Row<GameLobby>;
+constexpr std::array kMainRows{
+    Main{"Test", [](GameLobby& c, const Arguments& a) { return Field(c.Test, a); }},
+    Main{"m_DPGameList", [](GameLobby& c, const Arguments& a) { return Field(c.m_DPGameList(), a); }},
+    Main{"objDX", [](GameLobby& c, const Arguments&) { return Object(c.objDX(), "DirectX7"); }},
+    Main{"objDP4", [](GameLobby& c, const Arguments&) { return Object(c.objDP4(), "DirectPlay4"); }},
+    Main{"objDPLobby", [](GameLobby& c, const Arguments&) { return Object(c.objDPLobby(), "DirectPlayLobby3"); }},
+    Main{"objDPEnumServProv",
+         [](GameLobby& c, const Arguments&) { return Object(c.objDPEnumServProv(), "DirectPlayEnumConnections"); }},
+    Main{"objDPEnumLocApps",
+         [](GameLobby& c, const Arguments&) { return Object(c.objDPEnumLocApps(), "DirectPlayEnumLocalApps"); }},
+    Main{"objDPLobbyConnection",
+         [](GameLobby& c, const Arguments&) { return Object(c.objDPLobbyConnection(), "DirectPlayLobbyConnection"); }},
+    Main{"objDPSessionData",
+         [](GameLobby& c, const Arguments&) { return Object(c.objDPSessionData(), "DirectPlaySessionData"); }},
+    Main{"Configure_Click", [](GameLobby& c, const Arguments&) { return c.Configure_Click(), Nothing(); }},
+    Main{"DisplayPMDialog", [](GameLobby& c, const Arguments&) { return c.DisplayPMDialog(), Nothing(); }},
+    Main{"BackColor"},
+    Main{"ForeColor"},
+    Main{"Enabled"},
+    Main{"Font"},
+    Main{"BackStyle"},
+    Main{"BorderStyle"},
+    Main{"Refresh", [](GameLobby& c, const Arguments&) { return c.Refresh(), Nothing(); }},
+    Main{"SetAXParams", [](GameLobby& c, const Arguments& a) { return TextValue(c.SetAXParams(a[0].text)); }},
+    Main{"UserName",
+         [](GameLobby& c, const Arguments& a) {
+             return a.empty() ? TextValue(c.UserName()) : (c.SetUserName(a[0].text), Nothing());
+         }},
+    Main{"Buddies_Click", [](GameLobby& c, const Arguments&) { return c.Buddies_Click(), Nothing(); }},
+    Main{"IsSocketConnected", [](GameLobby& c, const Arguments&) { return TruthValue(c.IsSocketConnected()); }},
+    Main{"SetGameLobby", [](GameLobby& c, const Arguments& a) { return c.SetGameLobby(AsText(a[0])), Nothing(); }},
+    Main{"DisplayMainLobby",
+         [](GameLobby& c, const Arguments& a) { return c.DisplayMainLobby(AsText(a[0])), Nothing(); }},
+    Main{"AccountCreated", [](GameLobby& c, const Arguments& a) { return c.AccountCreated(AsText(a[0])), Nothing(); }},
+    Main{"DisplayLogonBanner", [](GameLobby& c, const Arguments&) { return c.DisplayLogonBanner(), Nothing(); }},
+    Main{"DisplayCreateAccount",
+         [](GameLobby& c, const Arguments& a) { return c.DisplayCreateAccount(a[0].truth), Nothing(); }},
+    Main{"ProcessLogonBanner", [](GameLobby& c, const Arguments&) { return c.ProcessLogonBanner(), Nothing(); }},
+    Main{"ConfiguredGame", [](GameLobby& c, const Arguments& a) { return Field(c.ConfiguredGame(), a); }},
+    Main{"DPGameList", [](GameLobby& c, const Arguments& a) { return Field(c.DPGameList(), a); }},
+    Main{"InitDirectX", [](GameLobby& c, const Arguments&) { return c.InitDirectX(), Nothing(); }},
+    Main{"EnumDPLocApps", [](GameLobby& c, const Arguments&) { return c.EnumDPLocApps(), Nothing(); }},
+    Main{"LaunchDPGame", [](GameLobby& c, const Arguments& a) { return c.LaunchDPGame(AsText(a[0])), Nothing(); }},
+    Main{"CheckAutoStart", [](GameLobby& c, const Arguments&) { return c.CheckAutoStart(), Nothing(); }},
+    Main{"SendData", [](GameLobby& c, const Arguments& a) { return TruthValue(c.SendData(a[0].text)); }},
+    Main{"ProcessRoomPassword", [](GameLobby& c, const Arguments&) { return c.ProcessRoomPassword(), Nothing(); }},
+    Main{"SetValueEx",
+         [](GameLobby& c, const Arguments& a) {
+             return NumberValue(
+                 c.SetValueEx(a[0].text, a[1].text, static_cast<std::int32_t>(a[2].number), AsRegistryValue(a[3])));
+         }},
+    Main{"QueryValueEx", QueryValueEx},
+    Main{"CloseSocket", [](GameLobby& c, const Arguments&) { return c.CloseSocket(), Nothing(); }},
+    Main{"btnAddBuddy_Click", [](GameLobby& c, const Arguments&) { return c.btnAddBuddy_Click(), Nothing(); }},
+    Main{"btnRemoveBuddy_Click", [](GameLobby& c, const Arguments&) { return c.btnRemoveBuddy_Click(), Nothing(); }},
+};
+
+using Play = Row<clsDirectPlay>;
+constexpr std::array kPlayRows{
+    Play{"dx8", [](clsDirectPlay& d, const Arguments&) { return Object(d.dx8.get(), "DirectX8"); }},
+    Play{"DP8LobbyClient",
+         [](clsDirectPlay& d, const Arguments&) { return Object(d.DP8LobbyClient.get(), "DirectPlay8LobbyClient"); }},
+    Play{"GetDirectPlay8Games", [](clsDirectPlay& d, const Arguments&) { return d.GetDirectPlay8Games(), Nothing(); }},
+    Play{"LaunchDP8Game", [](clsDirectPlay& d, const Arguments&) { return d.LaunchDP8Game(), Nothing(); }},
+};
+
+/// Every member of the interface has its row here, in the same order.
+template <class Rows, class Members>
+constexpr bool SameMembers(const Rows& rows, const Members& members) {
+    return std::equal(rows.begin(), rows.end(), members.begin(), members.end(), [](const auto& row, const auto& other) {
+        return row.name == other.name && (row.call == nullptr) == (other.kind == MemberKind::Stored);
+    });
+}
+static_assert(SameMembers(kEntryRows, kMainLobbyMembers));
+static_assert(SameMembers(kMainRows, kGameLobbyMembers));
+static_assert(SameMembers(kPlayRows, kClsDirectPlayMembers));
+
+bool Fits(char letter, const Value& value) {
+    switch (letter) {
+    case 't':
+        return value.kind == Kind::Text;
+    case 'b':
+        return value.kind == Kind::Truth;
+    case 'n':
+        return value.kind == Kind::Number && value.number >= INT32_MIN && value.number <= INT32_MAX;
+    default:
+        return value.kind != Kind::None;
+    }
+}
+
+bool Fits(const PublicMember& member, const Arguments& arguments) {
+    const bool isText = member.kind == MemberKind::Text;
+    const std::string_view takes = isText ? "t" : member.takes;
+    const std::size_t leavable = isText ? 1 : member.leavable;
+    return arguments.size() <= takes.size() && arguments.size() + leavable >= takes.size() &&
+           std::equal(arguments.begin(), arguments.end(), takes.begin(),
+                      [](const Value& value, char letter) { return Fits(letter, value); });
 }
 
 /// A stored property is read without an argument, and set with one of its own kind.
-std::optional<Value> CallProperty(StoredProperties& properties, std::string_view name, const Arguments& arguments,
-                                  std::string& why) {
+std::optional<Answer> CallProperty(StoredProperties& properties, std::string_view name, const Arguments& arguments) {
     const StoredProperties::Value* held = properties.Get(name);
     if (held == nullptr) return std::nullopt;
     if (arguments.empty()) {
-        if (const auto* number = std::get_if<std::int32_t>(held)) return Value{Kind::Number, "", *number, false};
-        if (const auto* truth = std::get_if<bool>(held)) return Value{Kind::Truth, "", 0, *truth};
+        if (const auto* number = std::get_if<std::int32_t>(held)) return NumberValue(*number);
+        if (const auto* truth = std::get_if<bool>(held)) return TruthValue(*truth);
         return TextValue(std::get<std::string>(*held));
     }
     const Value& given = arguments.front();
     StoredProperties::Value value = given.text;
     if (given.kind == Kind::Number) value = static_cast<std::int32_t>(given.number);
     if (given.kind == Kind::Truth) value = given.truth;
-    if (arguments.size() == 1 && given.number >= INT32_MIN && given.number <= INT32_MAX &&
-        properties.Set(name, std::move(value)))
-        return Nothing();
-    why = "these are not its arguments";
-    return std::nullopt;
+    const bool fits = arguments.size() == 1 && given.number >= INT32_MIN && given.number <= INT32_MAX;
+    if (!fits || !properties.Set(name, std::move(value))) return std::nullopt;
+    return Nothing();
+}
+
+template <class Target, class Rows, class Members>
+std::optional<Answer> Call(Target& target, const Rows& rows, const Members& members, std::string_view name,
+                           const Arguments& arguments, std::string& why) {
+    const auto member = std::find_if(members.begin(), members.end(), [&](const auto& m) { return m.name == name; });
+    why = member == members.end() ? "no such member" : "these are not its arguments";
+    if (member == members.end()) return std::nullopt;
+    if constexpr (requires { target.Properties; })
+        if (member->kind == MemberKind::Stored) return CallProperty(target.Properties, name, arguments);
+    if (!Fits(*member, arguments)) return std::nullopt;
+    return rows[static_cast<std::size_t>(member - members.begin())].call(target, arguments);
 }
 
 } // namespace
 
-std::optional<Value> CallMember(GameLobby& client, std::string_view on, std::string_view member,
-                                const std::vector<Value>& arguments, std::string& why) {
-    why = "no such member";
-    for (const Member& row : kMembers) {
-        if (row.name != member || row.on != on) continue;
-        if (Fits(row, arguments)) return row.call(client, arguments);
-        why = "these are not its arguments";
-    }
-    if (!on.empty()) return std::nullopt;
-    return CallProperty(client.Properties, member, arguments, why);
+std::optional<Answer> CallMember(MainLobby& control, std::string_view member, const Arguments& arguments,
+                                 std::string& why) {
+    return Call(control, kEntryRows, kMainLobbyMembers, member, arguments, why);
+}
+
+std::optional<Answer> CallMember(GameLobby& control, std::string_view member, const Arguments& arguments,
+                                 std::string& why) {
+    return Call(control, kMainRows, kGameLobbyMembers, member, arguments, why);
+}
+
+std::optional<Answer> CallMember(clsDirectPlay& object, std::string_view member, const Arguments& arguments,
+                                 std::string& why) {
+    return Call(object, kPlayRows, kClsDirectPlayMembers, member, arguments, why);
 }
 
 } // namespace ombrin::console

@@ -1,7 +1,8 @@
-// The public members of the client's control that a command can call, in one table.
+// The public members of the controls and of the class that a command can call, each in one table.
 #pragma once
 
 #include "session/game_lobby.h"
+#include "session/main_lobby.h"
 
 #include <optional>
 #include <string>
@@ -18,9 +19,18 @@ struct Value {
     bool truth = false;
 };
 
-/// Of the control, or of the class that `on` names. Nothing when there is no such member, or the arguments are not its
-/// own; `why` then says which.
-std::optional<Value> CallMember(GameLobby& client, std::string_view on, std::string_view member,
-                                const std::vector<Value>& arguments, std::string& why);
+struct Answer {
+    Value value;
+    Value vValue; ///< what the member has put into its argument of that name
+};
+
+/// Nothing when there is no such member, or the arguments are not its own; `why` then says which. An object reference
+/// answers the name of its class, and nothing where there is no object. Raises what the member raises.
+std::optional<Answer> CallMember(MainLobby& control, std::string_view member, const std::vector<Value>& arguments,
+                                 std::string& why);
+std::optional<Answer> CallMember(GameLobby& control, std::string_view member, const std::vector<Value>& arguments,
+                                 std::string& why);
+std::optional<Answer> CallMember(clsDirectPlay& object, std::string_view member, const std::vector<Value>& arguments,
+                                 std::string& why);
 
 } // namespace ombrin::console
