@@ -131,6 +131,12 @@ void IniDocument::Remove(std::string_view section, std::string_view key) {
         lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(at));
 }
 
+void IniDocument::RemoveSection(std::string_view section) {
+    for (std::size_t start = SectionStart(section); start != kNowhere; start = SectionStart(section))
+        lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(start) - 1,
+                    lines.begin() + static_cast<std::ptrdiff_t>(SectionEnd(start)));
+}
+
 std::vector<std::string> IniDocument::Keys(std::string_view section) const {
     std::vector<std::string> keys;
     const std::size_t start = SectionStart(section);

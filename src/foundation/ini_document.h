@@ -26,6 +26,9 @@ public:
     /// Takes every such key of the section away.
     void Remove(std::string_view section, std::string_view key);
 
+    /// Takes every such section away, with what stands in it.
+    void RemoveSection(std::string_view section);
+
     std::vector<std::string> Keys(std::string_view section) const;
     std::vector<std::string> Sections() const;
 

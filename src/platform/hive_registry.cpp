@@ -18,6 +18,11 @@ std::string ValueKey(std::string_view name) {
     return name == kDefaultValue ? std::string("%40") : EscapedIniName(name);
 }
 
+bool IsAtOrBelow(std::string_view section, std::string_view key) {
+    return EqualIgnoringCase(section.substr(0, key.size()), key) &&
+           (section.size() == key.size() || section[key.size()] == '\\');
+}
+
 } // namespace
 
 std::optional<RegistryValue> HiveRegistry::Read(std::string_view key, std::string_view name) {
@@ -37,11 +42,19 @@ void HiveRegistry::Write(std::string_view key, std::string_view name, const Regi
 }
 
 bool HiveRegistry::Has(std::string_view key) {
-    const std::string own = EscapedIniName(key), below = own + "\\";
+    const std::string own = EscapedIniName(key);
     const auto sections = file.Document().Sections();
-    return std::any_of(sections.begin(), sections.end(), [&](const std::string& section) {
-        return EqualIgnoringCase(section, own) ||
-               EqualIgnoringCase(std::string_view(section).substr(0, below.size()), below);
+    return std::any_of(sections.begin(), sections.end(),
+                       [&](const std::string& section) { return IsAtOrBelow(section, own); });
+}
+
+void HiveRegistry::Remove(std::string_view key) {
+    const std::string own = EscapedIniName(key);
+    file.Change([&](IniDocument& document) {
+        const auto sections = document.Sections();
+        for (const std::string& section : sections)
+            if (IsAtOrBelow(section, own)) document.RemoveSection(section);
+        return document.Sections().size() != sections.size();
     });
 }
 

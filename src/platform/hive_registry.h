@@ -14,6 +14,8 @@ public:
     void Write(std::string_view key, std::string_view name, const RegistryValue& value) override;
     bool Has(std::string_view key) override;
     std::vector<std::string> Subkeys(std::string_view key) override;
+    /// With all keys below it; one that is not there is none the worse for it. Raises what a failing disk raises.
+    void Remove(std::string_view key);
 
 private:
     IniFile file;

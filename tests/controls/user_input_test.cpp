@@ -1,5 +1,6 @@
 #include "controls/user_input.h"
 
+#include "controls/main_view.h"
 #include "platform/posix/clock.h"
 #include "platform/posix/event_loop.h"
 #include "scripted_waiter.h"

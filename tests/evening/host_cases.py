@@ -36,7 +36,7 @@ def the_entry_control_lists_the_games_of_a_server(evening):
     if not may_listen_on_entry_port():
         return
     evening.server(TWO_LOBBIES, "--listen", ENTRY_HOST, port=ENTRY_PORT)
-    page = evening.client("Page", language=None, options=("--wire",))
+    page = evening.client("Page", "--wire", language=None)
     page.do("show", control="MainLobby", ipAddress=ENTRY_HOST)
     page.until("the games", lambda: len(page.rows("MainLobby.GameList")) == 2)
     page.until("the end", lambda: page.happened("closed", socket="Winsock"))

@@ -1,0 +1,22 @@
+// Where the stored properties of a control of the library are kept.
+#pragma once
+
+#include "foundation/code_page.h"
+#include "session/stored_properties.h"
+
+#include <ombrin/control.h>
+
+namespace ombrin::host {
+
+/// How many objects, factories and locks there are: the library may be unloaded at none.
+extern int g_inUse;
+
+struct Control::Stored {
+    StoredProperties& values;
+    const CodePage& page;
+
+    /// With its texts in the client's code page. Raises 5.
+    StoredProperties::Bag Taken(const Bag& bag) const;
+};
+
+} // namespace ombrin::host
