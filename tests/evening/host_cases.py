@@ -1,10 +1,12 @@
 """What a container of the controls sees: the entry control, and the members that it can call."""
+import os
 import socket
 
 from casebook import TWO_LOBBIES, case
 from evening import Refused, equal
 
-ENTRY_HOST = "127.0.0.80"   # an address of its own, so that nothing else answers on the fixed port
+# An address of this run's own, so that nothing else answers on the fixed port.
+ENTRY_HOST = f"127.80.{os.getpid() // 250 % 250}.{os.getpid() % 250 + 1}"
 ENTRY_PORT = 80
 
 

@@ -1,5 +1,6 @@
-"""install_test.py CMAKE BUILD COMPILER FLAGS: the library is installed into a scratch tree, its example is built from
-that tree alone and greets a real client on a real server."""
+"""install_test.py CMAKE BUILD COMPILER FLAGS [qt]: the library is installed into a scratch tree; its examples are built
+from that tree alone and meet a real client on a real server."""
+import contextlib
 import os
 import pathlib
 import queue
@@ -12,10 +13,14 @@ import unittest
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 sys.path.insert(0, str(ROOT / "tests" / "evening"))
 
-CMAKE, BUILD, COMPILER, FLAGS = sys.argv[1:]
+CMAKE, BUILD, COMPILER, FLAGS, *QT = sys.argv[1:]
+os.environ["QT_QPA_PLATFORM"] = "offscreen"
 os.environ["OMBRIN_BIN"] = str(pathlib.Path(BUILD, "bin"))
 
-from evening import PATIENCE, Evening, Program      # noqa: E402, as it looks for the programs when it is imported
+# They look for the programs when they are imported.
+from casebook import TWO_LOBBIES        # noqa: E402
+from evening import PATIENCE, Evening, Program      # noqa: E402
+from host_cases import ENTRY_HOST, ENTRY_PORT, may_listen_on_entry_port     # noqa: E402
 
 
 def run(*command):
@@ -25,10 +30,10 @@ def run(*command):
     return done.stdout
 
 
-class Bot(Program):
-    def __init__(self, program, *arguments):
+class Said(Program):
+    def __init__(self, *arguments):
         self.lines = queue.Queue()
-        super().__init__("bot", program, *arguments)
+        super().__init__(*arguments)
 
     def said(self, line):
         self.lines.put(line)
@@ -39,11 +44,32 @@ class Installed(unittest.TestCase):
     def setUpClass(cls):
         cls.folder = tempfile.TemporaryDirectory(prefix="ombrin-install-")
         cls.prefix = pathlib.Path(cls.folder.name, "prefix")
-        run(CMAKE, "--install", BUILD, "--component", "library", "--prefix", cls.prefix)
+        for component in ("library", "library-qt") if QT else ("library",):
+            run(CMAKE, "--install", BUILD, "--component", component, "--prefix", cls.prefix)
 
     @classmethod
     def tearDownClass(cls):
         cls.folder.cleanup()
+
+    def built(self, example):
+        """The example's program, from the installed tree alone."""
+        build = pathlib.Path(self.folder.name, example)
+        run(CMAKE, "-S", ROOT / "examples" / example, "-B", build, f"-DCMAKE_PREFIX_PATH={self.prefix}",
+            f"-DCMAKE_CXX_COMPILER={COMPILER}", f"-DCMAKE_CXX_FLAGS={FLAGS}")
+        run(CMAKE, "--build", build)
+        return build / example
+
+    @contextlib.contextmanager
+    def evening(self):
+        evening = Evening()
+        try:
+            yield evening
+            evening.finish()
+        except Exception:
+            print(evening.report())
+            raise
+        finally:
+            evening.close()
 
     def library(self):
         return next(self.prefix.glob("lib/**/libombrin.so.0"))
@@ -51,7 +77,8 @@ class Installed(unittest.TestCase):
     def test_the_library_shows_what_its_headers_declare_and_nothing_else(self):
         names = {line.split(maxsplit=2)[2] for line in
                  run("nm", "--dynamic", "--defined-only", "--demangle", self.library()).splitlines()}
-        foreign = {name for name in names if not re.match(r"(Dll\w+@@)?OMBRIN_0$", name) and "ombrin::host::" not in name}
+        foreign = {name for name in names
+                   if not re.match(r"(Dll\w+@@)?OMBRIN_0$", name) and "ombrin::host::" not in name}
         self.assertEqual(foreign, set())
         self.assertEqual({name.split("@")[0] for name in names if name.startswith("Dll")},
                          {"DllRegisterServer", "DllUnregisterServer", "DllGetClassObject", "DllCanUnloadNow"})
@@ -66,14 +93,9 @@ class Installed(unittest.TestCase):
             self.assertEqual([name for name in included if "." in name and not name.startswith("ombrin/")], [], header)
 
     def test_the_greeter_greets_whoever_enters_its_lobby(self):
-        build = pathlib.Path(self.folder.name, "greeter")
-        run(CMAKE, "-S", ROOT / "examples" / "greeter", "-B", build, f"-DCMAKE_PREFIX_PATH={self.prefix}",
-            f"-DCMAKE_CXX_COMPILER={COMPILER}", f"-DCMAKE_CXX_FLAGS={FLAGS}")
-        run(CMAKE, "--build", build)
-        evening = Evening()
-        try:
+        with self.evening() as evening:
             server = evening.server({"lobbies": [{"name": "Chess"}]}, "--open-accounts", "--trust-embedded")
-            bot = Bot(build / "greeter", evening.scratch / "bot", "Bot", "Chess", server.host, server.port)
+            bot = Said("bot", self.built("greeter"), evening.scratch / "bot", "Bot", "Chess", server.host, server.port)
             evening.programs.append(bot)
             self.assertEqual(bot.lines.get(timeout=PATIENCE), "Bot is in Chess")
             ann = evening.client("Ann", lobbies=("Chess",))
@@ -85,12 +107,28 @@ class Installed(unittest.TestCase):
             bot.process.terminate()
             self.assertEqual(bot.process.wait(PATIENCE), 0, bot.notes)
             ann.sees_users("Ann")
-            evening.finish()
-        except Exception:
-            print(evening.report())
-            raise
-        finally:
-            evening.close()
+
+    @unittest.skipUnless(QT, "the widget is not built")
+    def test_the_embedded_page_leads_from_the_games_of_a_server_into_one_of_them(self):
+        if not may_listen_on_entry_port():
+            self.skipTest("no entry port")
+        with self.evening() as evening:
+            server = evening.server(TWO_LOBBIES, "--open-accounts", "--trust-embedded", "--listen", ENTRY_HOST,
+                                    port=ENTRY_PORT)
+            windows = evening.scratch / "page" / "windows"
+            windows.mkdir(parents=True)
+            (windows / "AVfLang.ini").write_text("[CurrentLanguage]\nLanguage=English\n")
+            page = Said("page", self.built("embedded"), "--entry", ENTRY_HOST, "--host", server.host, "--port",
+                        server.port, "--home", evening.scratch / "page", "--name", "Zoe", "--game", "Go")
+            evening.programs.append(page)
+            self.assertEqual(page.lines.get(timeout=PATIENCE), f"Zoe;Go;{server.host};{server.port}")
+            ann = evening.client("Ann", lobbies=("Go",))
+            ann.do("show")
+            ann.log_on(server)
+            ann.sees_users("Ann", "Zoe")
+            page.dismissed = True
+            page.process.terminate()
+            ann.sees_users("Ann")
 
 
 if __name__ == "__main__":

@@ -95,7 +95,7 @@ MainWindow::MainWindow(GameLobby& client, Board& board) : client(client), board(
 }
 
 MainWindow::~MainWindow() {
-    if (logon != nullptr) RememberPlace(); // a window that was opened
+    if (logon != nullptr && isWindow()) RememberPlace(); // it was opened, and is no page of another one
 }
 
 void MainWindow::Opens(std::function<void()> then) {

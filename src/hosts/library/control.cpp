@@ -3,7 +3,7 @@
 
 namespace ombrin::host {
 
-int g_inUse = 0;
+std::atomic<int> g_inUse = 0;
 
 Object::Object() { ++g_inUse; }
 

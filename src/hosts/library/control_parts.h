@@ -4,12 +4,13 @@
 #include "foundation/code_page.h"
 #include "session/stored_properties.h"
 
+#include <atomic>
 #include <ombrin/control.h>
 
 namespace ombrin::host {
 
 /// How many objects, factories and locks there are: the library may be unloaded at none.
-extern int g_inUse;
+extern std::atomic<int> g_inUse;
 
 struct Control::Stored {
     StoredProperties& values;
