@@ -135,6 +135,7 @@ TEST(WindowsAtTheEnd, TheConnectionAndThenTheProgramEndUnderEachOfThem) {
 
 TEST_F(Windows, TabReachesEverythingThatTakesKeysAndComesBack) {
     const auto walks = [this](std::string name, const std::vector<Control*>& controls) {
+        stage.Until([] { return QApplication::focusWidget() != nullptr; }, "the keys in " + name);
         See([=, this] {
             std::set<QWidget*> seen, expected;
             for (int i = 0; i < 60 && QApplication::focusWidget() != nullptr; ++i) {

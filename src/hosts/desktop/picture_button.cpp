@@ -118,11 +118,11 @@ void PictureButton::WriteCaption(QPainter& painter) const {
 
 /// The usual one; a narrower or a smaller one for words that are wider than the place.
 QFont PictureButton::FittingFont(const QRect& place) const {
-    constexpr double kLeastPoints = 6.5, kStep = 0.5;
+    constexpr int kLeast = 13; ///< half points
     QFont fitting = font();
-    for (double points = fitting.pointSizeF(); points >= kLeastPoints; points -= kStep)
+    for (int halves = qRound(2 * fitting.pointSizeF()); halves >= kLeast; --halves)
         for (const int stretch : {100, 90, 82}) {
-            fitting.setPointSizeF(points);
+            fitting.setPointSizeF(halves / 2.0);
             fitting.setStretch(stretch);
             if (Fits(fitting, place)) return fitting;
         }
