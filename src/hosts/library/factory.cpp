@@ -59,6 +59,7 @@ bool ToGuid(std::string_view text, Guid& guid) {
 
 std::vector<ClassDescription> Classes() {
     std::vector<ClassDescription> classes;
+    classes.reserve(kPublicClasses.size());
     for (const PublicClass& c : kPublicClasses)
         classes.push_back({std::string(c.name), std::string(c.identifier), std::string(c.interfaceName),
                            std::string(c.interfaceIdentifier), std::string(c.eventsName),

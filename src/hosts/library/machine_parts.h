@@ -14,6 +14,7 @@
 #include "platform/posix/posix_local_files.h"
 #include "platform/posix/posix_network.h"
 #include "platform/posix/posix_pings.h"
+#include "platform/posix/share.h"
 #include "platform/recording/recording_desktop.h"
 #include "platform/sodium/sodium_integrity.h"
 #include "session/game_lobby.h"
@@ -47,7 +48,6 @@ struct Machine::Parts final : Waiter {
     SystemClock clock;
     EventLoop loop{clock};
     PosixNetwork network{loop};
-    PosixSound sound{root + "/app", page, *this};
     PosixClipboard clipboard{page};
     PosixPings pings{*this};
     NoNotifier notifier;
@@ -57,6 +57,7 @@ struct Machine::Parts final : Waiter {
     PosixComponents components{page};
     SodiumIntegrity integrity;
     GameMachine games{files, places, page, *this};
+    PosixSound sound{{root + "/app", ShareFolder()}, games.settings, page, *this};
     directplay::RegistryService directPlay{games.registry, games.applications};
     PosixOpener opener{page};
     recording::FixedMeasure measure; ///< nothing is painted

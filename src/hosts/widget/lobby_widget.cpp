@@ -18,6 +18,7 @@
 #include "platform/posix/posix_local_files.h"
 #include "platform/posix/posix_network.h"
 #include "platform/posix/posix_pings.h"
+#include "platform/posix/share.h"
 #include "platform/sodium/sodium_integrity.h"
 
 #include <QApplication>
@@ -46,7 +47,7 @@ struct LobbyWidget::Parts {
     EventLoop events{clock};
     DesktopLoop loop{events};
     PosixNetwork network{events};
-    QtSound sound{root + "/app", page, loop};
+    QtSound sound{{root + "/app", ShareFolder()}, settings, page, loop};
     QtClipboard clipboard{page};
     PosixPings pings{loop};
     NoNotifier notifier; ///< what is told to a person who looks elsewhere is the host's affair
