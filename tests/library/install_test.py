@@ -1,4 +1,4 @@
-"""install_test.py CMAKE BUILD COMPILER FLAGS [qt]: the library is installed into a scratch tree; its examples are built
+"""install_test.py CMAKE BUILD COMPILER --flags=FLAGS [qt]: the library is installed into a scratch tree; its examples are built
 from that tree alone and meet a real client on a real server."""
 import contextlib
 import os
@@ -14,6 +14,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 sys.path.insert(0, str(ROOT / "tests" / "evening"))
 
 CMAKE, BUILD, COMPILER, FLAGS, *QT = sys.argv[1:]
+FLAGS = FLAGS.removeprefix("--flags=")        # empty ones would be no argument at all
 os.environ["QT_QPA_PLATFORM"] = "offscreen"
 os.environ["OMBRIN_BIN"] = str(pathlib.Path(BUILD, "bin"))
 

@@ -2,6 +2,7 @@
 
 #include "hosts/desktop/look.h"
 #include "hosts/desktop/own_texts.h"
+#include "hosts/desktop/spoken.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -89,6 +90,7 @@ protected:
 
 MainWindow::MainWindow(GameLobby& client, Board& board) : client(client), board(board) {
     setWindowTitle(QStringLiteral("Ombrin"));
+    setProperty(kSpokenAsFrame, true);
     setMinimumSize(Layout::kLeastWidth, Layout::kLeastHeight);
     resize(Layout::kDrawnWidth, Layout::kDrawnHeight);
     RestorePlace();

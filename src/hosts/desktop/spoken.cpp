@@ -1,7 +1,5 @@
 #include "hosts/desktop/spoken.h"
 
-#include "hosts/desktop/main_window.h"
-
 #include <QAccessibleWidget>
 #include <QTextBrowser>
 #include <algorithm>
@@ -75,8 +73,9 @@ private:
 QAccessibleInterface* Make(const QString& kind, QObject* object) {
     if (auto* chat = qobject_cast<QTextBrowser*>(object); kind == QLatin1String("QTextBrowser"))
         return new SpokenChat(chat);
-    if (auto* window = dynamic_cast<MainWindow*>(object); window != nullptr && kind == QLatin1String("QWidget"))
-        return new QAccessibleWidget(window, QAccessible::Window);
+    // By its mark: an object of a library without type information cannot be cast.
+    if (object != nullptr && object->isWidgetType() && object->property(kSpokenAsFrame).toBool())
+        return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Window);
     return nullptr; // Qt knows
 }
 

@@ -3,6 +3,9 @@
 
 namespace ombrin::desktop {
 
+/// A widget with this property, true, is told as a window.
+inline constexpr const char* kSpokenAsFrame = "spokenAsFrame";
+
 /// Once, before there are widgets.
 void InstallSpoken();
 
