@@ -149,6 +149,20 @@ TEST_F(Views, TextsFromOutsideStandThereAsTheyCame) {
     EXPECT_TRUE(stage.Run());
 }
 
+TEST_F(Views, ASkinColoursTheHeadingsOfTheChats) {
+    stage.LogsOn();
+    constexpr Colour kOrange = 0x0000A5FF;
+    See([this] { view.ChatFrame.SetForeColour(kOrange); });
+    See([this] {
+        const auto colourOf = [this](const Label& label) {
+            return stage.WidgetOf(label)->palette().color(QPalette::WindowText);
+        };
+        EXPECT_EQ(colourOf(view.ChatFrame), QColor(0xFF, 0xA5, 0x00));
+        EXPECT_NE(colourOf(view.RoomBorder), QColor(0xFF, 0xA5, 0x00));
+    });
+    EXPECT_TRUE(stage.Run());
+}
+
 TEST_F(Views, EveryControlStandsWhereItsModelSays) {
     constexpr int kTwipsPerPixel = 15, kColumnHeight = 36;
     stage.LogsOn();

@@ -37,8 +37,15 @@ public:
 
 private:
     QLabel* Shown() const { return static_cast<QLabel*>(Widget()); }
-    void ApplyOwn() override { Shown()->setText(board.Text(label.Caption())); }
+    void ApplyOwn() override {
+        Shown()->setText(board.Text(label.Caption()));
+        if (colour == label.ForeColour()) return;
+        colour = label.ForeColour(); // of a skin, which knows its background
+        Shown()->setStyleSheet(colour ? QStringLiteral("QLabel { color: %1; }").arg(ToColour(*colour).name())
+                                      : QString());
+    }
     Label& label;
+    std::optional<Colour> colour;
 };
 
 class StatusPainter : public Painter {
