@@ -250,7 +250,7 @@ void MainWindow::SpeakAnew() {
 }
 
 void MainWindow::LookAtView() {
-    if (!(shownSkin == client.MainView().OBSkin.Picture())) update();
+    if (!IsCovered() && !(shownSkin == client.MainView().OBSkin.Picture())) update();
     // A client that starts takes its view from the user, and gives it to him when he is in a lobby.
     if (!client.MainView().Enabled())
         hasStarted = true;
@@ -281,11 +281,13 @@ void MainWindow::ShowLogon(bool on) {
     update(); // what is behind it is painted only where it is seen
 }
 
+/// Nobody sees the view.
+bool MainWindow::IsCovered() const { return logon == nullptr || logon->isVisible() || cover->isVisible(); }
+
 /// Stretched to its place, once for each size.
 void MainWindow::PaintSkin() {
     QPainter painter(this);
-    if (logon == nullptr || logon->isVisible() || cover->isVisible()) // nobody sees it
-        return Look::PaintBackground(painter, rect());
+    if (IsCovered()) return Look::PaintBackground(painter, rect());
     const Image& skin = client.MainView().OBSkin;
     const Place& place = skin.Where();
     const QSize size = QSize(place.width, place.height) * devicePixelRatio();

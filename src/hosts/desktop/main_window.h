@@ -31,6 +31,7 @@ protected:
 private:
     void MakeView();
     void MakeLogon();
+    bool IsCovered() const;
     void PaintSkin();
     void SpeakAnew();
     void PlaceControls();

@@ -21,6 +21,7 @@ void PictureButton::SetPictures(const ButtonPictures& other, const QString& begi
     if (pictures == other && drawing == begin) return;
     pictures = other;
     drawing = begin;
+    for (const State state : {Up, Down, Disabled}) has[state] = Look::CanShow(PictureOf(state), DrawingOf(state));
     shown = {};
     update();
 }
@@ -33,8 +34,6 @@ QString PictureButton::DrawingOf(State state) const {
     constexpr const char* kStates[] = {"-up", "-down", "-disabled"};
     return drawing.isEmpty() ? QString() : drawing + QLatin1String(kStates[state]);
 }
-
-bool PictureButton::Has(State state) const { return Look::CanShow(PictureOf(state), DrawingOf(state)); }
 
 PictureButton::State PictureButton::Now() const {
     const State state = !isEnabled() ? Disabled : isDown() ? Down : Up;

@@ -31,7 +31,7 @@ private:
 
     const Picture& PictureOf(State state) const;
     QString DrawingOf(State state) const;
-    bool Has(State state) const;
+    bool Has(State state) const { return has[state]; }
     State Now() const;
     const QPixmap& Shown(State state);
     void PaintPlain(QPaintEvent* event);
@@ -44,6 +44,7 @@ private:
 
     ButtonPictures pictures;
     QString drawing;
+    std::array<bool, 3> has{};                   ///< a picture that can be shown
     std::array<std::optional<QPixmap>, 3> shown; ///< each as soon as it is painted
 };
 
