@@ -4,6 +4,7 @@
 #include "foundation/text.h"
 #include "platform/posix/descriptor.h"
 #include "platform/posix/file_source.h"
+#include "platform/posix/native_files.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -20,8 +21,6 @@ namespace {
     throw RuntimeError(problem == ENOSPC || problem == EDQUOT ? ErrorNumber::DiskFull : ErrorNumber::PathAccess,
                        Join(path, " ", what, ": ", std::strerror(problem)));
 }
-
-std::string FolderOf(const std::string& path) { return path.substr(0, path.rfind('/') + 1); }
 
 /// A name that was made, changed or removed is on the disk only when its folder is.
 void FlushFolder(const std::string& path) {
@@ -94,10 +93,8 @@ void SetMode(const std::string& path, mode_t mode) {
 }
 
 bool IsProgram(const std::string& path) {
-    const std::string start = FileSource(path).ReadAt(0, 4);
-    return start == "\x7F"
-                    "ELF" ||
-           start.starts_with("#!") || start.starts_with("MZ");
+    FileSource file(path);
+    return BeginsAsProgram(file);
 }
 
 } // namespace ombrin::patcher

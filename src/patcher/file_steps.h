@@ -23,7 +23,7 @@ void Remove(const std::string& path);
 
 mode_t ModeOf(const std::string& path);
 void SetMode(const std::string& path, mode_t mode);
-/// Whether it begins like something that can be run.
+/// Whether it begins like something that can be run (platform/posix/native_files.h).
 bool IsProgram(const std::string& path);
 
 } // namespace ombrin::patcher

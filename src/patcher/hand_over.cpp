@@ -3,6 +3,8 @@
 #include "foundation/text.h"
 #include "patcher/file_steps.h"
 #include "platform/posix/file_source.h"
+#include "update/directories.h"
+#include "update/file_names.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -12,13 +14,6 @@ namespace ombrin::patcher {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// Those that stay under their temporary names, in the order in which they are placed: the client last, so that the
-/// old one starts as long as anything is missing.
-struct {
-    std::string_view name;
-    bool isComponent;
-} constexpr kFiles[] = {{"Ping.ocx", true}, {"Ombrin.ocx", true}, {"OmbrinExe.exe", false}};
 
 constexpr std::string_view kPlacing = "placing\n", kGoingBack = "going back\n";
 
@@ -44,10 +39,11 @@ std::string Spot::Kept() const { return PathIn(folder, WithDigit(name, "8")); }
 
 HandOver::HandOver(const std::vector<std::string>& folders, std::string state, Trace trace)
     : state(std::move(state)), trace(std::move(trace)) {
-    for (const auto& file : kFiles)
+    // The client, which is the table's first, comes last: the old one starts as long as anything is missing.
+    for (auto file = kFilesInUse.rbegin(); file != kFilesInUse.rend(); ++file)
         for (auto folder = folders.begin(); folder != folders.end(); ++folder)
             if (std::find(folders.begin(), folder, *folder) == folder)
-                spots.push_back({*folder, file.name, file.isComponent});
+                spots.push_back({*folder, file->name, RegistersItself(file->name)});
 }
 
 HandOver::State HandOver::Current() const {

@@ -8,6 +8,7 @@
 #include "platform/posix/home.h"
 #include "platform/posix/posix_components.h"
 #include "ui/text/localisation.h"
+#include "update/directories.h"
 
 #include <CLI/CLI.hpp>
 #include <clocale>
@@ -64,12 +65,22 @@ int Run(double patience, double trial) {
     Localisation language(inis, trap);
     DesktopReporter reporter(log, language, page);
     Settings settings(files, places.SettingsFile());
+    const auto directories = UpdateDirectories::Of(places, settings);
+    if (directories.client.empty()) {
+        reporter.Failed(text::kPatchNoStart, std::string(text::kUpdateNoClientDirectory.english));
+        return 1;
+    }
+    const auto folder = [&files](const std::string& directory) {
+        std::string native = files.Native(directory);
+        native.pop_back(); // the closing separator
+        return native;
+    };
     PosixComponents components(page);
     const auto milliseconds = [](double seconds) { return Milliseconds(static_cast<long>(seconds * 1000)); };
     Patch patch{
-        .systemFolder = files.Native(places.SystemDirectory()),
-        .clientFolder = files.Native(settings.GetSetting("Settings", "ClientDirectory") + "/Client"),
-        .windowsFolder = files.Native(places.WindowsDirectory()),
+        .systemFolder = folder(directories.system),
+        .clientFolder = folder(directories.client),
+        .windowsFolder = folder(directories.windows),
         .patience = milliseconds(patience),
         .trial = milliseconds(trial),
         // A component runs its own code when it is loaded. If that fails badly, the hand-over goes on all the same.

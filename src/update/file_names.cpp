@@ -40,4 +40,9 @@ std::string FinalPath(std::string_view temporaryPath) {
     return Join(temporaryPath.substr(0, point - 1), temporaryPath.substr(point));
 }
 
+bool RegistersItself(std::string_view path) {
+    const std::string_view end = path.substr(path.size() < 3 ? 0 : path.size() - 3);
+    return EqualIgnoringCase(end, "ocx") || EqualIgnoringCase(end, "dll");
+}
+
 } // namespace ombrin

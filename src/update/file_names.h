@@ -22,4 +22,7 @@ std::string TemporaryPath(std::string_view finalPath);
 /// Without the character in front of the last ".".
 std::string FinalPath(std::string_view temporaryPath);
 
+/// A component, by its ending.
+bool RegistersItself(std::string_view path);
+
 } // namespace ombrin

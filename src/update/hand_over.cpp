@@ -1,19 +1,9 @@
 // The end of a transfer: from the temporary names to the final ones.
-#include "foundation/text.h"
 #include "update/file_names.h"
 #include "update/file_transfer.h"
 #include "update/tell_refused.h"
 
 namespace ombrin {
-
-namespace {
-
-bool RegistersItself(std::string_view path) {
-    const std::string_view end = path.substr(path.size() < 3 ? 0 : path.size() - 3);
-    return EqualIgnoringCase(end, "ocx") || EqualIgnoringCase(end, "dll");
-}
-
-} // namespace
 
 bool clsFileTransfer::IsAsSigned() {
     if (!check) return true;

@@ -47,6 +47,11 @@ std::string Resolved(const std::string& native) {
     return path.string();
 }
 
+bool BeginsAsProgram(ByteSource& file) {
+    const std::string start = file.ReadAt(0, 4);
+    return start == "\177ELF" || start.starts_with("#!") || start.starts_with("MZ");
+}
+
 void FlushFolder(const std::string& folder) {
     const Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (opened) fsync(opened.Number());

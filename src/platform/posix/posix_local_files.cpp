@@ -19,11 +19,6 @@ namespace {
 constexpr mode_t kFile = 0644, kProgram = 0755, kAnyWriter = 0222;
 constexpr std::size_t kCopiedAtOnce = std::size_t{256} * 1024; ///< bytes
 
-bool BeginsAsProgram(ByteSource& file) {
-    const std::string start = file.ReadAt(0, 4);
-    return start == "\177ELF" || start.starts_with("#!") || start.starts_with("MZ");
-}
-
 /// The mode that a file put in place here has. A file without a writer is one that somebody protects.
 mode_t ModeFor(const std::string& target, ByteSource& source) {
     struct stat info {};
