@@ -1,10 +1,9 @@
 // A logged-on client under arrivals that are cut anywhere. In the input, the byte 255 ends an arrival; what is left of
 // the input arrives nested while forms are open, and a user who presses the first button closes them at the end. An
 // arrival that begins with the byte 254 is a press of the user instead.
-#include "fuzz_target.h"
+#include "fuzzed_client.h"
 
 #include "foundation/runtime_error.h"
-#include "support/recorded_world.h"
 
 #include <string>
 
@@ -12,57 +11,24 @@ namespace ombrin::fuzz {
 
 namespace {
 
-class FuzzedClient : private Waiter {
+class FuzzedLobby : private FuzzedClient {
 public:
-    explicit FuzzedClient(std::string_view input) : input(input) {}
+    explicit FuzzedLobby(std::string_view input) : FuzzedClient(input, kPresses) {}
 
     void Run() {
         client.Inis().Write("AVfLang.ini", "CurrentLanguage", "Language", "English");
-        bool over = false;
         world.loop.Post([this] { client.UserControl_Show(std::nullopt); });
-        world.loop.Post([&] { over = true; });
-        RunUntil(over);
-        while (!client.Stack().Ending() && Step()) {
-        }
-        client.Stack().RequestEnd();
-        Require(client.Stack().Visible().empty() && client.Stack().Depth() == 0, "nothing is open at the end");
-        try {
-            client.UserControl_Terminate();
-        } catch (const ProgramEnding&) {
-        }
+        PlayOut(client);
     }
 
 private:
     static constexpr int kPresses = 200; ///< a user's patience
 
-    void RunUntil(const bool& ended) override {
-        while (!ended && !client.Stack().Ending())
-            if (!Step()) client.Stack().RequestEnd();
-    }
-    void Block(Milliseconds) override {}
-    void Breathe() override {}
-
-    /// An event, else the next arrival, else a press of the user; false when all are used up.
-    bool Step() {
-        try {
-            if (world.loop.DispatchOne() || Arrive()) return true;
-            if (presses == kPresses || client.Stack().Top() == nullptr) return false;
-            ++presses;
-            Press(*client.Stack().Top());
-        } catch (const ProgramEnding&) {
-        }
-        return true;
-    }
-
-    bool Arrive() {
+    bool Feed() override {
         auto& server = world.network.Named("Winsock");
         if (server.State() == SocketState::Connecting) return server.Accept(), true;
-        // As the loop is held at this depth, nothing is read.
-        const bool held = client.Stack().Visible().size() >= ModalStack::kOpenLimit;
-        if (input.empty() || held || !server.IsConnected()) return false;
-        const std::size_t end = input.find('\xFF');
-        const std::string_view arrival = input.substr(0, end);
-        input.remove_prefix(end == std::string_view::npos ? input.size() : end + 1);
+        if (input.empty() || IsHeld() || !server.IsConnected()) return false;
+        const std::string_view arrival = TakePiece();
         if (arrival.size() > 1 && arrival.front() == '\xFE')
             Press(static_cast<unsigned char>(arrival[1]));
         else if (!arrival.empty())
@@ -127,7 +93,7 @@ private:
         }
     }
 
-    void Press(Form& top) {
+    void Press(Form& top) override {
         UserInput& input = client.Input();
         Dialogs& forms = client.Forms();
         if (&top == &forms.UsrNmPwIP) {
@@ -144,10 +110,7 @@ private:
         }
     }
 
-    test::RecordedWorld world;
     GameLobby client{world.ForClient(*this)};
-    std::string_view input;
-    int presses = 0;
 };
 
 } // namespace
@@ -155,6 +118,6 @@ private:
 } // namespace ombrin::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    ombrin::fuzz::FuzzedClient(ombrin::fuzz::AsText(data, size)).Run();
+    ombrin::fuzz::FuzzedLobby(ombrin::fuzz::AsText(data, size)).Run();
     return 0;
 }

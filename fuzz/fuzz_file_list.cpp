@@ -1,9 +1,8 @@
 // A client in a lobby gets a file list of any bytes, and what follows of it. The first line of an input sets the scene
 // (Scene), the rest is cut at the byte 255: first the list, then steps (Take), each a letter with its text behind it.
 // At the end a user who closes whatever is open comes to rest. The same bytes are read as signed sums, too.
-#include "fuzz_target.h"
+#include "fuzzed_client.h"
 
-#include "support/recorded_world.h"
 #include "update/file_names.h"
 #include "update/sums.h"
 
@@ -49,28 +48,19 @@ private:
     std::size_t allowance;
 };
 
-class FuzzedUpdate : private Waiter {
+class FuzzedUpdate : private FuzzedClient {
 public:
-    explicit FuzzedUpdate(std::string_view input) : files(world.localFiles, input.size()), input(input) {}
+    explicit FuzzedUpdate(std::string_view input)
+        : FuzzedClient(input, kPresses), files(world.localFiles, input.size()) {}
 
     void Run() {
         Scene(TakeLine(input));
-        bool over = false;
         world.loop.Post([this] { client.UserControl_Show("ann;Go;127.0.0.1;7777"); });
         world.loop.Post([this] {
             world.network.Named("Winsock").Accept();
             Lists(TakePiece());
         });
-        world.loop.Post([&] { over = true; });
-        RunUntil(over);
-        while (!client.Stack().Ending() && Step()) {
-        }
-        client.Stack().RequestEnd();
-        Require(client.Stack().Visible().empty() && client.Stack().Depth() == 0, "nothing is open at the end");
-        try {
-            client.UserControl_Terminate();
-        } catch (const ProgramEnding&) {
-        }
+        PlayOut(client);
     }
 
 private:
@@ -92,40 +82,20 @@ private:
                            [](const auto&) { return std::optional<std::string>(";FileVersion=3.33\r\n"); });
     }
 
-    std::string_view TakePiece() {
-        const std::size_t end = input.find('\xFF');
-        const std::string_view piece = input.substr(0, end);
-        input.remove_prefix(end == std::string_view::npos ? input.size() : end + 1);
-        return piece;
-    }
     void Lists(std::string_view list) {
         std::string payload(list);
         std::erase(payload, '~'); // which would end it
         world.network.Named("Winsock").Sends("50:" + payload + "~");
     }
 
-    void RunUntil(const bool& ended) override {
-        while (!ended && !client.Stack().Ending())
-            if (!Step()) client.Stack().RequestEnd();
-    }
-    void Block(Milliseconds) override {}
-    void Breathe() override {}
-
-    /// An event, else the next step, else a press of the user; false when all are used up.
-    bool Step() {
-        try {
-            if (world.loop.DispatchOne()) return true;
-            // As the loop is held at this depth, nothing is read.
-            const bool held = client.Stack().Visible().size() >= ModalStack::kOpenLimit;
-            if (!held && !input.empty()) return Take(TakePiece()), true;
-            if (presses == kPresses || client.Stack().Top() == nullptr) return false;
-            ++presses;
-            UserInput& user = client.Input();
-            if (user.Close(*client.Stack().Top()) && user.PressButton(BoxResult::No))
-                Require(false, "every form can be closed");
-        } catch (const ProgramEnding&) {
-        }
+    bool Feed() override {
+        if (IsHeld() || input.empty()) return false;
+        Take(TakePiece());
         return true;
+    }
+    void Press(Form& top) override {
+        UserInput& user = client.Input();
+        if (user.Close(top) && user.PressButton(BoxResult::No)) Require(false, "every form can be closed");
     }
 
     void Take(std::string_view step) {
@@ -167,11 +137,8 @@ private:
         }
     }
 
-    test::RecordedWorld world;
     GuardedFiles files;
     GameLobby client{world.ForClient(*this, nullptr, &files)};
-    std::string_view input;
-    int presses = 0;
 };
 
 void ReadSums(std::string_view text) {
