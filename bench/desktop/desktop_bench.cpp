@@ -65,12 +65,10 @@ bool Line(const char* name, double ours, double bound, const char* unit, double 
 
 /// The program as it starts, but for a network whose server is played.
 struct Program {
-    explicit Program(const std::string& root) : root(root) {}
+    explicit Program(const std::string& root) : home(root) {}
 
-    std::string root;
-    const CodePage& page = CodePageOfStore(root);
-    PosixFiles files{page};
-    Places places = PreparePlaces(root, page, files);
+    ClientHome home;
+    const CodePage& page = home.page;
     SystemClock clock;
     EventLoop events{clock};
     DesktopLoop loop{events};
@@ -81,7 +79,7 @@ struct Program {
     recording::RecordingPings pings{journal};
     NoNotifier notifier;
     recording::RecordingProcesses processes{journal};
-    HiveRegistry registry{files, places.RegistryFile()};
+    HiveRegistry registry{home.files, home.places.RegistryFile()};
     recording::RecordingApplications applications{journal};
     directplay::RegistryService directPlay{registry, applications};
     recording::RecordingDisks disks;
@@ -93,10 +91,10 @@ struct Program {
     recording::RecordingComponents components{journal};
     recording::RecordingIntegrity integrity;
     GameLobby client{
-        {network,  events,     clock,   files,    localFiles, sound,      clipboard,
-         pings,    notifier,   browser, pictures, processes,  components, integrity,
-         registry, directPlay, disks,   opener,   measure,    loop,       [this](bool held) { events.Hold(held); },
-         places}};
+        {network,    events,     clock,   home.files, localFiles, sound,      clipboard,
+         pings,      notifier,   browser, pictures,   processes,  components, integrity,
+         registry,   directPlay, disks,   opener,     measure,    loop,       [this](bool held) { events.Hold(held); },
+         home.places}};
     Board board{loop, client.Input(), page};
     MainWindow window{client, board};
     Windows windows{client, board, window};

@@ -51,11 +51,11 @@ private:
 };
 
 int Run(double patience, double trial) {
-    const std::string root = HomeRoot(std::nullopt);
-    const CodePage& page = CodePageOfStore(root);
-    PosixFiles files(page);
-    const Places places = PreparePlaces(root, page, files);
-    ExportHome(root);
+    ClientHome home(std::nullopt);
+    PosixFiles& files = home.files;
+    const CodePage& page = home.page;
+    const Places& places = home.places;
+    ExportHome(home.root);
 
     const SystemClock clock;
     StandardErrorBox box;

@@ -73,12 +73,10 @@ private:
 };
 
 int Run(const Options& options) {
-    const std::string root = HomeRoot(options.home);
-    const CodePage& page = CodePageOfStore(root);
-    PosixFiles files(page);
-    const Places places = PreparePlaces(root, page, files);
-    ExportHome(root);
-    const FileLock clientFiles = HoldClientFiles(places, files);
+    ClientHome home(options.home);
+    const CodePage& page = home.page;
+    ExportHome(home.root);
+    const FileLock clientFiles = HoldClientFiles(home.places, home.files);
 
     const SystemClock realClock;
     VirtualClock virtualClock;
@@ -103,8 +101,8 @@ int Run(const Options& options) {
     PictureFiles pictures(localFiles);
     PosixComponents components(page);
     SodiumIntegrity integrity;
-    GameMachine machine(files, places, page, loop);
-    PosixSound sound({root + "/app", ShareFolder()}, machine.settings, page, loop);
+    GameMachine machine(home.files, home.places, page, loop);
+    PosixSound sound({home.root + "/app", ShareFolder()}, machine.settings, page, loop);
     recording::RecordingApplications recordedApplications(journal);
     const bool realProcesses = options.IsReal("process");
     directplay::RegistryService directPlay(
@@ -116,7 +114,7 @@ int Run(const Options& options) {
     GameLobby client({network,
                       events,
                       clock,
-                      files,
+                      home.files,
                       localFiles,
                       options.IsReal("sound") ? static_cast<Sound&>(sound) : recordedSound,
                       options.IsReal("clipboard") ? static_cast<Clipboard&>(clipboard) : recordedClipboard,
@@ -134,7 +132,7 @@ int Run(const Options& options) {
                       measure,
                       loop,
                       [&](bool held) { events.Hold(held); },
-                      places});
+                      home.places});
     client.CloseClient = [&] { journal({"CloseClient", {}}); };
     Teller teller(loop, page);
     client.Stack().SetObserver(&teller);

@@ -1,7 +1,6 @@
 #include "hosts/desktop/desktop_client.h"
 
 #include "hosts/desktop/look.h"
-#include "platform/posix/home.h"
 #include "platform/posix/share.h"
 
 #include <QApplication>
@@ -17,11 +16,6 @@ bool Dress(Settings& settings) {
 
 } // namespace
 
-ClientHome::ClientHome(const std::optional<std::string>& asked)
-    : root(HomeRoot(asked)), page(CodePageOfStore(root)), files(page), places(PreparePlaces(root, page, files)) {
-    ExportHome(root);
-}
-
 DesktopClient::DesktopClient(ClientHome& home, Notifier& notifier)
     : clientFiles(HoldClientFiles(home.places, home.files)), settings(home.files, home.places.SettingsFile()),
       dressed(Dress(settings)), sound({home.root + "/app", ShareFolder()}, settings, home.page, loop),
@@ -36,6 +30,7 @@ DesktopClient::DesktopClient(ClientHome& home, Notifier& notifier)
                                                     measure,    loop,          [this](bool held) { events.Hold(held); },
                                                     home.places}),
       board(loop, client.Input(), home.page) {
+    ExportHome(home.root);
     loop.Attach(client.Stack(), [this] { board.Schedule(); });
     browser.Attach(board, client.MainView().BannerAd, client.Trace());
 }

@@ -14,6 +14,7 @@
 #include "platform/notifier.h"
 #include "platform/posix/client_start.h"
 #include "platform/posix/clock.h"
+#include "platform/posix/home.h"
 #include "platform/posix/posix_components.h"
 #include "platform/posix/posix_local_files.h"
 #include "platform/posix/posix_network.h"
@@ -21,17 +22,6 @@
 #include "platform/sodium/sodium_integrity.h"
 
 namespace ombrin::desktop {
-
-/// Where a client lives. Raises what HomeRoot, CodePageOfStore and PreparePlaces raise.
-struct ClientHome {
-    /// `asked` as HomeRoot takes it. The programs that this one starts find the same root.
-    explicit ClientHome(const std::optional<std::string>& asked);
-
-    const std::string root;
-    const CodePage& page;
-    PosixFiles files;
-    const Places places;
-};
 
 /// Holds the client's files for its life; home and notifier have to last as long. There is a QApplication, whose style
 /// is set here. Raises what HoldClientFiles raises.

@@ -61,11 +61,9 @@ std::string OwnFile() {
 template <class Body>
 std::int32_t InRegistry(const Body& body) {
     try {
-        const std::string root = HomeRoot(std::nullopt);
-        const CodePage& page = CodePageOfStore(root);
-        PosixFiles files(page);
-        HiveRegistry registry(files, PreparePlaces(root, page, files).RegistryFile());
-        body(registry, page);
+        ClientHome home(std::nullopt);
+        HiveRegistry registry(home.files, home.places.RegistryFile());
+        body(registry, home.page);
     } catch (const std::exception&) {
         return kNotRegistered;
     }

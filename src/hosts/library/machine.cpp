@@ -11,7 +11,7 @@ constexpr Milliseconds kLong{3'600'000}; // between two looks; every event ends 
 
 } // namespace
 
-Machine::Parts::Parts(MachineOptions given) : options(std::move(given)) { ExportHome(root); }
+Machine::Parts::Parts(MachineOptions given) : options(std::move(given)) { ExportHome(home.root); }
 
 void Machine::Parts::RunUntil(const bool& ended) {
     if (options.runUntil) return options.runUntil(ended);
@@ -38,13 +38,13 @@ bool Machine::Parts::Step() {
 
 Platform Machine::Parts::ForClient() {
     return {network,    loop,        clock,
-            files,      localFiles,  sound,
+            home.files, localFiles,  sound,
             clipboard,  pings,       notifier,
             browser,    pictures,    games.processes,
             components, integrity,   games.registry,
             directPlay, games.disks, opener,
             measure,    *this,       [this](bool held) { loop.Hold(held); },
-            places};
+            home.places};
 }
 
 Machine::Machine(MachineOptions options)

@@ -40,11 +40,9 @@ struct Machine::Parts final : Waiter {
     bool Step();
 
     MachineOptions options;
-    std::string root = HomeRoot(options.home.empty() ? std::nullopt : std::optional(options.home));
-    const CodePage& page = CodePageOfStore(root);
-    PosixFiles files{page};
-    Places places = PreparePlaces(root, page, files);
-    FileLock clientFiles = HoldClientFiles(places, files);
+    ClientHome home{options.home.empty() ? std::nullopt : std::optional(options.home)};
+    const CodePage& page = home.page;
+    FileLock clientFiles = HoldClientFiles(home.places, home.files);
     SystemClock clock;
     EventLoop loop{clock};
     PosixNetwork network{loop};
@@ -56,8 +54,8 @@ struct Machine::Parts final : Waiter {
     PictureFiles pictures{localFiles};
     PosixComponents components{page};
     SodiumIntegrity integrity;
-    GameMachine games{files, places, page, *this};
-    PosixSound sound{{root + "/app", ShareFolder()}, games.settings, page, *this};
+    GameMachine games{home.files, home.places, page, *this};
+    PosixSound sound{{home.root + "/app", ShareFolder()}, games.settings, page, *this};
     directplay::RegistryService directPlay{games.registry, games.applications};
     PosixOpener opener{page};
     recording::FixedMeasure measure; ///< nothing is painted

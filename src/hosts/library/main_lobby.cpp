@@ -14,7 +14,7 @@ struct MainLobby::Parts {
     Machine::Parts& machine;
     ModalStack stack{machine, [](bool) {}}; // it has no dialogs of its own
     Boxes boxes{stack};
-    Log log{machine.files, machine.clock, machine.places.SystemDirectory(), boxes};
+    Log log{machine.home.files, machine.clock, machine.home.places.SystemDirectory(), boxes};
     Membership membership{machine, stack};
     ombrin::MainLobby control{machine.network, stack, log};
     Stored stored{control.Properties, machine.page};

@@ -23,12 +23,12 @@ FileLock Alone(const std::string& folder) {
 
 } // namespace
 
-Wardrobe::Wardrobe(const std::optional<std::string>& home)
-    : root(HomeRoot(home)), page(CodePageOfStore(root)), places(PreparePlaces(root, page, files)),
-      settings(files, places.SettingsFile()), shelf(ShareFolder(), files.Native(places.AppPath())) {}
+Wardrobe::Wardrobe(const std::optional<std::string>& asked)
+    : home(asked), settings(home.files, home.places.SettingsFile()),
+      shelf(ShareFolder(), home.files.Native(home.places.AppPath())) {}
 
 std::vector<Wardrobe::Row> Wardrobe::Rows() {
-    const std::string inUse = NameInUse(settings, page);
+    const std::string inUse = NameInUse(settings, home.page);
     std::vector<Row> rows;
     for (const auto& [name, folder] : shelf.Folders()) {
         Row row;
@@ -48,9 +48,9 @@ std::vector<Wardrobe::Row> Wardrobe::Rows() {
 Skin Wardrobe::Use(const std::string& name) {
     const FileLock alone = Alone(shelf.Own());
     const Skin skin = shelf.Read(name);
-    const std::string before = NameInUse(settings, page);
+    const std::string before = NameInUse(settings, home.page);
     settings.Change([&](SettingsDraft& draft) {
-        PutOn(draft, skin, page);
+        PutOn(draft, skin, home.page);
         shelf.Provide(skin); // before the store says so
     });
     if (before != name) shelf.Drop(before);
@@ -59,7 +59,7 @@ Skin Wardrobe::Use(const std::string& name) {
 
 std::string Wardrobe::Remove() {
     const FileLock alone = Alone(shelf.Own());
-    std::string before = NameInUse(settings, page);
+    std::string before = NameInUse(settings, home.page);
     settings.Change([](SettingsDraft& draft) { TakeOff(draft); });
     shelf.Drop(before);
     return before;

@@ -4,7 +4,7 @@
 #include "foundation/places.h"
 #include "foundation/settings.h"
 #include "hosts/skin/shelf.h"
-#include "platform/posix/posix_files.h"
+#include "platform/posix/home.h"
 
 #include <optional>
 
@@ -19,9 +19,8 @@ public:
         bool inUse = false;
     };
 
-    /// The client's places below `home`, or where it has them by itself; made where they are missing. Raises what
-    /// HomeRoot, CodePageOfStore and PreparePlaces raise.
-    explicit Wardrobe(const std::optional<std::string>& home);
+    /// `asked` as ClientHome takes it. Raises what that raises.
+    explicit Wardrobe(const std::optional<std::string>& asked);
     Wardrobe(const Wardrobe&) = delete;
     Wardrobe& operator=(const Wardrobe&) = delete;
 
@@ -33,14 +32,11 @@ public:
     std::string Remove();
 
     const Shelf& Skins() const { return shelf; }
-    const Places& Home() const { return places; }
-    const CodePage& Page() const { return page; }
+    const Places& Home() const { return home.places; }
+    const CodePage& Page() const { return home.page; }
 
 private:
-    std::string root;
-    const CodePage& page;
-    PosixFiles files{page};
-    Places places;
+    ClientHome home;
     Settings settings;
     Shelf shelf;
 };

@@ -16,8 +16,6 @@ std::string Environment(const char* name) {
     return value == nullptr ? std::string() : std::string(value);
 }
 
-} // namespace
-
 std::string HomeRoot(const std::optional<std::string>& asked) {
     std::string root = asked.value_or(Environment("OMBRIN_HOME"));
     if (root.empty() && !Environment("XDG_DATA_HOME").empty()) root = Environment("XDG_DATA_HOME") + "/ombrin";
@@ -52,5 +50,10 @@ const CodePage& CodePageOfStore(const std::string& root) {
         throw RuntimeError(ErrorNumber::InvalidProcedureCall, Join("the setting CodePage names no known page: ", name));
     return *page;
 }
+
+} // namespace
+
+ClientHome::ClientHome(const std::optional<std::string>& asked)
+    : root(HomeRoot(asked)), page(CodePageOfStore(root)), files(page), places(PreparePlaces(root, page, files)) {}
 
 } // namespace ombrin

@@ -9,15 +9,17 @@
 
 namespace ombrin {
 
-/// The root as UTF-8: what was asked for, else OMBRIN_HOME, else the user's data directory for applications. Raises 76
-/// when none of them is set.
-std::string HomeRoot(const std::optional<std::string>& asked);
+/// What every program of a client begins with: its root, its code page, its files and its folders.
+struct ClientHome {
+    /// The root is what was asked for, in UTF-8, else OMBRIN_HOME, else the user's data directory for applications; its
+    /// folders are made where they are missing. Raises 76 when there is no root or the code page cannot hold its path,
+    /// 5 when the store names a code page that is not known, and what the file system raises.
+    explicit ClientHome(const std::optional<std::string>& asked);
 
-/// The places below the root, made where they are missing. Raises 76 when the code page cannot hold the path, and what
-/// the file system raises.
-Places PreparePlaces(const std::string& root, const CodePage& page, const PosixFiles& files);
-
-/// The code page that the store names, else the usual one. Raises 5 for a name that is not known.
-const CodePage& CodePageOfStore(const std::string& root);
+    const std::string root; ///< UTF-8, absolute
+    const CodePage& page;   ///< the one that the store names, else the usual one
+    PosixFiles files;
+    const Places places;
+};
 
 } // namespace ombrin
