@@ -132,8 +132,8 @@ void GameLobby::Start(std::optional<std::string> userData) {
         session.m_UserData = *userData;
     }
     areas->logon.TakeRecordApart(session.m_UserData);
-    areas->connector.Start(kConnectTrace);
     if (!session.m_StandAlone) areas->autoStart.CheckAutoStart();
+    areas->connector.Start(kConnectTrace);
     if (session.m_StandAlone) areas->logon.RunCancelLoop(kConnectTrace);
 }
 
