@@ -76,9 +76,10 @@ void UsrNmPwIP::Connect_Click() {
 /// A scheme in front of the host is cut off, in the two spellings that people paste.
 void UsrNmPwIP::KeepHostAndPort() {
     constexpr std::string_view kUpper = "HTTP://", kLower = "http://";
-    const std::string& host = HostMachine.Text();
-    if (host.starts_with(kUpper) || host.starts_with(kLower)) HostMachine.SetText(std::string(host, kUpper.size()));
-    if (!HostMachine.Text().empty()) settings.SaveSetting(kSection, "IP", HostMachine.Text());
+    if (const std::string& host = HostMachine.Text(); !host.empty()) {
+        if (host.starts_with(kUpper) || host.starts_with(kLower)) HostMachine.SetText(std::string(host, kUpper.size()));
+        settings.SaveSetting(kSection, "IP", host);
+    }
     if (!HTTPPort.Text().empty()) settings.SaveSetting(kSection, "HTTPPort", HTTPPort.Text());
 }
 

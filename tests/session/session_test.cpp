@@ -100,6 +100,12 @@ TEST_F(Session, OnlyTheTwoSpellingsOfASchemeAreCutOffTheHost) {
         Presses(forms.UsrNmPwIP.Connect);
         EXPECT_EQ(Marks().m_RemoteHost, kept);
     }
+    Presses(forms.Connection.CancelButton);
+    Types(forms.UsrNmPwIP.HostMachine, "http://");
+    Presses(forms.UsrNmPwIP.Connect);
+    EXPECT_EQ(BoxText(), "Host machine and HTTP port must be entered.");
+    EXPECT_EQ(client.Store().GetSetting("Settings", "IP"), "");
+    Answers(BoxResult::Ok);
 }
 
 TEST_F(Session, PresetsHideTheirFieldsAndTheStoreGoesBeforeTheFile) {
