@@ -169,12 +169,24 @@ std::string GameLobby::SetAXParams(std::string_view pUserName) {
 
 void GameLobby::SetUserName(std::string_view name) {
     session.UserName = name;
-    Properties.Set("UserName", std::string(name));
+    Properties.Report("UserName");
+}
+
+void GameLobby::UserControl_InitProperties(const std::string& ambientFont) {
+    Properties.InitProperties(ambientFont);
+    session.UserName = Session().UserName;
 }
 
 void GameLobby::UserControl_ReadProperties(const StoredProperties::Bag& bag) {
     Properties.ReadProperties(bag);
-    if (bag.contains("UserName")) session.UserName = std::get<std::string>(*Properties.Get("UserName"));
+    const auto name = bag.find("UserName");
+    if (name == bag.end()) return;
+    if (const auto* text = std::get_if<std::string>(&name->second)) session.UserName = *text;
+}
+
+void GameLobby::UserControl_WriteProperties(StoredProperties::Bag& bag) const {
+    Properties.WriteProperties(bag);
+    bag.insert_or_assign("UserName", session.UserName);
 }
 
 /// The two descriptions are there with the objects that make them.

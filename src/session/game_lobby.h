@@ -98,9 +98,10 @@ public:
     std::function<void()> CloseClient;
     ControlEvents Events; ///< never raised
 
+    void UserControl_InitProperties(const std::string& ambientFont);
     /// What a container has stored, before the control is shown. `UserData` is given to UserControl_Show.
     void UserControl_ReadProperties(const StoredProperties::Bag& bag);
-    void UserControl_WriteProperties(StoredProperties::Bag& bag) const { Properties.WriteProperties(bag); }
+    void UserControl_WriteProperties(StoredProperties::Bag& bag) const;
     /// Starts the session and waits in it as long as dialogs are open: with a record `<user>;<lobby>;<host>;<port>`
     /// from an embedding container, else in stand-alone mode. Raises ProgramEnding when the program ends meanwhile.
     void UserControl_Show(std::optional<std::string> userData);
@@ -119,8 +120,9 @@ public:
     directplay::SessionData* objDPSessionData();
     void Configure_Click() { areas->configuration.Configure_Click(); }
     void DisplayPMDialog() { areas->pm.DisplayPMDialog(); }
-    /// The stored properties; the setter of each reports its change there.
-    StoredProperties Properties{StoredProperties::Bag{{"UserName", std::string("0")}}};
+    /// The stored properties but for `UserName`, which is a mark of the session; the setter of each reports its change
+    /// there.
+    StoredProperties Properties{StoredProperties::Bag{}};
     void Refresh() {}
     std::string SetAXParams(std::string_view pUserName);
     const std::string& UserName() const { return session.UserName; }

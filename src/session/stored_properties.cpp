@@ -33,7 +33,7 @@ bool StoredProperties::Set(std::string_view name, Value value) {
     const auto found = values.find(name);
     if (found == values.end() || found->second.index() != value.index()) return false;
     found->second = std::move(value);
-    if (PropertyChanged) PropertyChanged(name);
+    Report(name);
     return true;
 }
 

@@ -21,6 +21,9 @@ public:
 
     /// Hears the name of each property that a setter has changed.
     std::function<void(std::string_view name)> PropertyChanged;
+    void Report(std::string_view name) const {
+        if (PropertyChanged) PropertyChanged(name);
+    }
 
     /// The values of a control that was just made, in the container's font.
     void InitProperties(const std::string& ambientFont);

@@ -435,17 +435,22 @@ TEST_F(Session, StoredPropertiesReportTheirChangesAndSurviveABag) {
     std::vector<std::string> changed;
     client.Properties.PropertyChanged = [&](std::string_view name) { changed.emplace_back(name); };
     StoredProperties::Bag bag;
-    client.Properties.WriteProperties(bag);
+    client.UserControl_WriteProperties(bag);
     EXPECT_EQ(std::get<std::string>(bag.at("UserName")), "0");
     EXPECT_EQ(std::get<bool>(bag.at("Enabled")), false);
     EXPECT_EQ(bag.size(), 7u);
+    client.UserControl_ReadProperties({{"UserName", std::string("eve")}});
+    EXPECT_EQ(client.UserName(), "eve");
+    client.SetAXParams("cid");
+    client.UserControl_WriteProperties(bag);
+    EXPECT_EQ(std::get<std::string>(bag.at("UserName")), "cid") << "the name in use, whoever set it";
     client.SetUserName("bob");
     EXPECT_TRUE(client.Properties.Set("BackColor", 255));
     EXPECT_FALSE(client.Properties.Set("BackColor", std::string("red")));
     EXPECT_FALSE(client.Properties.Set("Nothing", 1));
     EXPECT_EQ(changed, (std::vector<std::string>{"UserName", "BackColor"}));
     StoredProperties other({});
-    client.Properties.WriteProperties(bag);
+    client.UserControl_WriteProperties(bag);
     bag["Enabled"] = 7; // of another kind
     other.ReadProperties(bag);
     EXPECT_EQ(std::get<std::int32_t>(*other.Get("BackColor")), 255);

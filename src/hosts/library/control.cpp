@@ -55,12 +55,12 @@ std::int16_t Control::BorderStyle() const {
 void Control::SetBorderStyle(std::int16_t style) { Set("BorderStyle", std::int32_t{style}); }
 
 void Control::InitProperties(const std::string& ambientFont) {
-    Guarded([&] { Properties().values.InitProperties(Held(Properties().page, ambientFont)); });
+    Guarded([&] { Properties().init(Held(Properties().page, ambientFont)); });
 }
 
 void Control::WriteProperties(Bag& bag) const {
     StoredProperties::Bag held;
-    Properties().values.WriteProperties(held);
+    Properties().write(held);
     for (auto& [name, value] : held) {
         if (auto* text = std::get_if<std::string>(&value)) *text = Properties().page.ToUtf8(*text);
         bag.insert_or_assign(name, value);

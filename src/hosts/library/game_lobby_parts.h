@@ -15,7 +15,7 @@ struct GameLobby::Parts {
     Machine::Parts& machine;
     ombrin::GameLobby control{machine.ForClient()};
     Membership membership{machine, control.Stack()};
-    Stored stored{control.Properties, machine.page};
+    Stored stored{control, machine.page};
     Controls view{std::make_unique<Controls::Parts>(
         Controls::Parts::World{machine.loop, machine.page, control.MainView(), control.Forms().All(), control.Input(),
                                control.Stack(), [this](int width, int height) { control.Resize(width, height); }})};

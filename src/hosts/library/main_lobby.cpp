@@ -17,7 +17,7 @@ struct MainLobby::Parts {
     Log log{machine.home.files, machine.clock, machine.home.places.SystemDirectory(), boxes};
     Membership membership{machine, stack};
     ombrin::MainLobby control{machine.network, stack, log};
-    Stored stored{control.Properties, machine.page};
+    Stored stored{control, machine.page};
     Controls view{std::make_unique<Controls::Parts>(
         Controls::Parts::World{machine.loop, machine.page, control.MainView(), {}, control.Input(), stack, nullptr})};
 };

@@ -12,7 +12,7 @@ namespace ombrin {
 struct Session {
     std::string m_UserData;     ///< `<user>;<lobby>;<address>`, the head of most client messages
     std::string m_UserName;     ///< the logged-on user, from the record when the connection is made
-    std::string UserName;       ///< the same for those who know no session; a host may set it
+    std::string UserName = "0"; ///< the same for those who know no session, a stored property; a host may set it
     std::string m_CurrentLobby; ///< "temp" until the first lobby is chosen; names the game too
     std::string m_RemoteHost;   ///< the server
     std::string m_RemotePort;   ///< a number as text
