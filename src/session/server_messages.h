@@ -15,7 +15,6 @@ public:
     void TakeAddress(std::string_view payload);
     void NotLoggedOn();
     void TakeLogoffButton();
-    /// A message that nothing in this client shows.
 
 private:
     Desk desk;
