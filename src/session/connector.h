@@ -12,14 +12,16 @@ class Connector {
 public:
     /// Between two tries, so that a machine without a network is not kept busy and a user can cancel.
     static constexpr Milliseconds kRetryPause{1000};
+    /// The line of a connection that is under way, without the local port.
+    static constexpr std::string_view kUsualTrace = "attempting to connect to the server.  Local port: ";
 
     Connector(Desk desk, Alarms& alarms) : desk(desk), alarms(alarms) {}
     ~Connector() { alarms.Cancel(retry); }
     Connector(const Connector&) = delete;
     Connector& operator=(const Connector&) = delete;
 
-    /// To m_RemoteHost and m_RemotePort; `trace` is the line of a connection that is under way, without the local
-    /// port. Returns at once, but for the box of an unreachable host. Raises 13 or 6 when the port is no number.
+    /// To m_RemoteHost and m_RemotePort; `trace` is kUsualTrace, or another one like it. Returns at once, but for the
+    /// box of an unreachable host. Raises 13 or 6 when the port is no number.
     void Start(std::string_view trace);
     /// Gives up: no further try, and the socket is closed.
     void GiveUp();

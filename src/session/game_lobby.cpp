@@ -8,12 +8,6 @@
 
 namespace ombrin {
 
-namespace {
-
-constexpr std::string_view kConnectTrace = "attempting to connect to the server.  Local port: ";
-
-} // namespace
-
 Dialogs::Dialogs(ModalStack& stack, Settings& settings, Session& session, IniFiles& files, Localisation& language,
                  Messages& messages, ConfigurableButtons& targets, Clipboard& clipboard, Trap& trap)
     : ChooseLanguage(stack, language, trap), Connection(stack, settings, session, language, trap),
@@ -133,8 +127,8 @@ void GameLobby::Start(std::optional<std::string> userData) {
     }
     areas->logon.TakeRecordApart(session.m_UserData);
     if (!session.m_StandAlone) areas->autoStart.CheckAutoStart();
-    areas->connector.Start(kConnectTrace);
-    if (session.m_StandAlone) areas->logon.RunCancelLoop(kConnectTrace);
+    areas->connector.Start(Connector::kUsualTrace);
+    if (session.m_StandAlone) areas->logon.RunCancelLoop(Connector::kUsualTrace);
 }
 
 /// The store first, then the file, each when not empty.

@@ -81,7 +81,7 @@ void KeepAlive::CloseSocket() {
         peers.connector.GiveUp();
         dialogs.connection.Hide(); // what it waited for comes no more
         if (dialogs.logon.Visible())
-            desk.session.m_ServerConnected = false; // whoever asks there goes on to a new connection
+            ForgetSession(); // whoever asks there goes on to a new connection
         else
             UserLoggedOff();
     });
@@ -101,6 +101,14 @@ void KeepAlive::UserLoggedOff() {
 
 void KeepAlive::StartAnew() {
     constexpr std::string_view kTrace = "attempting to connect to the server in routine UserLoggedOff.  Local port: ";
+    ForgetSession();
+    peers.logon.DisplayLogonBanner();
+    if (peers.logon.LogonDialogClosed()) return;
+    peers.connector.Start(kTrace); // to the host of the last connection
+    if (desk.session.m_StandAlone) peers.logon.RunCancelLoop(kTrace);
+}
+
+void KeepAlive::ForgetSession() {
     Session& session = desk.session;
     View& view = desk.view;
     view.lbLobbies.Clear();
@@ -119,10 +127,6 @@ void KeepAlive::StartAnew() {
     peers.banners.ForgetMarks();
     peers.ignored.StartAnew();
     session.HeartBeatCountdown = kUsualInterval;
-    peers.logon.DisplayLogonBanner();
-    if (peers.logon.LogonDialogClosed()) return;
-    peers.connector.Start(kTrace); // to the host of the last connection
-    if (session.m_StandAlone) peers.logon.RunCancelLoop(kTrace);
 }
 
 } // namespace ombrin

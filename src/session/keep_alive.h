@@ -41,6 +41,8 @@ private:
     void HeartBeatTimer_Timer();
     void UserLoggedOff();
     void StartAnew();
+    /// Empties the views and clears the marks of the connection that is gone.
+    void ForgetSession();
 
     Desk desk;
     Peers peers;

@@ -84,6 +84,7 @@ void Logon::DisplayLogonBanner() {
         UsrNmPwIP& dialog = dialogs.logon;
         Session& session = desk.session;
         const auto epoch = desk.link.Epoch();
+        const bool wasConnected = session.m_ServerConnected;
         desk.TraceMessage("logon banner displayed");
         dialog.ConnectPressed = false;
         while (true) {
@@ -93,6 +94,8 @@ void Logon::DisplayLogonBanner() {
                 const TextBox& name = session.m_CreatingAccount ? dialogs.account.LogonName : dialog.LogonName;
                 session.m_UserData =
                     Join(name.Text(), ";temp;", dialog.HostMachine.Text(), ";", dialog.HTTPPort.Text());
+                // A host has closed the connection under the dialog: no caller goes on to another.
+                if (wasConnected) ConnectToRecord();
                 return;
             }
             // A refused logon is repeated on the open socket.
@@ -120,6 +123,12 @@ void Logon::RunCancelLoop(std::string_view connectTrace) {
         TakeRecordApart(desk.session.m_UserData);
         connector.Start(connectTrace);
     }
+}
+
+void Logon::ConnectToRecord() {
+    TakeRecordApart(desk.session.m_UserData);
+    connector.Start(Connector::kUsualTrace);
+    if (desk.session.m_StandAlone) RunCancelLoop(Connector::kUsualTrace);
 }
 
 void Logon::DisplayCreateAccount(bool ShowLogon) {
@@ -157,7 +166,7 @@ void Logon::AccountCreated(std::string_view Buf) {
         dialogs.logon.EnsureLoaded();
         dialogs.logon.LogonName.SetText(name);
         dialogs.logon.Password.SetText(password);
-        AskAgain();
+        if (!dialogs.logon.Visible()) DisplayLogonBanner();
     });
 }
 
@@ -165,18 +174,7 @@ void Logon::LogonRefused(const LanguageText& why) {
     dialogs.mainLobby.LobbySelected = false;
     dialogs.connection.Hide();
     desk.messages.DisplayMessage(why);
-    AskAgain();
-}
-
-/// The answer goes over the open socket, unless a host has closed that under the dialog.
-void Logon::AskAgain() {
-    constexpr std::string_view kTrace = "attempting to connect to the server.  Local port: ";
-    if (dialogs.logon.Visible()) return;
-    DisplayLogonBanner();
-    if (desk.session.m_ServerConnected || dialogs.logon.Closed) return;
-    TakeRecordApart(desk.session.m_UserData);
-    connector.Start(kTrace);
-    if (desk.session.m_StandAlone) RunCancelLoop(kTrace);
+    if (!dialogs.logon.Visible()) DisplayLogonBanner();
 }
 
 void Logon::AccountRefused(const LanguageText& why) {

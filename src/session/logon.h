@@ -28,7 +28,8 @@ public:
         : desk(desk), dialogs(dialogs), connector(connector), layout(layout), closeClient(std::move(closeClient)) {}
 
     /// Runs the logon dialog until there is something to do: the record for connecting stands in m_UserData, or the
-    /// logon was sent over the open socket, or the dialog was closed.
+    /// logon was sent over the open socket, or the dialog was closed. Connects by itself when the connection that it
+    /// began with is gone at its end.
     void DisplayLogonBanner();
     /// One visit to the dialog, repeated until its input is complete.
     void ProcessLogonBanner();
@@ -51,7 +52,8 @@ public:
     void AccountRefused(const LanguageText& why);
 
 private:
-    void AskAgain();
+    /// To the host of the record, which has its four fields.
+    void ConnectToRecord();
 
     Desk desk;
     LogonDialogs dialogs;

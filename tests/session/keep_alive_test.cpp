@@ -87,6 +87,52 @@ TEST_F(Connected, CloseSocketUnderAnOpenLogonDialogLeavesItToThatDialog) {
     EXPECT_TRUE(view.Enabled());
 }
 
+TEST_F(Connected, CloseSocketUnderADialogThatAsksAgainLeadsToOneNewConnection) {
+    using Way = void (*)(PlayedClient&);
+    const std::pair<const char*, Way> kWays[] = {
+        {"a refused logon",
+         [](PlayedClient& c) {
+             c.Sends("24:~");
+             c.Answers(BoxResult::Ok);
+         }},
+        {"a refused account, given up",
+         [](PlayedClient& c) {
+             c.Sends("31:~");
+             c.Answers(BoxResult::Ok);
+             c.Presses(c.forms.CreateAccount.Cancel);
+         }},
+        {"a host that asks for it", [](PlayedClient& c) { c.Do([&] { c.client.DisplayLogonBanner(); }); }},
+    };
+    for (const auto& [name, leadToTheDialog] : kWays) {
+        SCOPED_TRACE(name);
+        PlayedClient other;
+        other.LogsOn();
+        leadToTheDialog(other);
+        other.Do([&] { other.client.CloseSocket(); });
+        EXPECT_EQ(other.Top(), "UsrNmPwIP");
+        EXPECT_EQ(other.view.UserList.rows.Count(), 0u) << "what the next lobby fills again";
+        const int before = other.Server().connects;
+        other.Presses(other.forms.UsrNmPwIP.Connect);
+        EXPECT_EQ(other.Server().connects, before + 1);
+        other.Accepts();
+        EXPECT_EQ(other.Server().sent.back(), "Ombrin:15:ann;temp;192.0.2.10;pw;:~");
+    }
+}
+
+TEST_F(Connected, CloseSocketUnderARepeatedLogonOfAnEmbeddedClientConnectsOnce) {
+    PlayedClient other;
+    other.HasChosen();
+    other.Shows("bob;Go;10.0.0.1;80");
+    other.Accepts();
+    other.Sends("24:~");
+    other.Answers(BoxResult::Ok);
+    other.Connects();
+    EXPECT_EQ(other.Top(), "Connection");
+    other.Do([&] { other.client.CloseSocket(); });
+    other.Presses(other.forms.UsrNmPwIP.Connect);
+    EXPECT_EQ(other.Server().connects, 2);
+}
+
 TEST_F(Connected, ANewLogonWhileStillConnectingTakesTheWaitAway) {
     HangsUp();
     Do([this] { client.CloseSocket(); });
