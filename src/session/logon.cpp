@@ -161,7 +161,7 @@ void Logon::AccountCreated(std::string_view Buf) {
         desk.settings.SaveSetting("Settings", "UserPassword", password);
         session.m_CurrentLobby = "temp";
         session.m_UserData = Join(name, ";temp;", desk.link.Winsock().LocalIP());
-        if (dialogs.connection.Visible()) dialogs.connection.Hide();
+        dialogs.connection.Hide();
         desk.messages.DisplayMessage(text::kAccountCreated);
         dialogs.logon.EnsureLoaded();
         dialogs.logon.LogonName.SetText(name);
@@ -175,6 +175,11 @@ void Logon::LogonRefused(const LanguageText& why) {
     dialogs.connection.Hide();
     desk.messages.DisplayMessage(why);
     if (!dialogs.logon.Visible()) DisplayLogonBanner();
+}
+
+void Logon::AccountAccepted(std::string_view Buf) {
+    dialogs.connection.Hide();
+    AccountCreated(Buf);
 }
 
 void Logon::AccountRefused(const LanguageText& why) {

@@ -49,6 +49,7 @@ public:
 
     /// The server refuses a logon; the next try goes over the same socket.
     void LogonRefused(const LanguageText& why);
+    void AccountAccepted(std::string_view Buf);
     void AccountRefused(const LanguageText& why);
 
 private:

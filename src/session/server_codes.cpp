@@ -52,7 +52,7 @@ constexpr std::array kServerCodes{
     ServerCode{"23", [](Areas& a, Payload) { a.logon.LogonRefused(text::kError6); }},
     ServerCode{"24", [](Areas& a, Payload) { a.logon.LogonRefused(text::kError7); }},
     ServerCode{"25", [](Areas& a, Payload) { a.logon.LogonRefused(text::kError8); }},
-    ServerCode{"27", [](Areas& a, Payload p) { a.logon.AccountCreated(p); }},
+    ServerCode{"27", [](Areas& a, Payload p) { a.logon.AccountAccepted(p); }},
     ServerCode{"28", [](Areas& a, Payload) { a.logon.AccountRefused(text::kError9); }},
     ServerCode{"29", [](Areas& a, Payload) { a.logon.AccountRefused(text::kError10); }},
     ServerCode{"30", [](Areas& a, Payload) { a.logon.AccountRefused(text::kError11); }},
