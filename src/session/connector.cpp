@@ -8,7 +8,6 @@ void Connector::Start(std::string_view line) {
     alarms.Cancel(retry);
     trace = line;
     desk.session.m_LocalIP = desk.link.Winsock().LocalIP();
-    ToLong(desk.session.m_RemotePort);
     Try();
 }
 
