@@ -27,13 +27,13 @@ public:
 
     /// The values of a control that was just made, in the container's font.
     void InitProperties(const std::string& ambientFont);
-    /// What the bag does not hold stays as it is.
+    /// What the bag does not hold, or holds in another kind or beyond its range, stays as it is.
     void ReadProperties(const Bag& bag);
     void WriteProperties(Bag& bag) const;
 
     /// nullptr for a property that does not exist.
     const Value* Get(std::string_view name) const;
-    /// False for one that does not exist, and for a value of another kind.
+    /// False for one that does not exist, and for a value of another kind or beyond its range.
     bool Set(std::string_view name, Value value);
 
 private:

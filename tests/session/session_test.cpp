@@ -447,6 +447,7 @@ TEST_F(Session, StoredPropertiesReportTheirChangesAndSurviveABag) {
     client.SetUserName("bob");
     EXPECT_TRUE(client.Properties.Set("BackColor", 255));
     EXPECT_FALSE(client.Properties.Set("BackColor", std::string("red")));
+    EXPECT_FALSE(client.Properties.Set("BackStyle", 32768));
     EXPECT_FALSE(client.Properties.Set("Nothing", 1));
     EXPECT_EQ(changed, (std::vector<std::string>{"UserName", "BackColor"}));
     StoredProperties other({});
