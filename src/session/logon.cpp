@@ -82,6 +82,7 @@ void Logon::ProcessLogonBanner() {
 void Logon::DisplayLogonBanner() {
     desk.trap(__func__, [&] {
         UsrNmPwIP& dialog = dialogs.logon;
+        if (dialog.Visible()) return; // whoever has opened it goes on when it closes
         Session& session = desk.session;
         const auto epoch = desk.link.Epoch();
         const bool wasConnected = session.m_ServerConnected;
@@ -166,7 +167,7 @@ void Logon::AccountCreated(std::string_view Buf) {
         dialogs.logon.EnsureLoaded();
         dialogs.logon.LogonName.SetText(name);
         dialogs.logon.Password.SetText(password);
-        if (!dialogs.logon.Visible()) DisplayLogonBanner();
+        DisplayLogonBanner();
     });
 }
 
@@ -174,7 +175,7 @@ void Logon::LogonRefused(const LanguageText& why) {
     dialogs.mainLobby.LobbySelected = false;
     dialogs.connection.Hide();
     desk.messages.DisplayMessage(why);
-    if (!dialogs.logon.Visible()) DisplayLogonBanner();
+    DisplayLogonBanner();
 }
 
 void Logon::AccountAccepted(std::string_view Buf) {

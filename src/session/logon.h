@@ -29,7 +29,7 @@ public:
 
     /// Runs the logon dialog until there is something to do: the record for connecting stands in m_UserData, or the
     /// logon was sent over the open socket, or the dialog was closed. Connects by itself when the connection that it
-    /// began with is gone at its end.
+    /// began with is gone at its end. Does nothing while the dialog is open.
     void DisplayLogonBanner();
     /// One visit to the dialog, repeated until its input is complete.
     void ProcessLogonBanner();

@@ -428,6 +428,10 @@ TEST_F(Session, ASecondRefusalUnderTheOpenDialogSendsNothing) {
     EXPECT_EQ(BoxText(), "Logon Error: User already logged on.");
     Answers(BoxResult::Ok);
     EXPECT_EQ(Top(), "UsrNmPwIP");
+    Sends("31:~");
+    Answers(BoxResult::Ok);
+    Presses(forms.CreateAccount.Cancel);
+    EXPECT_EQ(Top(), "UsrNmPwIP");
     EXPECT_EQ(Heard(), "");
 }
 
