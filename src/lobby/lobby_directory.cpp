@@ -29,9 +29,11 @@ void LobbyDirectory::AddLobbiesToListBox(std::string_view data, ListBox& list) {
         if (list.rows.Count() > 0) return;
         std::string displayed = LobbyFilter::DisplayedGames(desk.iniFiles);
         if (displayed.empty()) {
-            if (filter.Visible()) throw RuntimeError(ErrorNumber::FormAlreadyShown);
+            const auto epoch = desk.link.Epoch();
+            filter.Hide(); // opened by a list before this one; it is chosen from this one instead
             filter.Create(data);
             filter.ShowModal();
+            if (desk.link.Epoch() != epoch) return; // the list of a connection that is gone
             displayed = filter.SelectedGames;
         }
         list.Clear();

@@ -50,6 +50,35 @@ TEST_F(BeforeLobby, TheFirstRunChoosesTheLobbiesAndThereIsNoWayOutWithoutAChoice
     EXPECT_EQ(world.Told("sound"), Rows{"EnterLobby2"});
 }
 
+TEST(FirstChoice, IsMadeFromTheListThatCameLastAlsoAfterANewLogonUnderIt) {
+    for (const bool logsOnAnew : {false, true}) {
+        SCOPED_TRACE(logsOnAnew);
+        PlayedClient ann;
+        const auto connects = [&] {
+            ann.Connects();
+            ann.Accepts();
+            ann.Heard();
+        };
+        ann.HasChosen("");
+        ann.Shows();
+        connects();
+        ann.Sends("45:10.0.0.5;~22:Chess,3;Go,12;~");
+        if (logsOnAnew) {
+            ann.Do([&] { ann.client.CloseSocket(); });
+            connects();
+        }
+        ann.Sends("45:10.0.0.5;~22:Go,5;Quake,1;~");
+        EXPECT_EQ(ann.Top(), "LobbyFilter");
+        EXPECT_EQ(PlayedClient::Texts(ann.forms.LobbyFilter.GameList.rows), (Rows{"Go", "Quake"}));
+        ann.Selects(ann.forms.LobbyFilter.GameList, 0);
+        ann.Presses(ann.forms.LobbyFilter.OK);
+        EXPECT_EQ(ann.Top(), "");
+        EXPECT_EQ(ann.Heard(), "Ombrin:2:ann;Go;10.0.0.5;;:~");
+        EXPECT_EQ(ann.Heard(), logsOnAnew ? "" : "Ombrin:2:ann;Go;10.0.0.5;;:~") << "each list has its answer";
+        EXPECT_EQ(PlayedClient::Texts(ann.view.lbLobbies.rows), Rows{logsOnAnew ? "Go : 5" : "Go : 12"});
+    }
+}
+
 TEST_F(BeforeLobby, AFilterShowsExactNamesInTheServersOrderAndAnUnclosedItemIsNotSeen) {
     const struct {
         const char* displayed;
