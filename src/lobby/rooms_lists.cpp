@@ -22,6 +22,9 @@ bool Cut(std::string_view& data, RoomRecord& room) {
     return !room.name.empty();
 }
 
+/// The name in the text of a room's row, as it came.
+std::string_view NameOf(std::string_view text) { return StrExtractLeft(text, " "); }
+
 /// Pictures of RoomImages by status; any other status leaves the picture as it was.
 struct StatusImage {
     std::string_view status;
@@ -70,8 +73,8 @@ void Rooms::RemoveGameLobbyRoom(std::string_view data) {
         const std::string_view name = GetCommand(data, kFieldEnd);
         if (name.empty()) return;
         ListView& list = desk.view.RoomList;
-        const RowId row = list.rows.Find(name);
-        if (!row) return;
+        const RowId row = list.rows.Find(Trim(name)); // the key is trimmed, the name may have blanks around it
+        if (!row || NameOf(list.rows.Text(row)) != name) return;
         list.Remove(row);
         if (list.rows.Count() == 0) position.Take(RoomEvent::LastRoomGone);
     });
@@ -92,7 +95,7 @@ void Rooms::UpdateRoomUserCount(std::string_view room, std::int16_t delta) {
 
 std::string Rooms::SelectedRoomName() const {
     const ListView& list = desk.view.RoomList;
-    return std::string(StrExtractLeft(list.rows.Text(list.SelectedItem()), " "));
+    return std::string(NameOf(list.rows.Text(list.SelectedItem())));
 }
 
 void Rooms::RoomList_MouseUp(int button) {

@@ -53,6 +53,8 @@ TEST_F(WithRooms, RowsCarryNameNumbersAddressAndPicture) {
         {"13:2:stranger;Arena;10.0.0.9;5:bob;Arena;;3:cid;Arena;;~", {"Arena (4/8)", "Red Base (1/4)"}, {2, 1}},
         {"2:Arena;4;10.0.0.1;1;2;~", {"Arena (4/8)", "Red Base (1/4)", "Arena (1/2)"}, {3, 1, 0}},
         {"11:Arena;~11:Nosuch;~", {"Red Base (1/4)", "Arena (1/2)"}, {1, 0}},
+        {"2: Hut ;1;;1;2;~11:Hut;~", {"Red Base (1/4)", "Arena (1/2)", " Hut  (1/2)"}, {1, 0, 0}},
+        {"11: Hut ;~", {"Red Base (1/4)", "Arena (1/2)"}, {1, 0}},
     };
     for (const auto& row : kCases) {
         Sends(row.message);
