@@ -76,7 +76,6 @@ void ExeMainLobby::AddGamesToListBox() {
         Name());
 }
 
-/// Errors are stepped over here.
 void ExeMainLobby::Form_Activate() {
     trap.log.TraceMessage("main lobby dialog displayed");
     GetLobbyPassword();
