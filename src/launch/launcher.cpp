@@ -20,8 +20,8 @@ void Launcher::Launch_Click() {
     desk.trap(__func__, [&] {
         desk.TraceMessage("Launch game pressed");
         peers.position.Take(RoomEvent::LaunchPressed);
-        WaitForTheServer();
         desk.link.SendData(client_message::Launch(desk.session.m_UserData, desk.session.m_CurrentRoom));
+        WaitForTheServer(); // last: a setting that is no number must not keep the game back
     });
 }
 

@@ -200,6 +200,11 @@ TEST_F(Player, AServerThatDoesNotAnswerGivesTheViewBackWhereASettingSaysSo) {
     Passes(Milliseconds(1'000));
     EXPECT_TRUE(view.Enabled() && view.Launch.Enabled());
     EXPECT_EQ(client.RoomPosition(), Position::Creator);
+    Heard();
+    client.Store().SaveSetting("Settings", "LaunchPatience", "soon");
+    Presses(view.Launch);
+    EXPECT_EQ(Heard(), "Ombrin:10:ann;Go;10.0.0.5;Base;:~") << "a setting that is no number keeps no game back";
+    EXPECT_TRUE(BoxText().starts_with("Error: occured in module Launch_Click()"));
 }
 
 TEST_F(Player, AGameIsSearchedForWithTheUsersConsentLevelByLevel) {

@@ -30,7 +30,7 @@ struct Session {
     bool m_UserListSeen = false;    ///< a lobby's user list has come since the start
     bool m_bBannersEnabled = false;
 
-    // Copies of settings, taken at start-up
+    // Copies of settings, taken at start-up; a dialog that changes such a setting changes its copy, too
     bool TracingOn = false;              ///< trace each message by its code
     bool ChatSoundsOn = false;           ///< each displayed line sounds
     std::int16_t HeartBeatInterval = 0;  ///< minutes, 0 for the usual ones
