@@ -69,7 +69,7 @@ void PauseAV::ChooseTexts() {
                            Fits(row.usesDirectPlay, UsesDirectPlay);
                 })->text;
             const std::string current = language.CurrentLanguage();
-            if (current.empty() || current == Localisation::kEnglish) {
+            if (Localisation::IsBuiltIn(current)) {
                 Label2.SetCaption(chosen.english);
                 return;
             }

@@ -15,7 +15,7 @@ public:
     /// `<buddy>;<lobby>;` any number of times, the lobby empty for one who is not on line.
     void DisplayBuddyList(std::string_view data);
 
-    // Public
+    // For hosts, and behind the two buttons under the pane
     void btnAddBuddy_Click() { AddBuddy_Click(); }
     void btnRemoveBuddy_Click() { RemoveBuddy_Click(); }
 

@@ -35,8 +35,7 @@ void PMDialog::Form_Load() {
             InitializeMSFlexGrid(msflxPMLines, true);
             language.TranslateForm(*this);
             const std::string current = language.CurrentLanguage();
-            const bool english = current.empty() || current == Localisation::kEnglish;
-            if (english || !language.Translation(current, "PrivateMessage").empty())
+            if (Localisation::IsBuiltIn(current) || !language.Translation(current, "PrivateMessage").empty())
                 SetCaption(Join(Caption(), " - ", OwnName));
             User.SetText(Recipient);
         },

@@ -8,8 +8,6 @@ namespace {
 
 constexpr std::string_view kCurrentSection = "CurrentLanguage", kCurrentKey = "Language";
 
-bool IsBuiltIn(std::string_view language) { return language.empty() || language == Localisation::kEnglish; }
-
 } // namespace
 
 std::string Localisation::CurrentLanguage() {

@@ -20,6 +20,9 @@ public:
     static constexpr std::string_view kFile = "AVfLang.ini";
     static constexpr std::string_view kEnglish = "English"; ///< selects the texts built into the program
 
+    /// No language, or English: dialogs and the view then keep the texts that they are made with.
+    static bool IsBuiltIn(std::string_view language) { return language.empty() || language == kEnglish; }
+
     Localisation(IniFiles& files, Trap& trap) : files(files), trap(trap) {}
 
     /// Language in force by the file, empty while none has been chosen.

@@ -16,7 +16,7 @@ void ViewLanguage::SetForeignLanguage() {
         }
         language.SetFLLanguage(current);
         m_sRoomWord = "Room";
-        if (current.empty() || current == Localisation::kEnglish) return;
+        if (Localisation::IsBuiltIn(current)) return;
         const std::string room = language.Translation(current, "Room");
         if (!room.empty()) {
             view.RoomBorder.SetCaption(Join(room, ":"));
