@@ -22,7 +22,7 @@ struct DirectPlayer : PlayedClient, testing::Test {
         Has(kSeven + "Zebra", "Guid", "{Z}");
         Has(kSeven + "Ants", "Guid", "{A}");
         Has(kEight + "{EIGHT}", "ApplicationName", "Octopus");
-        Has(kEight + "{NAMELESS}", "Other", "x");
+        Has(kEight + "{A NAMELESS ONE}", "Other", "x");
     }
     void Plays(const std::string& application, const std::string& lobby = "Go") {
         client.Store().SaveSetting("DirectPlay", lobby, application);
@@ -71,7 +71,7 @@ struct DirectPlayer : PlayedClient, testing::Test {
 TEST_F(DirectPlayer, TheListHoldsBothKindsAndEachSideAsksForItsOwn) {
     HasTwoGames();
     LogsOn();
-    EXPECT_EQ(client.m_DPGameList(), "Ants;Zebra;Octopus;;");
+    EXPECT_EQ(client.m_DPGameList(), "Ants;Zebra;Octopus;");
     EXPECT_EQ(forms.ConfigureGame.DPGameList, client.m_DPGameList());
     const std::string seven = "directplay RunApplication {A} {TCP} ", eight = "directplay ConnectApplication {EIGHT} ";
     Creates();

@@ -4,6 +4,7 @@
 #include "foundation/text.h"
 
 #include <map>
+#include <vector>
 
 namespace ombrin::directplay {
 
@@ -19,13 +20,10 @@ public:
     explicit LobbyClient(const Machine& machine) : machine(machine) {}
 
     void RegisterMessageHandler(DirectPlay8LobbyEvent&) override {} // the layer has nothing to tell
-    int GetCountLocalPrograms(std::string_view) override {
-        return static_cast<int>(machine.registry.Subkeys(kApplications8).size());
-    }
+    int GetCountLocalPrograms(std::string_view) override { return static_cast<int>(Programs().size()); }
     ApplicationInfo GetLocalProgram(int index) override {
-        const auto guids = machine.registry.Subkeys(kApplications8);
-        const std::string& guid = guids[RegistryService::Position(index, guids.size())];
-        return {guid, machine.Text(Join(kApplications8, "\\", guid), "ApplicationName")};
+        const auto programs = Programs();
+        return programs[RegistryService::Position(index, programs.size())];
     }
     long ConnectApplication(const ConnectInfo& info, long timeout, long) override {
         const ConnectionSettings& settings = info.settings;
@@ -49,6 +47,15 @@ public:
     void Close() override {}
 
 private:
+    /// A key without a name is no application: in a list of names an empty one would be the end.
+    std::vector<ApplicationInfo> Programs() const {
+        std::vector<ApplicationInfo> programs;
+        for (const std::string& guid : machine.registry.Subkeys(kApplications8))
+            if (std::string name = machine.Text(Join(kApplications8, "\\", guid), "ApplicationName"); !name.empty())
+                programs.push_back({guid, std::move(name)});
+        return programs;
+    }
+
     Machine machine;
 };
 
