@@ -15,8 +15,8 @@ void Discovery::SetDirectIPGame(std::string_view payload) {
             return;
         }
         const std::string game(GetCommand(payload, kFieldEnd)), executable(GetCommand(payload, kFieldEnd));
-        if (!IsBareName(game) || !IsBareName(executable)) {
-            desk.trap.log.LogError("Error: the server names a game or a file that is no bare name.", false);
+        if (game.empty() || !IsBareName(executable)) {
+            desk.trap.log.LogError("Error: the server names no game, or a file by more than its name.", false);
             return;
         }
         if (FileOf(records.GameFile(game)) == executable) return;

@@ -174,10 +174,11 @@ TEST_F(DirectPlayer, TheServerTurnsGamesOverWhoseApplicationIsHere) {
     LogsOn();
     EXPECT_NE(view.ConfigWarning.Caption(), "");
     client.Store().SaveSetting("DirectPlay", "Chess", "mine");
-    Sends("39:Chess;NoSuch;Empty;;../up;Ants;Go;Octopus;Nim;Zebra;;;After;Ants;~");
+    Sends("39:Chess;NoSuch;Empty;;Go/Pro;Ants;Go;Octopus;Nim;Zebra;;;After;Ants;~");
     EXPECT_EQ(Record("Chess"), "mine|");
     EXPECT_EQ(Record("Go") + " " + Record("Nim"), "Octopus|Y Zebra|Y");
-    EXPECT_EQ(Record("../up") + Record("Empty") + Record("After"), "|||");
+    EXPECT_EQ(Record("Go/Pro"), "Ants|Y") << "a lobby may be called like that";
+    EXPECT_EQ(Record("Empty") + Record("After"), "||");
     EXPECT_EQ(view.ConfigWarning.Caption(), "");
     std::string many = "39:";
     for (int i = 1; i <= 200; ++i) many += "Game" + std::to_string(i) + ";Ants;";

@@ -238,14 +238,14 @@ TEST_F(Player, AGameIsSearchedForWithTheUsersConsentLevelByLevel) {
     EXPECT_TRUE(asks("Go;nosuch.exe;", BoxResult::Yes));
     EXPECT_EQ(BoxText(), "This game does not seem to be installed on your system.  Could not set auto-start.");
     Answers(BoxResult::Ok);
-    for (const char* odd : {"", "Go;../hl.exe;", "a/b;hl.exe;", "Go;..;", "Go;;"})
+    for (const char* odd : {"", "Go;../hl.exe;", ";hl.exe;", "Go;..;", "Go;;"})
         EXPECT_FALSE(asks(odd, BoxResult::Yes)) << odd;
     EXPECT_EQ(Top(), "");
 
     world.registry.Write("HKEY_LOCAL_MACHINE\\SOFTWARE\\Matrix Games\\Squad Assault - West Front", "installed to",
                          std::string("C:\\SA"));
-    EXPECT_FALSE(asks("Chess;SquadAssaultWestFront.exe;", BoxResult::Yes));
-    EXPECT_EQ(Setting("Games", "Chess"), "C:\\SA\\SquadAssaultWestFront.exe");
+    EXPECT_FALSE(asks("Chess/Go;SquadAssaultWestFront.exe;", BoxResult::Yes));
+    EXPECT_EQ(Setting("Games", "Chess/Go"), "C:\\SA\\SquadAssaultWestFront.exe");
 }
 
 TEST_F(Player, TheCreatorsOtherNetworkIsStartedFirstWithEverybodysAddress) {

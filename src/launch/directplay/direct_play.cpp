@@ -176,10 +176,7 @@ void DirectPlay::SetDirectPlayGames(std::string_view payload) {
         for (int pair = 1; pair <= kMostPairs; ++pair) {
             const std::string game(GetCommand(payload, kFieldEnd)), application(GetCommand(payload, kFieldEnd));
             if (game.empty()) break;
-            if (!IsBareName(game))
-                desk.trap.log.LogError("Error: the server names a game that is no bare name.", false);
-            else if (!application.empty())
-                SetGame(game, application);
+            if (!application.empty()) SetGame(game, application);
         }
         autoStart.CheckAutoStart();
     });
