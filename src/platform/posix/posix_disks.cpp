@@ -28,16 +28,20 @@ bool IsDirectory(const std::string& path, const dirent& entry) {
 
 } // namespace
 
-/// A disk that is mounted in several places counts once, where it was mounted first.
+/// A disk that is mounted in several places counts once, where it was mounted first. The device number tells, as the
+/// subvolumes of one device are disks of their own.
 std::vector<std::string> PosixDisks::FixedDisks() {
     std::vector<std::string> roots;
     if (const std::string named = prefix.Named(); !named.empty())
         if (const auto drive = page.FromUtf8(named + "/drive_c/")) roots.push_back(*drive);
     std::FILE* table = setmntent("/proc/self/mounts", "r");
     if (table == nullptr) return roots;
-    std::set<std::string> devices;
+    std::set<dev_t> devices;
     while (const mntent* mount = getmntent(table)) {
-        if (!IsLocal(mount->mnt_type) || !devices.insert(mount->mnt_fsname).second) continue;
+        struct stat info {};
+        if (!IsLocal(mount->mnt_type) || stat(mount->mnt_dir, &info) != 0 || !S_ISDIR(info.st_mode) ||
+            !devices.insert(info.st_dev).second)
+            continue;
         auto root = page.FromUtf8(mount->mnt_dir);
         if (!root) continue;
         if (!root->ends_with('/')) *root += '/';
