@@ -19,11 +19,24 @@ bool IsLocal(std::string_view type) {
     return std::find(kLocalFileSystems.begin(), kLocalFileSystems.end(), type) != kLocalFileSystems.end();
 }
 
-bool IsDirectory(const std::string& path, const dirent& entry) {
-    if (entry.d_type == DT_DIR) return true;
-    if (entry.d_type != DT_UNKNOWN) return false;
+/// No link to one.
+bool IsDirectory(int folder, const dirent& entry) {
+    if (entry.d_type != DT_UNKNOWN) return entry.d_type == DT_DIR;
     struct stat info {};
-    return lstat((path + "/" + entry.d_name).c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+    return fstatat(folder, entry.d_name, &info, AT_SYMLINK_NOFOLLOW) == 0 && S_ISDIR(info.st_mode);
+}
+
+/// Also by a link.
+bool IsFile(int folder, const dirent& entry) {
+    if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK) return entry.d_type == DT_REG;
+    struct stat info {};
+    return fstatat(folder, entry.d_name, &info, 0) == 0 && S_ISREG(info.st_mode);
+}
+
+/// What is mounted there is a disk of its own, or none.
+bool IsOnDevice(dev_t device, int folder, const dirent& entry) {
+    struct stat info {};
+    return fstatat(folder, entry.d_name, &info, AT_SYMLINK_NOFOLLOW) != 0 || info.st_dev == device;
 }
 
 } // namespace
@@ -53,22 +66,20 @@ std::vector<std::string> PosixDisks::FixedDisks() {
 
 std::vector<Disks::Entry> PosixDisks::List(const std::string& directory) {
     std::vector<Entry> entries;
-    const std::string path = page.ToUtf8(directory);
+    std::string path = page.ToUtf8(directory);
+    std::replace(path.begin(), path.end(), '\\', '/');
     DIR* open = opendir(path.c_str());
     if (open == nullptr) return entries;
+    const int folder = dirfd(open);
     struct stat own {};
-    fstat(dirfd(open), &own);
+    fstat(folder, &own);
     while (const dirent* entry = readdir(open)) {
         const std::string_view raw = entry->d_name;
         if (raw == "." || raw == "..") continue;
         auto name = page.FromUtf8(raw);
         if (!name) continue;
-        bool enterable = IsDirectory(path, *entry);
-        struct stat info {};
-        // What is mounted there is a disk of its own, or none.
-        if (enterable && fstatat(dirfd(open), entry->d_name, &info, AT_SYMLINK_NOFOLLOW) == 0)
-            enterable = info.st_dev == own.st_dev;
-        entries.push_back({std::move(*name), enterable, raw.front() == '.'});
+        const bool enterable = IsDirectory(folder, *entry) && IsOnDevice(own.st_dev, folder, *entry);
+        if (enterable || IsFile(folder, *entry)) entries.push_back({std::move(*name), enterable, raw.front() == '.'});
     }
     closedir(open);
     return entries;
