@@ -19,6 +19,8 @@ void BattleLan::LaunchUsingBattleLAN(const RowList& roomUsers) {
                         position == 0 ? LocalFiles::WriteMode::Create : LocalFiles::WriteMode::Append);
         }
         const Processes::TaskId task = processes.Shell({std::string(kProgram), kProgram.size()});
+        if (task == Processes::kNone)
+            throw RuntimeError(ErrorNumber::FileNotFound, Join(kProgram, " cannot be started"));
         processes.AppActivate(task);
         processes.SendKeys("{ENTER}");
         processes.Sleep(kWait);

@@ -259,6 +259,17 @@ TEST_F(Player, TheCreatorsOtherNetworkIsStartedFirstWithEverybodysAddress) {
     EXPECT_EQ(Done(), (Rows{"clipboard 10.0.0.5", "chdir C:\\W3", "shell BattleLANv0.5.exe", "sleep 4000",
                             "shell C:\\W3\\Warcraft III.exe"}));
     Presses(forms.PauseAV.ResumeButton);
+
+    Sends("3:ann;;N;dan;10.0.0.7;N;~"); // without an address in front, what the last launch wrote stays
+    world.processes.starts = {false, true};
+    Presses(view.Launch);
+    Sends("12:10.0.0.5;~");
+    EXPECT_EQ(BoxText(), "Error: occured in module LaunchUsingBattleLAN().  Error number: 53,  Error Line: 0,  "
+                         "Description: BattleLANv0.5.exe cannot be started");
+    Answers(BoxResult::Ok);
+    EXPECT_EQ(world.files.Content("/home/system/BattleLAN.ini"), "10.0.0.5\r\n10.0.0.9\r\n10.0.0.7\r\n");
+    EXPECT_EQ(Done().back(), "shell C:\\W3\\Warcraft III.exe") << "the game starts all the same";
+    Presses(forms.PauseAV.ResumeButton);
 }
 
 } // namespace ombrin::test
