@@ -26,11 +26,14 @@ void IniFile::Change(const std::function<bool(IniDocument&)>& change) {
 }
 
 std::string IniFiles::PathOf(std::string_view name) const {
-    if (name.find_first_of("/\\") != std::string_view::npos) return std::string(name);
-    const std::string usual = Join(windowsDirectory, "/", name);
+    const std::size_t cut = name.find_last_of("/\\");
+    const bool isBare = cut == std::string_view::npos;
+    const std::string folder = isBare ? Join(windowsDirectory, "/") : std::string(name.substr(0, cut + 1));
+    const std::string_view own = isBare ? name : name.substr(cut + 1);
+    std::string usual = Join(folder, own);
     if (files.StampOf(usual)) return usual;
-    for (const std::string& other : files.NamesIn(windowsDirectory))
-        if (EqualIgnoringCase(other, name)) return Join(windowsDirectory, "/", other);
+    for (const std::string& other : files.NamesIn(folder))
+        if (EqualIgnoringCase(other, own)) return Join(folder, other);
     return usual;
 }
 

@@ -32,8 +32,8 @@ private:
     std::optional<Files::Stamp> stamp;
 };
 
-/// The INI files by name. A bare name means a file of the Windows directory, compared without regard to case; a name
-/// with a separator is a path.
+/// The INI files by name. A bare name means a file of the Windows directory; a name with a separator is a path. A
+/// file's own name is compared without regard to case.
 class IniFiles {
 public:
     /// Characters that a read hands over at most: the buffers of its callers, less the closing NUL.

@@ -31,6 +31,9 @@ TEST_F(IniFilesTest, ANameWithASeparatorIsAPath) {
     ini.Write(R"(/games\FS2000.cfg)", "MultiPlayer", "Options", "1");
     EXPECT_EQ(files.Content("/games/FS2000.cfg"), "[MultiPlayer]\nOptions=1\n");
     EXPECT_EQ(ini.Read("/games/FS2000.cfg", "MultiPlayer", "Options"), "1");
+    ini.Write(R"(\games\fs2000.CFG)", "MultiPlayer", "Options", "2");
+    EXPECT_EQ(files.Content("/games/FS2000.cfg"), "[MultiPlayer]\nOptions=2\n");
+    EXPECT_THAT(files.NamesIn("/games"), testing::ElementsAre("FS2000.cfg"));
 }
 
 TEST_F(IniFilesTest, WhatIsMissingReadsAsEmpty) {
