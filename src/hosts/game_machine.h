@@ -22,7 +22,10 @@ struct GameMachine {
               page, waiter, [this] { return settings.GetSetting("Settings", "Runner", "wine"); }, prefix),
           hive(files, places.RegistryFile()),
           registry(hive, files, page, [this] { return settings.GetSetting("Settings", "WinePrefix"); }),
-          disks(page, prefix), applications(files, processes, places.SystemDirectory()) {}
+          disks(page, prefix), applications(files, processes, places.SystemDirectory()), files(files) {
+        files.drives = [this](std::string_view path) { return prefix.Native(path); };
+    }
+    ~GameMachine() { files.drives = nullptr; }
     GameMachine(const GameMachine&) = delete;
     GameMachine& operator=(const GameMachine&) = delete;
 
@@ -33,6 +36,9 @@ struct GameMachine {
     WineRegistry registry;
     PosixDisks disks;
     SessionApplications applications;
+
+private:
+    PosixFiles& files; ///< go by the prefix's drives, like the programs, as long as this is there
 };
 
 } // namespace ombrin

@@ -2,6 +2,7 @@
 
 #include "../foundation/raised.h"
 #include "foundation/settings.h"
+#include "platform/posix/wine_prefix.h"
 #include "scratch.h"
 
 #include <csignal>
@@ -152,6 +153,15 @@ TEST_F(PosixFilesTest, NamesOnTheDiskAreUtf8AndThoseOfNoPageAreLeftOut) {
     std::ofstream(scratch / "\xD0\x90.txt") << "x";
     EXPECT_THAT(files.NamesIn(scratch.path), testing::ElementsAre("\xDC"
                                                                   "ber\x80.txt"));
+}
+
+TEST_F(PosixFilesTest, APathWithADriveLetterGoesByTheDrivesOfAPrefix) {
+    const WinePrefix prefix([this] { return scratch.path; });
+    fs::create_directories(scratch / "dosdevices/c:/Games");
+    files.drives = [&](std::string_view native) { return prefix.Native(native); };
+    Write(R"(C:\Games\FS2002.cfg)", "[MULTIPLAYER]");
+    EXPECT_EQ(files.Read(scratch / "dosdevices/c:/Games/FS2002.cfg"), "[MULTIPLAYER]");
+    EXPECT_THAT(files.NamesIn(R"(c:\Games\)"), testing::Contains("FS2002.cfg"));
 }
 
 TEST_F(PosixFilesTest, FoldersAreMadeWithThoseAboveAndMayBeThereAlready) {

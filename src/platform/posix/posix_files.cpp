@@ -3,6 +3,7 @@
 #include "foundation/runtime_error.h"
 #include "platform/posix/descriptor.h"
 #include "platform/posix/native_files.h"
+#include "platform/posix/wine_prefix.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -75,7 +76,7 @@ std::string PosixFiles::Native(std::string_view path) const {
     std::string native = page.ToUtf8(path);
     std::replace(native.begin(), native.end(), '\\', '/');
     if (native.find('\0') != std::string::npos) throw RuntimeError(ErrorNumber::PathNotFound);
-    return native;
+    return drives && HasDriveLetter(native) ? drives(native) : native;
 }
 
 std::optional<Files::Stamp> PosixFiles::StampOf(const std::string& path) const {

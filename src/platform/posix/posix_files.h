@@ -4,6 +4,8 @@
 #include "foundation/code_page.h"
 #include "foundation/files.h"
 
+#include <functional>
+
 namespace ombrin {
 
 class PosixFiles : public Files {
@@ -19,6 +21,8 @@ public:
 
     /// The path as the system takes it.
     std::string Native(std::string_view path) const;
+    /// Where a path with a drive letter lies, both in UTF-8; without it such a path is one like any other.
+    std::function<std::string(std::string_view path)> drives;
     /// Makes the folder and those above it; one that is there stays as it is.
     void MakeFolder(const std::string& path, Readers readers) const;
 
