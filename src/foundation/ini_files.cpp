@@ -30,11 +30,11 @@ std::string IniFiles::PathOf(std::string_view name) const {
     const bool isBare = cut == std::string_view::npos;
     const std::string folder = isBare ? Join(windowsDirectory, "/") : std::string(name.substr(0, cut + 1));
     const std::string_view own = isBare ? name : name.substr(cut + 1);
-    std::string usual = Join(folder, own);
-    if (files.StampOf(usual)) return usual;
+    // Where the folder holds several spellings of one name, one of them is the file, whatever spelling asks for it.
+    std::string spelling;
     for (const std::string& other : files.NamesIn(folder))
-        if (EqualIgnoringCase(other, own)) return Join(folder, other);
-    return usual;
+        if (EqualIgnoringCase(other, own) && (spelling.empty() || other < spelling)) spelling = other;
+    return Join(folder, spelling.empty() ? own : spelling);
 }
 
 IniFile& IniFiles::File(std::string_view name) {

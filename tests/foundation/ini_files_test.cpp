@@ -25,6 +25,9 @@ TEST_F(IniFilesTest, ABareNameMeansTheWindowsDirectoryHoweverItIsSpelt) {
     ini.Write("av.INI", "AutoConnect", "DefaultIP", "changed");
     EXPECT_EQ(files.Content("/root/windows/AV.ini"), "[AutoConnect]\nDefaultIP=changed\n");
     EXPECT_THAT(files.NamesIn("/root/windows"), testing::ElementsAre("AV.ini"));
+    Lies("/root/windows/av.ini", "[AutoConnect]\nDefaultIP=by hand\n");
+    for (const char* name : {"AV.ini", "av.ini", "Av.Ini"})
+        EXPECT_EQ(ini.Read(name, "AutoConnect", "DefaultIP"), "changed") << "of two, the same one for " << name;
 }
 
 TEST_F(IniFilesTest, ANameWithASeparatorIsAPath) {
