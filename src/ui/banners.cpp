@@ -7,6 +7,7 @@
 #include "ui/web_address.h"
 
 #include <algorithm>
+#include <exception>
 
 namespace ombrin {
 
@@ -24,6 +25,18 @@ bool CanBeKept(std::string_view address) {
 }
 
 std::string Banner(std::int16_t number) { return Join("Banner", std::to_string(number)); }
+
+/// Cut by its length, as an address may hold anything; the character behind it is skipped.
+void StoreEntry(SettingsDraft& draft, const std::string& banner, std::string_view& buffer) {
+    const std::int16_t seconds = ToInteger(GetCommand(buffer, kFieldEnd));
+    draft.Put(kSection, banner + "Time", std::to_string(seconds));
+    const std::int16_t length = ToInteger(GetCommand(buffer, kFieldEnd));
+    if (length < 0) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    const auto size = static_cast<std::size_t>(length);
+    const std::string address = DecodeData(buffer.substr(0, size));
+    buffer.remove_prefix(std::min(buffer.size(), size + 1));
+    draft.Put(kSection, banner, CanBeKept(address) ? address : "");
+}
 
 } // namespace
 
@@ -47,8 +60,7 @@ void Banners::SetupBannerAds(std::string_view Buffer) {
         desk.session.m_bBannersEnabled = true;
         desk.view.BannerAd.SetVisible(true);
         SilenceNavigateSound();
-        Save("CurrentBanner", "1");
-        for (std::int16_t number = 1; number <= entries; ++number) Store(number, Buffer);
+        Store(entries, Buffer);
         Navigate(Setting(Banner(1)));
         if (shown < 2) return;
         desk.view.BannerTimer.SetOn(true);
@@ -56,16 +68,18 @@ void Banners::SetupBannerAds(std::string_view Buffer) {
     });
 }
 
-/// Cut by its length, as an address may hold anything; the character behind it is skipped.
-void Banners::Store(std::int16_t number, std::string_view& buffer) {
-    const std::int16_t seconds = ToInteger(GetCommand(buffer, kFieldEnd));
-    Save(Banner(number) + "Time", std::to_string(seconds));
-    const std::int16_t length = ToInteger(GetCommand(buffer, kFieldEnd));
-    if (length < 0) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
-    const auto size = static_cast<std::size_t>(length);
-    const std::string address = DecodeData(buffer.substr(0, size));
-    buffer.remove_prefix(std::min(buffer.size(), size + 1));
-    Save(Banner(number), CanBeKept(address) ? address : "");
+/// The whole list in one step, as each is written to the disk. What stands before an entry that cannot be read is kept.
+void Banners::Store(std::int16_t entries, std::string_view buffer) {
+    std::exception_ptr failure;
+    desk.settings.Change([&](SettingsDraft& draft) {
+        draft.Put(kSection, "CurrentBanner", "1");
+        try {
+            for (std::int16_t number = 1; number <= entries; ++number) StoreEntry(draft, Banner(number), buffer);
+        } catch (const RuntimeError&) {
+            failure = std::current_exception();
+        }
+    });
+    if (failure) std::rethrow_exception(failure);
 }
 
 void Banners::SilenceNavigateSound() {

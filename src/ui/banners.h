@@ -33,7 +33,7 @@ public:
     void ForgetMarks();
 
 private:
-    void Store(std::int16_t number, std::string_view& buffer);
+    void Store(std::int16_t entries, std::string_view buffer);
     void SilenceNavigateSound();
     void ShowNext();
     void Navigate(const std::string& address);

@@ -65,6 +65,9 @@ TEST(Banners, AListIsBelievedAsFarAsItGoes) {
         EXPECT_EQ(player.view.BannerAd.Visible() && player.Marks().m_bBannersEnabled, *row.number != 0);
         EXPECT_EQ(player.view.BannerTimer.On(), *row.number == '2');
     }
+    Banner player;
+    player.Sends("37:3:" + Entry("9", "http://1/") + "x;1;a;~");
+    EXPECT_EQ(player.Setting("Banner1"), "http://1/") << "what stands before a broken entry is kept";
 }
 
 TEST(Banners, ALongListIsCutAndASecondOneChangesTheNumberAlone) {
