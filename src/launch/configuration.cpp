@@ -7,7 +7,7 @@ namespace ombrin {
 Configuration::Configuration(Desk desk, ConfigurationDialogs dialogs, AutoStart& autoStart, LobbyDirectory& lobbies,
                              TextColours& textColours, Processes& processes)
     : desk(desk), dialogs(dialogs), autoStart(autoStart), lobbies(lobbies), textColours(textColours),
-      processes(processes), records(desk.settings, desk.iniFiles) {
+      processes(processes), records(desk.settings, desk.profile) {
     desk.view.Configure.Click = [this] { Configure_Click(); };
     dialogs.configure.ChangeLanguage.Click = [this] { ChangeLanguage_Click(); };
     dialogs.configure.About.Click = [this] {

@@ -7,9 +7,9 @@
 
 namespace ombrin {
 
-ConfigureGame::ConfigureGame(ModalStack& stack, Settings& settings, IniFiles& iniFiles, Session& session, Boxes& boxes,
+ConfigureGame::ConfigureGame(ModalStack& stack, Settings& settings, Profile& profile, Session& session, Boxes& boxes,
                              Localisation& language, Trap& trap)
-    : Form(stack, "ConfigureGame", "Configure"), settings(settings), records(settings, iniFiles), session(session),
+    : Form(stack, "ConfigureGame", "Configure"), settings(settings), records(settings, profile), session(session),
       boxes(boxes), language(language), trap(trap) {
     Load = [this] { Form_Load(); };
     CloseBox = [this] { CancelButton_Click(); };

@@ -13,7 +13,7 @@ namespace ombrin {
 /// An empty GameFile after the dialog means that nothing of it is to be written.
 class ConfigureGame : public Form {
 public:
-    ConfigureGame(ModalStack& stack, Settings& settings, IniFiles& iniFiles, Session& session, Boxes& boxes,
+    ConfigureGame(ModalStack& stack, Settings& settings, Profile& profile, Session& session, Boxes& boxes,
                   Localisation& language, Trap& trap);
 
     Frame Frame1{*this, "Frame1", "How to launch games"};

@@ -140,8 +140,7 @@ CommandLine clsDIPServerLaunch::Fill(Text pattern, const Request& request, Text 
 }
 
 std::string clsDIPServerLaunch::GetIniFileOptions(Text path, Text missing, Text key) {
-    std::string options;
-    desk.trap(__func__, [&] { options = desk.iniFiles.Read("AV.ini", ExeBase(path), key); });
+    const std::string options = desk.profile.ReadIniValue("AV.ini", ExeBase(path), key);
     return options.empty() ? std::string(missing) : options;
 }
 

@@ -16,7 +16,7 @@ class Discovery {
 public:
     Discovery(Desk desk, FindingGame& dialog, AutoStart& autoStart, Disks& disks, Registry& registry, Waiter& waiter)
         : desk(desk), dialog(dialog), autoStart(autoStart), disks(disks), registry(registry), waiter(waiter),
-          records(desk.settings, desk.iniFiles) {}
+          records(desk.settings, desk.profile) {}
 
     /// `<game>;<exe>;`: finds the executable, with the user's consent where that takes a search, and stores it. A
     /// blocking search, during which the window is painted.

@@ -11,7 +11,7 @@ namespace ombrin {
 
 Launcher::Launcher(Desk desk, PauseAV& dialog, Peers peers, Processes& processes, Clipboard& clipboard, Alarms& alarms)
     : desk(desk), dialog(dialog), peers(std::move(peers)), processes(processes), clipboard(clipboard), alarms(alarms),
-      records(desk.settings, desk.iniFiles), m_DirectIPLaunch(desk, processes, &this->peers.battleLan) {
+      records(desk.settings, desk.profile), m_DirectIPLaunch(desk, processes, &this->peers.battleLan) {
     desk.view.Launch.Click = [this] { Launch_Click(); };
     desk.view.JoinServerAndPlay.Click = [this] { JoinServerAndPlay_Click(); };
 }

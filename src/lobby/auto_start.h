@@ -8,7 +8,7 @@ namespace ombrin {
 
 class AutoStart {
 public:
-    explicit AutoStart(Desk desk) : desk(desk), records(desk.settings, desk.iniFiles) {}
+    explicit AutoStart(Desk desk) : desk(desk), records(desk.settings, desk.profile) {}
 
     /// Brings both marks and the warning up to date with the stored record of the current lobby's game.
     void CheckAutoStart();

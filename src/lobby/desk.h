@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/main_view.h"
+#include "foundation/profile.h"
 #include "foundation/settings.h"
 #include "foundation/trap.h"
 #include "session/wire/link.h"
@@ -17,7 +18,7 @@ struct Desk {
     Messages& messages;
     Localisation& language;
     Settings& settings;
-    IniFiles& iniFiles;
+    Profile& profile;
     Trap& trap;
 
     void TraceMessage(std::string_view message) const { trap.log.TraceMessage(message); }

@@ -1,6 +1,7 @@
 // How the game of a lobby is started on this machine. The lobby's name is the game's, compared exactly.
 #pragma once
 
+#include "foundation/profile.h"
 #include "foundation/settings.h"
 
 #include <string>
@@ -12,7 +13,7 @@ namespace ombrin {
 /// first.
 class GameRecords {
 public:
-    GameRecords(Settings& settings, IniFiles& iniFiles) : settings(settings), iniFiles(iniFiles) {}
+    GameRecords(Settings& settings, Profile& profile) : settings(settings), profile(profile) {}
 
     std::string GameFile(std::string_view game) { return settings.GetSetting("Games", game); }
     void SaveGameFile(std::string_view game, std::string_view path) { settings.SaveSetting("Games", game, path); }
@@ -28,18 +29,22 @@ public:
     }
 
     /// Of the executable, so that games that share it share them. `exeBase` names the section; an empty one has none.
-    std::string ServerOptions(std::string_view exeBase) { return iniFiles.Read("AV.ini", exeBase, "ServerOptions"); }
-    std::string ClientOptions(std::string_view exeBase) { return iniFiles.Read("AV.ini", exeBase, "ClientOptions"); }
+    std::string ServerOptions(std::string_view exeBase) {
+        return profile.ReadIniValue("AV.ini", exeBase, "ServerOptions");
+    }
+    std::string ClientOptions(std::string_view exeBase) {
+        return profile.ReadIniValue("AV.ini", exeBase, "ClientOptions");
+    }
     void SaveOptions(std::string_view exeBase, std::string_view server, std::string_view client) {
-        iniFiles.Write("AV.ini", exeBase, "ServerOptions", server);
-        iniFiles.Write("AV.ini", exeBase, "ClientOptions", client);
+        profile.SetIniValue("AV.ini", exeBase, "ServerOptions", server);
+        profile.SetIniValue("AV.ini", exeBase, "ClientOptions", client);
     }
 
 private:
     static std::string SwitchOf(std::string_view game) { return "DPEnabled" + std::string(game); }
 
     Settings& settings;
-    IniFiles& iniFiles;
+    Profile& profile;
 };
 
 } // namespace ombrin

@@ -27,7 +27,7 @@ void LobbyDirectory::AddLobbiesToListBox(std::string_view data, ListBox& list) {
     desk.trap(__func__, [&] {
         g_LobbyListData = data;
         if (list.rows.Count() > 0) return;
-        std::string displayed = LobbyFilter::DisplayedGames(desk.iniFiles);
+        std::string displayed = LobbyFilter::DisplayedGames(desk.profile);
         if (displayed.empty()) {
             const auto epoch = desk.link.Epoch();
             filter.Hide(); // opened by a list before this one; it is chosen from this one instead

@@ -22,8 +22,8 @@ bool GameInFilter(std::string_view name, std::string_view filter) {
     }
 }
 
-LobbyFilter::LobbyFilter(ModalStack& stack, IniFiles& files, Trap& trap)
-    : Form(stack, "LobbyFilter", "Games"), files(files), trap(trap) {
+LobbyFilter::LobbyFilter(ModalStack& stack, Profile& profile, Trap& trap)
+    : Form(stack, "LobbyFilter", "Games"), profile(profile), trap(trap) {
     SelectAll.Click = [this] { MarkAll(true); };
     ClearAll.Click = [this] { MarkAll(false); };
     OK.Click = [this] { OK_Click(); };
@@ -32,10 +32,10 @@ LobbyFilter::LobbyFilter(ModalStack& stack, IniFiles& files, Trap& trap)
     Default = &GameList;
 }
 
-std::string LobbyFilter::DisplayedGames(IniFiles& files) { return files.Read(kFile, kSection, kKey); }
+std::string LobbyFilter::DisplayedGames(Profile& profile) { return profile.ReadIniValue(kFile, kSection, kKey); }
 
 void LobbyFilter::Create(std::string_view lobbyListData) {
-    SelectedGames = DisplayedGames(files);
+    SelectedGames = DisplayedGames(profile);
     StatusBar1.SetText("");
     GameList.Clear();
     for (LobbyEntry entry; CutLobbyEntry(lobbyListData, entry);) {
@@ -62,7 +62,7 @@ void LobbyFilter::OK_Click() {
                 return;
             }
             SelectedGames = chosen;
-            files.Write(kFile, kSection, kKey, chosen);
+            profile.SetIniValue(kFile, kSection, kKey, chosen);
             Hide();
         },
         Name());

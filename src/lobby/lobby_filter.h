@@ -4,8 +4,7 @@
 #include "controls/form.h"
 #include "controls/list_models.h"
 #include "controls/simple_models.h"
-#include "foundation/ini_files.h"
-#include "foundation/trap.h"
+#include "foundation/profile.h"
 
 namespace ombrin {
 
@@ -14,7 +13,7 @@ bool GameInFilter(std::string_view name, std::string_view filter);
 
 class LobbyFilter : public Form {
 public:
-    LobbyFilter(ModalStack& stack, IniFiles& files, Trap& trap);
+    LobbyFilter(ModalStack& stack, Profile& profile, Trap& trap);
 
     Label Label1{*this, "Label1",
                  "Select the games you want to display.  If this is not the first time you've selected games then you "
@@ -32,14 +31,14 @@ public:
     /// marked. While nothing is stored, as on the first run, there is no way out without a choice.
     void Create(std::string_view lobbyListData);
 
-    static std::string DisplayedGames(IniFiles& files);
+    static std::string DisplayedGames(Profile& profile);
 
 private:
     void MarkAll(bool on);
     void OK_Click();
     void Cancel_Click();
 
-    IniFiles& files;
+    Profile& profile;
     Trap& trap;
 };
 

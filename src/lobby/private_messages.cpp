@@ -93,7 +93,7 @@ void PrivateMessages::ReceivePrivateMessage(std::string_view data) {
 }
 
 void PrivateMessages::PlayArrival() {
-    const std::string own = desk.iniFiles.Read("av.ini", "Sounds", "PMSound");
+    const std::string own = desk.profile.ReadIniValue("av.ini", "Sounds", "PMSound");
     sound.Play(own.empty() ? std::string("PMRecved.wav") : Join(appPath, own));
 }
 

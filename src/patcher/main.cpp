@@ -62,7 +62,8 @@ int Run(double patience, double trial) {
     Log log(files, clock, places.SystemDirectory(), box);
     Trap trap(log);
     IniFiles inis(files, places.WindowsDirectory());
-    Localisation language(inis, trap);
+    Profile profile(inis, trap);
+    Localisation language(profile);
     DesktopReporter reporter(log, language, page);
     Settings settings(files, places.SettingsFile());
     const auto directories = UpdateDirectories::Of(places, settings);

@@ -8,24 +8,24 @@
 
 namespace ombrin {
 
-Dialogs::Dialogs(ModalStack& stack, Settings& settings, Session& session, IniFiles& files, Localisation& language,
+Dialogs::Dialogs(ModalStack& stack, Settings& settings, Session& session, Profile& profile, Localisation& language,
                  Messages& messages, ConfigurableButtons& targets, Clipboard& clipboard, Trap& trap)
     : ChooseLanguage(stack, language, trap), Connection(stack, settings, session, language, trap),
-      LobbyFilter(stack, files, trap), ExeMainLobby(stack, settings, session, language, trap),
+      LobbyFilter(stack, profile, trap), ExeMainLobby(stack, settings, session, language, trap),
       UsrNmPwIP(stack, settings, language, messages.boxes, targets, trap), CreateAccount(stack, language, trap),
       NewRoom(stack, messages, language, trap), RoomPassword(stack, messages, language, trap),
       PMDialog(stack, settings, messages, language, clipboard, trap),
-      ConfigureGame(stack, settings, files, session, messages.boxes, language, trap), frmAbout(stack),
+      ConfigureGame(stack, settings, profile, session, messages.boxes, language, trap), frmAbout(stack),
       PauseAV(stack, language, trap), FindingGame(stack), DownloadProgress(stack, language, trap) {}
 
 GameLobby::GameLobby(Platform given)
     : platform(std::move(given)), stack(platform.waiter, platform.holdEvents), boxes(stack),
       log(platform.files, platform.clock, platform.places.SystemDirectory(), boxes), trap(log),
-      iniFiles(platform.files, platform.places.WindowsDirectory()),
-      settings(platform.files, platform.places.SettingsFile()), language(iniFiles, trap), messages(boxes, language),
-      targets(iniFiles, platform.opener, boxes, trap, platform.places.AppPath()), view(platform.alarms),
+      iniFiles(platform.files, platform.places.WindowsDirectory()), profile(iniFiles, trap),
+      settings(platform.files, platform.places.SettingsFile()), language(profile), messages(boxes, language),
+      targets(profile, platform.opener, boxes, trap, platform.places.AppPath()), view(platform.alarms),
       layout(view, platform.measure, log), input(view, stack),
-      dialogs(stack, settings, session, iniFiles, language, messages, targets, platform.clipboard, trap),
+      dialogs(stack, settings, session, profile, language, messages, targets, platform.clipboard, trap),
       skins(view, {settings, iniFiles, platform.pictures, platform.places.AppPath()}, trap),
       viewLanguage(view, language, dialogs.ChooseLanguage, trap),
       textColours(settings, trap,
@@ -42,7 +42,7 @@ GameLobby::GameLobby(Platform given)
         if (CloseClient) CloseClient();
     };
     areas = std::make_unique<Areas>(
-        Desk{view, session, link, messages, language, settings, iniFiles, trap},
+        Desk{view, session, link, messages, language, settings, profile, trap},
         AreaNeeds{.sound = platform.sound,
                   .clipboard = platform.clipboard,
                   .measure = platform.measure,
@@ -140,7 +140,7 @@ void GameLobby::ReadPresets() {
     for (const auto& row : kPresets) {
         row.preset = settings.GetSetting("Settings", row.key);
         if (row.preset.empty())
-            row.preset = iniFiles.Read("av.ini", "AutoConnect", row.key, IniFiles::kShortValueLength);
+            row.preset = profile.ReadIniValue("av.ini", "AutoConnect", row.key, IniFiles::kShortValueLength);
     }
 }
 

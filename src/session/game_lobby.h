@@ -62,7 +62,7 @@ struct Platform {
 
 /// All the dialogs, which exist from the start.
 struct Dialogs {
-    Dialogs(ModalStack& stack, Settings& settings, Session& session, IniFiles& files, Localisation& language,
+    Dialogs(ModalStack& stack, Settings& settings, Session& session, Profile& profile, Localisation& language,
             Messages& messages, ConfigurableButtons& targets, Clipboard& clipboard, Trap& trap);
 
     ombrin::ChooseLanguage ChooseLanguage;
@@ -190,6 +190,7 @@ private:
     Log log;
     Trap trap;
     IniFiles iniFiles;
+    Profile profile;
     Settings settings;
     Localisation language;
     Messages messages;

@@ -3,16 +3,15 @@
 
 #include "controls/boxes.h"
 #include "controls/main_view.h"
-#include "foundation/ini_files.h"
-#include "foundation/trap.h"
+#include "foundation/profile.h"
 #include "platform/desktop.h"
 
 namespace ombrin {
 
 class ConfigurableButtons {
 public:
-    ConfigurableButtons(IniFiles& files, TargetOpener& opener, Boxes& boxes, Trap& trap, std::string appPath)
-        : files(files), opener(opener), boxes(boxes), trap(trap), appPath(std::move(appPath)) {}
+    ConfigurableButtons(Profile& profile, TargetOpener& opener, Boxes& boxes, Trap& trap, std::string appPath)
+        : profile(profile), opener(opener), boxes(boxes), trap(trap), appPath(std::move(appPath)) {}
 
     /// The five buttons of the view.
     void Attach(View& view);
@@ -21,9 +20,11 @@ public:
     void ConfigurableMenuOrButtonClicked(std::string_view section, std::string_view key);
 
 private:
-    std::string Target(std::string_view section, std::string_view key) { return files.Read("AV.ini", section, key); }
+    std::string Target(std::string_view section, std::string_view key) {
+        return profile.ReadIniValue("AV.ini", section, key);
+    }
 
-    IniFiles& files;
+    Profile& profile;
     TargetOpener& opener;
     Boxes& boxes;
     Trap& trap;

@@ -89,7 +89,7 @@ struct DirectIP : LanguageStage, testing::Test {
     Session session;
     Link link{network, session, messages, log, {}};
     RecordedProcesses processes;
-    clsDIPServerLaunch launch{Desk{view, session, link, messages, language, settings, inis, trap}, processes};
+    clsDIPServerLaunch launch{Desk{view, session, link, messages, language, settings, profile, trap}, processes};
 };
 
 enum Way { kUsual, kOwn, kUnread };
@@ -364,7 +364,8 @@ TEST_F(DirectIP, OptionsBelongToTheExecutable) {
 TEST_F(DirectIP, NoOptionsAreReadForAGameWithoutAny) {
     WatchedFiles watched;
     IniFiles watchedInis{watched, "/windows"};
-    clsDIPServerLaunch other{Desk{view, session, link, messages, language, settings, watchedInis, trap}, processes};
+    Profile watchedProfile{watchedInis, trap};
+    clsDIPServerLaunch other{Desk{view, session, link, messages, language, settings, watchedProfile, trap}, processes};
     const auto lookUps = [&](const char* path, bool isCreator) {
         watched.lookUps = 0;
         other.GetCommandLineParameters(path, isCreator, kIP, kName);

@@ -215,6 +215,32 @@ TEST_F(Session, AStartThatFailsForAnotherReasonIsToldInItsOwnWords) {
     }
 }
 
+TEST_F(Session, ASettingsFileThatCannotBeReadCostsBoxesAndNothingElse) {
+    HasChosen();
+    world.files.broken = "/home/windows/AV.ini";
+    const auto boxes = [&] {
+        std::string routines;
+        const std::string head = "Error: occured in module ";
+        for (; Top() == "MessageBox"; Answers(BoxResult::Ok))
+            routines += BoxText().starts_with(head) ? BoxText().substr(head.size(), 4) + " " : BoxText();
+        return routines;
+    };
+    Shows();
+    EXPECT_EQ(boxes(), "Read Read ") << "host and port";
+    Connects();
+    Accepts();
+    Sends("22:Go,1;Chess,2;~");
+    EXPECT_EQ(boxes(), "Read Read ") << "the lobbies to display, for the list and for the dialog that asks";
+    Presses(forms.LobbyFilter.SelectAll);
+    Presses(forms.LobbyFilter.OK);
+    EXPECT_EQ(boxes(), "SetI ");
+    EXPECT_EQ(Top(), "");
+    EXPECT_EQ(Texts(view.lbLobbies.rows), (std::vector<std::string>{"Go : 1", "Chess : 2"}));
+    Sends("0:ann;1;~");
+    Presses(view.btnConfigurable1);
+    EXPECT_EQ(boxes(), "Read Error jumping to:");
+}
+
 TEST_F(Session, ARefusedLogonIsRepeatedOverTheSameSocket) {
     HasChosen();
     Shows();

@@ -128,11 +128,11 @@ TEST_F(LanguageFile, NoMenuHasTwoEntriesUnderOneLetter) {
 TEST_F(LanguageFile, EveryCaptionBelongsToAControlOfItsPlace) {
     Settings settings(files, "/settings.ini");
     recording::RecordingOpener opener([](const recording::Event&) {});
-    ConfigurableButtons targets(inis, opener, boxes, trap, "/app");
+    ConfigurableButtons targets(profile, opener, boxes, trap, "/app");
     recording::RecordingClipboard clipboard([](const recording::Event&) {});
     Messages messages(boxes, language);
     Session session;
-    Dialogs dialogs(stack, settings, session, inis, language, messages, targets, clipboard, trap);
+    Dialogs dialogs(stack, settings, session, profile, language, messages, targets, clipboard, trap);
     View view(loop);
     for (const CaptionKey& row : kCaptionKeys) {
         SCOPED_TRACE(std::string(row.place) + "." + std::string(row.control));

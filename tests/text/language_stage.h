@@ -26,7 +26,8 @@ struct LanguageStage : Stage {
     Log log{files, clock, "/system", boxes};
     Trap trap{log};
     IniFiles inis{files, "/windows"};
-    Localisation language{inis, trap};
+    Profile profile{inis, trap};
+    Localisation language{profile};
 };
 
 } // namespace ombrin

@@ -160,7 +160,7 @@ void DirectPlay::CheckFS2000(std::string_view roomName, std::string_view applica
 /// A game that cannot be told starts all the same.
 void DirectPlay::WriteSessionName(const std::string& file, std::string_view roomName) {
     try {
-        desk.iniFiles.Write(file, "MULTIPLAYER", "SESSION_NAME", roomName);
+        desk.profile.files.Write(file, "MULTIPLAYER", "SESSION_NAME", roomName);
     } catch (const RuntimeError& problem) {
         desk.trap.log.LogError(Join("Error: the room's name cannot be written to ", file, ": ", problem.what()), false);
     }

@@ -22,7 +22,7 @@ public:
 
     DirectPlay(Desk desk, DirectPlay8& directPlay8, AutoStart& autoStart, Needs needs)
         : desk(desk), directPlay8(directPlay8), autoStart(autoStart), needs(needs),
-          records(desk.settings, desk.iniFiles) {}
+          records(desk.settings, desk.profile) {}
 
     /// Once, at the start; both lists are read then and not later.
     void InitDirectX();

@@ -12,8 +12,8 @@ namespace ombrin {
 class DirectPlay8 {
 public:
     DirectPlay8(Desk desk, directplay::Service& service, Registry& registry, Processes& processes)
-        : desk(desk), service(service), registry(registry), processes(processes),
-          records(desk.settings, desk.iniFiles) {}
+        : desk(desk), service(service), registry(registry), processes(processes), records(desk.settings, desk.profile) {
+    }
 
     /// Once, at the start. Creates nothing on a machine without such applications.
     void InitDirectX8();

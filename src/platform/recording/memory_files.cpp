@@ -15,6 +15,10 @@ std::string MemoryFiles::Normal(const std::string& path) {
     return normal;
 }
 
+void MemoryFiles::Try(const std::string& path) const {
+    if (!broken.empty() && Normal(path) == broken) throw RuntimeError(ErrorNumber::PathAccess);
+}
+
 std::optional<Files::Stamp> MemoryFiles::StampOf(const std::string& path) const {
     const auto found = files.find(Normal(path));
     if (found == files.end()) return std::nullopt;
@@ -22,12 +26,14 @@ std::optional<Files::Stamp> MemoryFiles::StampOf(const std::string& path) const 
 }
 
 std::string MemoryFiles::Read(const std::string& path) const {
+    Try(path);
     const auto found = files.find(Normal(path));
     if (found == files.end()) throw RuntimeError(ErrorNumber::FileNotFound);
     return found->second.content;
 }
 
 void MemoryFiles::Update(const std::string& path, Readers, const Change& change) {
+    Try(path);
     const auto found = files.find(Normal(path));
     const auto changed =
         change(found == files.end() ? std::nullopt : std::optional<std::string>(found->second.content));

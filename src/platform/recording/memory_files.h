@@ -21,6 +21,7 @@ public:
     bool Delete(const std::string& path) { return files.erase(Normal(path)) > 0; }
 
     int failAppends = 0; ///< an error number that appending raises, 0 for none
+    std::string broken;  ///< a path that is there and can be neither read nor changed (75)
 
 private:
     struct File {
@@ -28,6 +29,7 @@ private:
         std::uint64_t version = 0;
     };
     static std::string Normal(const std::string& path);
+    void Try(const std::string& path) const;
 
     std::map<std::string, File> files;
     std::uint64_t versions = 0;

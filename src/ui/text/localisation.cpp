@@ -10,20 +10,14 @@ constexpr std::string_view kCurrentSection = "CurrentLanguage", kCurrentKey = "L
 
 } // namespace
 
-std::string Localisation::CurrentLanguage() {
-    std::string language;
-    trap("ReadIniValue", [&] { language = files.Read(kFile, kCurrentSection, kCurrentKey); });
-    return language;
-}
+std::string Localisation::CurrentLanguage() { return profile.ReadIniValue(kFile, kCurrentSection, kCurrentKey); }
 
 void Localisation::StoreCurrentLanguage(std::string_view language) {
-    trap("SetIniValue", [&] { files.Write(kFile, kCurrentSection, kCurrentKey, language); });
+    profile.SetIniValue(kFile, kCurrentSection, kCurrentKey, language);
 }
 
 std::string Localisation::Translation(std::string_view language, std::string_view key) {
-    std::string translation;
-    trap("ReadIniValue", [&] { translation = files.Read(kFile, language, key); });
-    return translation;
+    return profile.ReadIniValue(kFile, language, key);
 }
 
 std::string Localisation::LanguageOnOffer(int number) {

@@ -5,8 +5,7 @@
 #include "controls/list_models.h"
 #include "controls/menu.h"
 #include "controls/simple_models.h"
-#include "foundation/ini_files.h"
-#include "foundation/trap.h"
+#include "foundation/profile.h"
 #include "ui/text/language_keys.h"
 
 #include <string>
@@ -23,7 +22,7 @@ public:
     /// No language, or English: dialogs and the view then keep the texts that they are made with.
     static bool IsBuiltIn(std::string_view language) { return language.empty() || language == kEnglish; }
 
-    Localisation(IniFiles& files, Trap& trap) : files(files), trap(trap) {}
+    explicit Localisation(Profile& profile) : profile(profile) {}
 
     /// Language in force by the file, empty while none has been chosen.
     std::string CurrentLanguage();
@@ -60,8 +59,7 @@ public:
 private:
     void SetCaption(Captioned& control, std::string_view key);
 
-    IniFiles& files;
-    Trap& trap;
+    Profile& profile;
     std::string foreignLanguage;
 };
 
