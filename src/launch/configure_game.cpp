@@ -34,7 +34,7 @@ void ConfigureGame::Form_Load() {
             session.ChatSoundsOn = settings.GetSetting("Settings", "EnableChatLineSounds") == "1";
             EnableChatLineSounds.SetOn(session.ChatSoundsOn);
             CurLanguage.SetCaption(language.CurrentLanguage());
-            language.TranslateForm(*this);
+            language.SetFLOnDialog(*this);
             TextColor = ombrin::TextColor(settings, kGreen);
             TextColorBox.SetColour(TextColor);
             if (!session.ConfiguredGame.empty()) SetDlgItems();

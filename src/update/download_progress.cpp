@@ -6,7 +6,7 @@ DownloadProgress::DownloadProgress(ModalStack& stack, Localisation& language, Tr
     : Form(stack, "DownloadProgress", "Download Progress") {
     Activate = [this, &language, &trap] {
         trap(
-            "Form_Activate", [&] { language.TranslateForm(*this); }, Name());
+            "Form_Activate", [&] { language.SetFLOnDialog(*this); }, Name());
     };
     // Before everything has come the close box is a cancel; afterwards there is nothing left to cancel.
     CloseBox = [this] { Close(Cancel.Visible()); };

@@ -101,6 +101,25 @@ TEST_F(LocalisationTest, ADialogIsTranslatedTextByTextAndNeverIntoEnglish) {
     EXPECT_EQ(form.CancelButton.Caption(), "Cancel");
 }
 
+TEST_F(LocalisationTest, DialogsOfTheSettledLanguageKeepToItWhateverTheFileSaysLater) {
+    struct DownloadProgress : Form {
+        using Form::Form;
+    } form{stack, "DownloadProgress", "Download Progress"};
+    const struct {
+        const char *settled, *inFile, *caption;
+    } kCases[] = {{"", "Deutsch", "Download Progress"},
+                  {"Dansk", "", "Download Progress"},
+                  {"Dansk", "English", "Download Progress"},
+                  {"Dansk", "Deutsch", "Hentning"}};
+    for (const auto& row : kCases) {
+        Lies("[CurrentLanguage]\nLanguage=" + std::string(row.inFile) + "\n[]\nDownloadProgress=x\n" +
+             "[Deutsch]\nDownloadProgress=Download\n[Dansk]\nDownloadProgress=Hentning\n");
+        language.SetFLLanguage(row.settled);
+        language.SetFLOnDialog(form);
+        EXPECT_EQ(form.Caption(), row.caption) << row.settled << " " << row.inFile;
+    }
+}
+
 TEST_F(LocalisationTest, TheChatIsNamedAfterItsLobby) {
     const struct {
         const char* file;

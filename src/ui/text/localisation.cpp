@@ -17,7 +17,7 @@ void Localisation::StoreCurrentLanguage(std::string_view language) {
 }
 
 std::string Localisation::Translation(std::string_view language, std::string_view key) {
-    return profile.ReadIniValue(kFile, language, key);
+    return language.empty() ? std::string() : profile.ReadIniValue(kFile, language, key);
 }
 
 std::string Localisation::LanguageOnOffer(int number) {
@@ -25,9 +25,7 @@ std::string Localisation::LanguageOnOffer(int number) {
 }
 
 std::string Localisation::TranslateWord(std::string_view key, std::string_view missing) {
-    const std::string language = CurrentLanguage();
-    std::string translation;
-    if (!language.empty()) translation = Translation(language, key);
+    const std::string translation = Translation(CurrentLanguage(), key);
     return translation.empty() ? std::string(missing) : translation;
 }
 
@@ -58,9 +56,16 @@ void Localisation::SetFLOnMenu(Menu& menu) {
                 if (entry->Name() == row.control) SetFLMenu(*entry, row.key);
 }
 
+void Localisation::SetFLOnDialog(Form& form) {
+    if (!IsBuiltIn(CurrentLanguage())) Translate(form, foreignLanguage);
+}
+
 void Localisation::TranslateForm(Form& form) {
     const std::string language = CurrentLanguage();
-    if (IsBuiltIn(language)) return;
+    if (!IsBuiltIn(language)) Translate(form, language);
+}
+
+void Localisation::Translate(Form& form, std::string_view language) {
     TranslateView(form, language);
     for (const CaptionKey& row : kCaptionKeys) {
         if (row.place != form.Name() || !row.control.empty()) continue;

@@ -27,7 +27,7 @@ public:
     /// Language in force by the file, empty while none has been chosen.
     std::string CurrentLanguage();
     void StoreCurrentLanguage(std::string_view language);
-    /// Empty where the section has no such key.
+    /// Empty where the section has no such key, and for no language.
     std::string Translation(std::string_view language, std::string_view key);
     std::string LanguageOnOffer(int number);
 
@@ -47,7 +47,10 @@ public:
     /// The entries of a pop-up menu.
     void SetFLOnMenu(Menu& menu);
 
-    /// The captions of a dialog as it is loaded, by the table of caption keys; nothing in English.
+    /// The same for the captions of a dialog, by the table of caption keys; nothing where the file says English.
+    void SetFLOnDialog(Form& form);
+
+    /// The captions of a dialog as it is loaded, in the language of the file; nothing in English.
     void TranslateForm(Form& form);
     /// The captions of the main view, by the same table.
     void TranslateView(Container& view, std::string_view language);
@@ -58,6 +61,7 @@ public:
 
 private:
     void SetCaption(Captioned& control, std::string_view key);
+    void Translate(Form& form, std::string_view language);
 
     Profile& profile;
     std::string foreignLanguage;
