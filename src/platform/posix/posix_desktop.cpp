@@ -2,6 +2,7 @@
 
 #include "foundation/runtime_error.h"
 #include "platform/posix/descriptor.h"
+#include "platform/posix/posix_files.h"
 #include "platform/sound_volume.h"
 
 #include <algorithm>
@@ -10,6 +11,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
+#include <filesystem>
 #include <spawn.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -61,6 +63,17 @@ std::vector<std::string> Inherited(std::vector<std::string> variables) {
             variables.emplace_back(variable);
     }
     return variables;
+}
+
+/// A scheme has two letters at least: one alone is a drive.
+bool IsAddress(std::string_view target) {
+    constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
+    constexpr std::string_view kOthers = "0123456789+-.";
+    const std::string_view scheme = target.substr(0, target.find(':'));
+    return scheme.size() < target.size() && scheme.size() > 1 && kLetters.find(scheme[0]) != std::string_view::npos &&
+           std::all_of(scheme.begin(), scheme.end(), [&](char c) {
+               return kLetters.find(c) != std::string_view::npos || kOthers.find(c) != std::string_view::npos;
+           });
 }
 
 /// What a player is started with.
@@ -163,8 +176,14 @@ void PosixClipboard::SetText(std::string_view text) {
 
 int PosixOpener::Open(std::string_view target, std::string_view workingDirectory) {
     constexpr int kNotFound = 2, kOpened = 33;
-    if (target.empty() || target.front() == '-' || target.find('\0') != std::string_view::npos) return kNotFound;
-    const int process = programs.Start({"xdg-open", page.ToUtf8(target)}, {}, page.ToUtf8(workingDirectory));
+    if (target.empty() || target.find('\0') != std::string_view::npos) return kNotFound;
+    const std::string folder = page.ToUtf8(workingDirectory);
+    std::string opened = page.ToUtf8(target);
+    if (!IsAddress(target)) { // xdg-open tells of a missing file when nobody waits for it any more
+        opened = std::filesystem::absolute(std::filesystem::path(folder) / PosixFiles(page).Native(target)).string();
+        if (access(opened.c_str(), F_OK) != 0) return kNotFound;
+    }
+    const int process = programs.Start({"xdg-open", opened}, {}, folder);
     return process < 0 ? kNotFound : kOpened;
 }
 
