@@ -8,6 +8,7 @@ namespace ombrin {
 /// All without a closing separator.
 struct Places {
     std::string root;
+    std::string patcher{}; ///< as the system's packages have installed it; empty where they have not
 
     std::string WindowsDirectory() const { return root + "/windows"; } ///< AV.ini, AVfLang.ini
     std::string SystemDirectory() const { return root + "/system"; }   ///< the log

@@ -3,6 +3,7 @@
 #include "foundation/text.h"
 #include "patcher/file_steps.h"
 #include "platform/posix/file_source.h"
+#include "platform/posix/native_files.h"
 #include "update/directories.h"
 #include "update/file_names.h"
 
@@ -93,14 +94,14 @@ std::vector<std::string> HandOver::Place() {
 
 void HandOver::Keep(const Spot& spot) {
     if (!Exists(spot.Final()) || Exists(spot.Kept())) return;
-    RequirePlainFile(spot.Final());
+    RequirePlainFile(Resolved(spot.Final()));
     trace(Join("keeping the old ", spot.Final()));
     DuplicateFile(spot.Final(), spot.Kept());
 }
 
 void HandOver::TakeMode(const Spot& spot) {
     constexpr mode_t kReaders = 0444;
-    if (Exists(spot.Final())) return SetMode(spot.Arrived(), ModeOf(spot.Final()));
+    if (Exists(spot.Final())) return SetMode(spot.Arrived(), ModeOf(Resolved(spot.Final())));
     if (!IsProgram(spot.Arrived())) return;
     const mode_t mode = ModeOf(spot.Arrived());
     SetMode(spot.Arrived(), mode | (mode & kReaders) >> 2U); // who may read it may run it

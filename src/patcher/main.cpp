@@ -7,6 +7,7 @@
 #include "platform/posix/clock.h"
 #include "platform/posix/home.h"
 #include "platform/posix/posix_components.h"
+#include "platform/posix/share.h"
 #include "ui/text/localisation.h"
 #include "update/directories.h"
 
@@ -67,13 +68,14 @@ int Run(double patience, double trial) {
     DesktopReporter reporter(log, language, page);
     Settings settings(files, places.SettingsFile());
     const auto directories = UpdateDirectories::Of(places, settings);
-    if (directories.client.empty()) {
+    const std::string installed = InstalledProgram("OmbrinExe");
+    if (directories.client.empty() && installed.empty()) {
         reporter.Failed(text::kPatchNoStart, std::string(text::kUpdateNoClientDirectory.english));
         return 1;
     }
     const auto folder = [&files](const std::string& directory) {
         std::string native = files.Native(directory);
-        native.pop_back(); // the closing separator
+        if (!native.empty()) native.pop_back(); // the closing separator
         return native;
     };
     PosixComponents components(page);
@@ -82,6 +84,7 @@ int Run(double patience, double trial) {
         .systemFolder = folder(directories.system),
         .clientFolder = folder(directories.client),
         .windowsFolder = folder(directories.windows),
+        .installedClient = installed,
         .patience = milliseconds(patience),
         .trial = milliseconds(trial),
         // A component runs its own code when it is loaded. If that fails badly, the hand-over goes on all the same.

@@ -1,7 +1,9 @@
 #include "patcher/patch.h"
 
 #include "foundation/text.h"
+#include "patcher/file_steps.h"
 #include "patcher/trial.h"
+#include "platform/posix/native_files.h"
 
 namespace ombrin::patcher {
 
@@ -35,13 +37,19 @@ int Patch::Run() {
         return 1;
     }
     // Each of the three stays in the folder that the list of files named for it, which may be any of these.
-    HandOver handOver({systemFolder, clientFolder, windowsFolder}, agreed.state,
-                      [&](const std::string& step) { reporter.Step(step); });
+    std::vector<std::string> folders{systemFolder, clientFolder, windowsFolder};
+    std::erase(folders, "");
+    HandOver handOver(folders, agreed.state, [&](const std::string& step) { reporter.Step(step); });
     const std::string problem = TryNew(handOver, clientsGone);
     if (!problem.empty()) return StartOld(handOver, agreed.clients, std::move(clientsGone), problem);
     const std::string left = ProblemOf([&] { handOver.Finish(); });
     if (!left.empty()) reporter.Failed(text::kPatchUntidy, left);
     return left.empty() ? 0 : 1;
+}
+
+std::string Patch::Client() const {
+    const std::string own = clientFolder.empty() ? "" : clientFolder + "/OmbrinExe.exe";
+    return (own.empty() || !Exists(Resolved(own))) && !installedClient.empty() ? installedClient : own;
 }
 
 std::optional<FileLock> Patch::WaitForClients(const std::string& lock) {

@@ -22,8 +22,9 @@ public:
 };
 
 struct Patch {
-    /// Native, without a closing separator.
+    /// Native, without a closing separator. There is no `clientFolder` where the settings name none.
     std::string systemFolder, clientFolder, windowsFolder;
+    std::string installedClient{};  ///< is started where that folder has none; empty where nothing is installed
     Milliseconds patience{120'000}; ///< for running clients to end
     Milliseconds untilSaid{5'000};  ///< of waiting without a word
     Milliseconds trial{5'000};      ///< a client that fails within it has not started
@@ -34,7 +35,7 @@ struct Patch {
     int Run();
 
 private:
-    std::string Client() const { return clientFolder + "/OmbrinExe.exe"; }
+    std::string Client() const;
     std::optional<FileLock> WaitForClients(const std::string& lock);
     std::string TryNew(HandOver& handOver, std::optional<FileLock>& clientsGone);
     int StartOld(HandOver& handOver, const std::string& lock, std::optional<FileLock> clientsGone,

@@ -171,11 +171,29 @@ void Update::clsFT_DownloadComplete() {
     desk.trap(__func__, [&] {
         desk.TraceMessage("clsFT_DownloadComplete() event received from the file transfer class");
         clsFT.reset();
-        const std::string patcher = directories.system + "OBPatch.exe";
-        if (services.processes.Shell({patcher, patcher.size()}) == Processes::kNone)
-            throw RuntimeError(ErrorNumber::FileNotFound, Join(patcher, " cannot be started"));
+        StartPatcher();
         services.closeClient();
     });
+}
+
+/// The one in the system directory, which may have come with this update; where there is none, the one that the
+/// system's packages have installed.
+void Update::StartPatcher() {
+    const auto starts = [&](const std::string& program) {
+        return services.processes.Shell({program, program.size()}) != Processes::kNone;
+    };
+    const std::string patcher = directories.system + "OBPatch.exe", &installed = services.places.patcher;
+    if (starts(patcher) || (!installed.empty() && !IsThere(patcher) && starts(installed))) return;
+    throw RuntimeError(ErrorNumber::FileNotFound, Join(patcher, " cannot be started"));
+}
+
+bool Update::IsThere(const std::string& file) const {
+    try {
+        services.files.Open(file);
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
+    }
 }
 
 void Update::clsFT_DownloadCanceled() {

@@ -58,6 +58,8 @@ private:
     void FileTransferSocket_Close();
     void FileTransferSocket_Failed();
     void clsFT_DownloadComplete();
+    void StartPatcher();
+    bool IsThere(const std::string& file) const;
     void clsFT_DownloadCanceled();
 
     Desk desk;

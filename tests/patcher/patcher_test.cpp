@@ -158,6 +158,25 @@ TEST_F(Patcher, KilledAtAnyStepLeavesAClientThatStartsAndFinishesTheNextTime) {
     }
 }
 
+// As a client from the system's packages has it in its user's folder.
+TEST_F(Patcher, ALinkToTheInstalledClientGivesWayToANewOneAndComesBackWhereThatFails) {
+    const std::string installed = home / "installed", own = client + "OmbrinExe.exe";
+    for (const std::string& newClient : {kNew, kBroken}) {
+        Install();
+        Write(installed, kOld);
+        fs::permissions(installed, fs::perms(0750));
+        fs::remove(own);
+        fs::create_symlink(installed, own);
+        Fetch(newClient);
+        EXPECT_EQ(Run(), newClient == kNew ? 0 : 1);
+        EXPECT_EQ(fs::is_symlink(own), newClient == kBroken);
+        EXPECT_EQ(Read(own), newClient == kNew ? kNew : kOld);
+        EXPECT_EQ(fs::status(own).permissions(), fs::perms(0750));
+        EXPECT_EQ(Read(installed), kOld) << "what is installed is not touched";
+        fs::remove(own);
+    }
+}
+
 // The patcher was killed after the placing, the client ran all the same, and fetched a still newer one, which fails.
 TEST_F(Patcher, GoesBackToTheLastWholeSet) {
     for (const char* name : {"Ping", "Ombrin"}) {

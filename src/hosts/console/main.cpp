@@ -75,6 +75,8 @@ private:
 int Run(const Options& options) {
     ClientHome home(options.home);
     const CodePage& page = home.page;
+    const bool realProcesses = options.IsReal("process");
+    if (!realProcesses) home.places.patcher.clear(); // the recorded machine has what its client's home has
     ExportHome(home.root);
     const FileLock clientFiles = HoldClientFiles(home.places, home.files);
 
@@ -104,7 +106,6 @@ int Run(const Options& options) {
     GameMachine machine(home.files, home.places, page, loop);
     PosixSound sound({home.root + "/app", ShareFolder()}, machine.settings, page, loop);
     recording::RecordingApplications recordedApplications(journal);
-    const bool realProcesses = options.IsReal("process");
     directplay::RegistryService directPlay(
         machine.registry, realProcesses ? static_cast<Applications&>(machine.applications) : recordedApplications);
     recording::RecordingDisks disks(&machine.disks);

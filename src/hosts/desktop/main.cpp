@@ -2,6 +2,8 @@
 #include "foundation/text.h"
 #include "hosts/desktop/bus_announcer.h"
 #include "hosts/desktop/desktop_client.h"
+#include "hosts/desktop/own_client.h"
+#include "hosts/desktop/qt_start.h"
 #include "hosts/desktop/spoken.h"
 #include "platform/posix/end_signals.h"
 #include "platform/posix/language_file.h"
@@ -18,18 +20,18 @@ namespace ombrin::desktop {
 
 namespace {
 
-/// A client without it works; what is in its way stands in the log.
-void PlaceLanguageFile(const Places& places, PosixFiles& files, Log& log) {
-    try {
-        ombrin::PlaceLanguageFile(ShareFolder(), places, files);
-    } catch (const std::exception& problem) {
-        log.LogError(Join("the language file cannot be put in place: ", problem.what()), false);
-    }
-}
-
-/// What is answered on a terminal, too, where there is no display.
-bool IsQuestion(std::string_view argument) {
-    return argument == "-h" || argument == "--help" || argument == "--version";
+/// What an installer would leave. A client without it works; what is in its way stands in the log.
+void FillHome(ClientHome& home, Log& log) {
+    const std::pair<const char*, std::function<void()>> kSteps[] = {
+        {"the language file cannot be put in place: ",
+         [&] { PlaceLanguageFile(ShareFolder(), home.places, home.files); }},
+        {"updates of the client have no place: ", [&] { SettleOwnClient(home); }},
+    };
+    for (const auto& [problem, step] : kSteps) try {
+            step();
+        } catch (const std::exception& reason) {
+            log.LogError(Join(problem, reason.what()), false);
+        }
 }
 
 std::optional<int> Parse(int argc, char** argv, std::optional<std::string>& home) {
@@ -37,16 +39,20 @@ std::optional<int> Parse(int argc, char** argv, std::optional<std::string>& home
     app.set_version_flag("--version", "OmbrinExe " OMBRIN_VERSION, "Print the version and exit");
     app.add_option("--home", home, "Folder of the client's files; made when missing")->type_name("DIR");
     try {
-        app.parse(argc, argv);
+        std::vector<std::string> words = WithoutQtOptions(argc, argv);
+        std::reverse(words.begin(), words.end());
+        words.pop_back(); // the program's name
+        app.parse(std::move(words));
     } catch (const CLI::ParseError& problem) {
         return app.exit(problem) == 0 ? 0 : 2;
     }
     return std::nullopt;
 }
 
-int Run(const std::optional<std::string>& asked) {
+int Run(const std::optional<std::string>& asked, char* const* words) {
     ClientHome home(asked);
     FinishHandOverFirst(home.places, home.files);
+    GiveWayToNewer(home, words);
     InstallSpoken();
     QPointer<MainWindow> front; // once it is there
     BusAnnouncer announcer([&front] {
@@ -59,7 +65,7 @@ int Run(const std::optional<std::string>& asked) {
     EventLoop& events = desktop.events;
     front = &desktop.window;
     notifier.Attach(desktop.window);
-    PlaceLanguageFile(home.places, home.files, client.Trace());
+    FillHome(home, client.Trace());
     // The event only notes the wish, so that the raising routine finishes its steps.
     client.CloseClient = [&] { events.Post([&] { client.Stack().RequestEnd(); }); };
     const EndSignals signals(events, [&] { client.Stack().RequestEnd(); });
@@ -77,22 +83,25 @@ int Run(const std::optional<std::string>& asked) {
 } // namespace ombrin::desktop
 
 int main(int argc, char** argv) {
+    using namespace ombrin::desktop;
     std::setlocale(LC_TIME, "");
     std::optional<std::string> home;
-    if (std::any_of(argv, argv + argc, ombrin::desktop::IsQuestion))
-        if (const auto status = ombrin::desktop::Parse(argc, argv, home)) return *status;
-    ombrin::EndSignals::Block();          // before Qt has threads of its own
-    QApplication application(argc, argv); // which takes Qt's own options away
-    if (const auto status = ombrin::desktop::Parse(argc, argv, home)) return *status;
+    if (const auto status = Parse(argc, argv, home)) return *status;
+    std::vector<char*> words(argv, argv + argc + 1); // before Qt takes its own away
+    ombrin::EndSignals::Block();                     // before Qt has threads of its own
+    std::optional<NeedsDisplay> start("OmbrinExe");
+    QApplication application(argc, argv);
+    start.reset();
     QCoreApplication::setApplicationName(QStringLiteral("ombrin"));
     QCoreApplication::setOrganizationName(QStringLiteral("ombrin"));
     QCoreApplication::setApplicationVersion(QStringLiteral(OMBRIN_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral("example.ardvelle.Ombrin"));
     QApplication::setQuitOnLastWindowClosed(false);
     try {
-        return ombrin::desktop::Run(home);
+        return Run(home, words.data());
     } catch (const std::exception& error) {
         std::fprintf(stderr, "OmbrinExe: %s\n", error.what());
+        ombrin::EndSignals::Unblock();
         QMessageBox::critical(nullptr, QStringLiteral("Ombrin"), QString::fromUtf8(error.what()));
         return 1;
     }

@@ -30,11 +30,18 @@ void FinishHandOverFirst(const Places& places, const PosixFiles& files) {
     const bool nobodyElse = FileLock::Try(agreed.patcher, FileLock::Kind::Exclusive) &&
                             FileLock::Try(agreed.clients, FileLock::Kind::Exclusive);
     if (!nobodyElse) return;
-    // What this process blocks is no affair of the patcher.
+    const bool hasOwn = access(agreed.program.c_str(), F_OK) == 0;
+    std::string patcher = hasOwn ? agreed.program : files.Native(places.patcher);
+    char* const words[] = {patcher.data(), nullptr};
+    Become(patcher, words);
+}
+
+void Become(const std::string& program, char* const* words) {
+    // What this process blocks is no affair of the other program.
     sigset_t none, blocked;
     sigemptyset(&none);
     sigprocmask(SIG_SETMASK, &none, &blocked);
-    execl(agreed.program.c_str(), agreed.program.c_str(), static_cast<char*>(nullptr));
+    execv(program.c_str(), words);
     sigprocmask(SIG_SETMASK, &blocked, nullptr);
 }
 

@@ -29,4 +29,7 @@ FileLock HoldClientFiles(const Places& places, const PosixFiles& files);
 /// finishes it and starts the client. Returns where there is nothing to finish, or no patcher.
 void FinishHandOverFirst(const Places& places, const PosixFiles& files);
 
+/// This process becomes that program; `words` are its name and its arguments, and a null. Returns where that cannot be.
+void Become(const std::string& program, char* const* words);
+
 } // namespace ombrin

@@ -23,6 +23,11 @@ void EndSignals::Block() {
     std::signal(SIGPIPE, SIG_IGN);
 }
 
+void EndSignals::Unblock() {
+    const sigset_t signals = BothSignals();
+    sigprocmask(SIG_UNBLOCK, &signals, nullptr);
+}
+
 EndSignals::EndSignals(EventLoop& loop, std::function<void()> ended) {
     Block();
     const sigset_t signals = BothSignals();

@@ -14,6 +14,8 @@ public:
     /// Keeps both signals from ending the process. A program whose libraries start threads calls it before they do;
     /// otherwise the constructor does it.
     static void Block();
+    /// They end the process again: for a program that has failed and waits only for its user to have read why.
+    static void Unblock();
 
     EndSignals(EventLoop& loop, std::function<void()> ended);
 

@@ -3,6 +3,7 @@
 #include "foundation/runtime_error.h"
 #include "foundation/settings.h"
 #include "foundation/text.h"
+#include "platform/posix/share.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -33,6 +34,7 @@ Places PreparePlaces(const std::string& root, const CodePage& page, const PosixF
     files.MakeFolder(places.root, Files::Readers::UserOnly);
     for (const std::string& folder : {places.WindowsDirectory(), places.SystemDirectory(), places.AppPath()})
         files.MakeFolder(folder, Files::Readers::Everybody);
+    places.patcher = page.FromUtf8(InstalledProgram("OBPatch")).value_or("");
     return places;
 }
 

@@ -19,7 +19,7 @@ struct ClientHome {
     const std::string root; ///< UTF-8, absolute
     const CodePage& page;   ///< the one that the store names, else the usual one
     PosixFiles files;
-    const Places places;
+    Places places;
 };
 
 } // namespace ombrin

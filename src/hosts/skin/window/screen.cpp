@@ -1,6 +1,7 @@
 #include "hosts/skin/screen.h"
 
 #include "hosts/desktop/look.h"
+#include "hosts/desktop/qt_start.h"
 #include "hosts/skin/window/chooser.h"
 #include "hosts/skin/window/preview.h"
 #include "platform/posix/end_signals.h"
@@ -17,6 +18,7 @@ namespace {
 class Desk {
 public:
     Desk() {
+        start.reset();
         QCoreApplication::setApplicationName(QStringLiteral("ombrin-skin"));
         QCoreApplication::setOrganizationName(QStringLiteral("ombrin"));
         QCoreApplication::setApplicationVersion(QStringLiteral(OMBRIN_VERSION));
@@ -28,6 +30,7 @@ private:
     int count = 1;
     char name[12] = "ombrin-skin";
     char* words[2] = {name, nullptr};
+    std::optional<desktop::NeedsDisplay> start{std::in_place, name};
     QApplication application{count, words};
 };
 
