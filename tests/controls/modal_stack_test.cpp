@@ -40,42 +40,26 @@ protected:
     std::vector<std::string> said;
 };
 
-TEST_F(ModalStackTest, AFormIsLoadedOnceAndActivatedAtEachShow) {
-    for (const bool first : {true, false}) {
-        user.Then([&] { one.Hide(); });
-        one.ShowModal();
-        const auto told = Said();
-        EXPECT_EQ(told.front(), first ? "load one" : "shown one");
-        EXPECT_THAT(std::vector(told.end() - 4, told.end()),
-                    ElementsAre("shown one", "activate one", "hidden one", "deactivate one"));
-    }
-    EXPECT_EQ(stack.Depth(), 0U);
-}
-
-TEST_F(ModalStackTest, ASecondFormTakesTheActivationAndGivesItBack) {
+TEST_F(ModalStackTest, ASecondFormTakesTheActivationAndGivesItBackAndABoxDoesNot) {
+    Boxes boxes(stack);
     user.Then([&] { two.ShowModal(); })
         .Then([&] {
             EXPECT_THAT(Visible(), ElementsAre("one", "two"));
             two.Hide();
         })
+        .Then([&] { boxes.ShowPlain("sorry"); })
+        .Then([&] { dynamic_cast<MessageBoxForm&>(*stack.Top()).Press(BoxResult::Ok); })
+        .Then([&] { one.Hide(); })
         .Then([&] { one.Hide(); });
-    one.EnsureLoaded();
     two.EnsureLoaded();
     Said();
     one.ShowModal();
-    EXPECT_THAT(Said(), ElementsAre("shown one", "activate one", "deactivate one", "shown two", "activate two",
-                                    "hidden two", "deactivate two", "activate one", "hidden one", "deactivate one"));
-    EXPECT_THAT(Visible(), IsEmpty());
-}
-
-TEST_F(ModalStackTest, AMessageBoxLeavesTheFormBelowItActive) {
-    Boxes boxes(stack);
-    user.Then([&] { boxes.ShowPlain("sorry"); })
-        .Then([&] { dynamic_cast<MessageBoxForm&>(*stack.Top()).Press(BoxResult::Ok); })
-        .Then([&] { one.Hide(); });
+    EXPECT_THAT(Said(), ElementsAre("load one", "shown one", "activate one", "deactivate one", "shown two",
+                                    "activate two", "hidden two", "deactivate two", "activate one", "shown MessageBox",
+                                    "hidden MessageBox", "hidden one", "deactivate one"));
     one.ShowModal();
-    EXPECT_THAT(Said(), ElementsAre("load one", "shown one", "activate one", "shown MessageBox", "hidden MessageBox",
-                                    "hidden one", "deactivate one"));
+    EXPECT_THAT(Said(), ElementsAre("shown one", "activate one", "hidden one", "deactivate one")) << "loaded already";
+    EXPECT_THAT(Visible(), IsEmpty());
 }
 
 TEST_F(ModalStackTest, AFormHiddenUnderAnotherOneIsGoneAtOnceAndItsRoutineReturnsLater) {
@@ -100,26 +84,10 @@ TEST_F(ModalStackTest, AFormHiddenUnderAnotherOneIsGoneAtOnceAndItsRoutineReturn
     EXPECT_THAT(returned, ElementsAre("two", "one"));
 }
 
-TEST_F(ModalStackTest, AFormThatIsUpCannotBeShownAgain) {
-    int raised = 0;
-    user.Then([&] { two.ShowModal(); }).Then([&] {
-        raised = Raised([&] { one.ShowModal(); });
-        EXPECT_THAT(Visible(), ElementsAre("one", "two"));
-        two.Hide();
-        one.Hide();
-    });
-    one.ShowModal();
-    EXPECT_EQ(raised, 400);
-    EXPECT_EQ(stack.Depth(), 0U);
-
-    three.Load = [&] { three.Show(); }; // a load that shows the form itself
-    EXPECT_EQ(Raised([&] { three.ShowModal(); }), 400);
-    EXPECT_THAT(Visible(), ElementsAre("three"));
-}
-
-TEST_F(ModalStackTest, AFormCanBeShownAgainWhileAnEndedWaitOnItIsStillBelow) {
+TEST_F(ModalStackTest, AFormThatIsUpCannotBeShownAgainButOneWhoseWaitHasEndedCan) {
     std::vector<std::string> returned;
     user.Then([&] {
+            EXPECT_EQ(Raised([&] { one.ShowModal(); }), 400);
             one.Hide();
             one.ShowModal();
             returned.push_back("inner");
@@ -133,6 +101,10 @@ TEST_F(ModalStackTest, AFormCanBeShownAgainWhileAnEndedWaitOnItIsStillBelow) {
     returned.push_back("outer");
     EXPECT_THAT(returned, ElementsAre("inner", "outer"));
     EXPECT_EQ(stack.Depth(), 0U);
+
+    three.Load = [&] { three.Show(); }; // a load that shows the form itself
+    EXPECT_EQ(Raised([&] { three.ShowModal(); }), 400);
+    EXPECT_THAT(Visible(), ElementsAre("three"));
 }
 
 TEST_F(ModalStackTest, AFormThatHidesItselfAsItAppearsIsNotWaitedFor) {
@@ -152,8 +124,9 @@ TEST_F(ModalStackTest, TheEndOfTheProgramTakesThreeFormsAwayAndLetsNoneAppear) {
         };
     };
     user.Then(shows(two)).Then(shows(three)).Then([&] {
-        stack.RequestEnd();
-        EXPECT_THROW(Form(stack, "late", "Late").ShowModal(), ProgramEnding);
+        Form late(stack, "late", "Late");
+        late.Load = [&] { stack.RequestEnd(); };
+        EXPECT_THROW(late.ShowModal(), ProgramEnding);
         EXPECT_THAT(Visible(), ElementsAre("one", "two", "three")) << "the routine that ends finishes its steps";
     });
     EXPECT_THROW(one.ShowModal(), ProgramEnding);
@@ -162,12 +135,6 @@ TEST_F(ModalStackTest, TheEndOfTheProgramTakesThreeFormsAwayAndLetsNoneAppear) {
     EXPECT_EQ(stack.Depth(), 0U);
     EXPECT_FALSE(one.Visible() || two.Visible() || three.Visible());
     EXPECT_THROW(one.ShowModal(), ProgramEnding);
-}
-
-TEST_F(ModalStackTest, AnEndRequestedWhileAFormLoadsLetsItNotAppear) {
-    one.Load = [&] { stack.RequestEnd(); };
-    EXPECT_THROW(one.ShowModal(), ProgramEnding);
-    EXPECT_THAT(Said(), IsEmpty());
 }
 
 TEST_F(ModalStackTest, AFailureInAFormTakesItAwayAndPasses) {
@@ -211,45 +178,43 @@ TEST_F(ModalStackTest, AModelessFormIsNotWaitedForAndDoesNotComeUnderAModalOne) 
     EXPECT_THAT(Visible(), ElementsAre("three")) << "the wait has ended, and the form stays";
 }
 
-TEST_F(ModalStackTest, TheServerIsNotListenedToWhileTooManyFormsAreOpen) {
+TEST_F(ModalStackTest, TheServerIsNotListenedToWhileTooManyFormsAreOpenOrWaitedFor) {
     std::vector<std::unique_ptr<Form>> forms;
-    std::size_t heldFrom = 0;
     const auto open = [&] {
         forms.push_back(std::make_unique<Form>(stack, "form", ""));
         forms.back()->ShowModal();
     };
-    for (std::size_t i = 1; i < ModalStack::kOpenLimit; ++i)
-        user.Then([&] {
-            if (held) heldFrom = forms.size();
-            open();
-        });
-    user.Then([&] {
-        EXPECT_EQ(heldFrom, 0U);
-        EXPECT_TRUE(held) << forms.size();
-        forms[10]->Hide();
-        EXPECT_FALSE(held) << "one has closed";
-        for (const auto& form : forms) form->Hide();
-    });
-    open();
-    EXPECT_EQ(forms.size(), ModalStack::kOpenLimit);
-    EXPECT_FALSE(held);
-}
-
-TEST_F(ModalStackTest, TheServerIsNotListenedToWhileTooManyHiddenFormsAreWaitedFor) {
-    for (std::size_t i = 1; i < ModalStack::kWaitLimit; ++i)
-        user.Then([&] {
-            ASSERT_FALSE(held);
-            one.Hide();
-            one.ShowModal();
-        });
-    user.Then([&] {
-        EXPECT_TRUE(held);
-        EXPECT_THAT(Visible(), ElementsAre("one"));
+    const auto again = [&] {
         one.Hide();
-    });
-    one.ShowModal();
-    EXPECT_TRUE(user.Done());
-    EXPECT_FALSE(held);
+        one.ShowModal();
+    };
+    const struct {
+        std::size_t limit;
+        std::function<void()> wait, end;
+    } kLimits[] = {
+        {ModalStack::kOpenLimit, open,
+         [&] {
+             forms[10]->Hide();
+             EXPECT_FALSE(held) << "one has closed";
+             for (const auto& form : forms) form->Hide();
+         }},
+        {ModalStack::kWaitLimit, again, [&] { one.Hide(); }},
+    };
+    for (const auto& row : kLimits) {
+        SCOPED_TRACE(row.limit);
+        for (std::size_t i = 1; i < row.limit; ++i)
+            user.Then([&] {
+                ASSERT_FALSE(held);
+                row.wait();
+            });
+        user.Then([&] {
+            EXPECT_TRUE(held);
+            row.end();
+        });
+        row.wait();
+        EXPECT_TRUE(user.Done());
+        EXPECT_FALSE(held);
+    }
 }
 
 TEST_F(ModalStackTest, TheUsualControlHasTheFocusAtFirstAndALaterChoiceStays) {

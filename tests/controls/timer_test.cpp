@@ -9,12 +9,10 @@ namespace ombrin {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 /// A timer of one second, started at 0; the test turns the clock.
-class TimerTest : public testing::Test {
-protected:
-    TimerTest() {
+struct TimerStage {
+    TimerStage() {
         timer.Tick = [this] { ticks.push_back(Now()); };
     }
     long Now() const { return (clock.Now() - start).count(); }
@@ -39,85 +37,59 @@ protected:
     std::vector<long> ticks;
 };
 
-TEST_F(TimerTest, ItTicksAtEachIntervalAndNotBefore) {
-    PassUntil(999);
-    EXPECT_THAT(ticks, IsEmpty());
-    PassUntil(3500);
-    EXPECT_THAT(ticks, ElementsAre(1000, 2000, 3000));
-}
-
-TEST_F(TimerTest, SwitchedOffItIsSilentAndOnAgainItWaitsAWholeInterval) {
-    PassUntil(900);
-    timer.SetOn(false);
-    PassUntil(5500);
-    timer.SetOn(true);
-    PassUntil(6000);
-    timer.SetOn(true);
-    PassUntil(7000);
-    EXPECT_THAT(ticks, ElementsAre(6500));
-}
-
-TEST_F(TimerTest, ANewIntervalStartsAtOnceAndTheSameOneChangesNothing) {
-    PassUntil(600);
-    timer.SetInterval(Milliseconds(1000));
-    PassUntil(1500);
-    timer.SetInterval(Milliseconds(300));
-    PassUntil(2200);
-    timer.SetOn(false);
-    timer.SetInterval(Milliseconds(100));
-    PassUntil(3000);
-    EXPECT_THAT(ticks, ElementsAre(1000, 1800, 2100));
-}
-
-TEST_F(TimerTest, AnIntervalOfNothingStopsItUntilItGetsAnother) {
-    timer.SetInterval(Milliseconds(0));
-    timer.SetOn(false);
-    timer.SetOn(true);
-    PassUntil(5000);
-    EXPECT_THAT(ticks, IsEmpty());
-    EXPECT_TRUE(timer.On());
-    timer.SetInterval(Milliseconds(500));
-    PassUntil(6000);
-    EXPECT_THAT(ticks, ElementsAre(5500, 6000));
-}
-
-TEST_F(TimerTest, TicksThatABusyMachineMissedAreNotMadeUpFor) {
-    clock.MoveTo(start + Milliseconds(4600));
-    RunDue();
-    EXPECT_THAT(ticks, ElementsAre(4600));
-    PassUntil(6100);
-    EXPECT_THAT(ticks, ElementsAre(4600, 5000, 6000)) << "the beat is the old one";
-}
-
-TEST_F(TimerTest, ItDoesNotTickAgainWhileItsOwnRoutineWaits) {
-    timer.Tick = [&] {
-        ticks.push_back(Now());
-        if (ticks.size() == 1) PassUntil(3400);
-        ticks.push_back(-Now());
+TEST(Timer, TicksAtEachIntervalSinceItWasLastSet) {
+    const auto on = [](TimerStage& s) { s.timer.SetOn(true); };
+    const auto off = [](TimerStage& s) { s.timer.SetOn(false); };
+    const auto every = [](long interval) {
+        return [interval](TimerStage& s) { s.timer.SetInterval(Milliseconds(interval)); };
     };
-    PassUntil(4000);
-    EXPECT_THAT(ticks, ElementsAre(1000, -3400, 4000, -4000));
-}
-
-TEST_F(TimerTest, ARoutineThatFailsOrStopsItsTimerLeavesItUsable) {
-    timer.Tick = [&] {
-        ticks.push_back(Now());
-        if (ticks.size() == 1) throw std::runtime_error("failed");
-        timer.SetOn(false);
+    const auto busyUntil4600 = [](TimerStage& s) {
+        s.clock.MoveTo(s.start + Milliseconds(4600));
+        s.RunDue();
     };
-    EXPECT_THROW(PassUntil(1000), std::runtime_error);
-    PassUntil(5000);
-    EXPECT_THAT(ticks, ElementsAre(1000, 2000));
-}
-
-TEST_F(TimerTest, ATimerThatIsGoneTakesItsAlarmAlong) {
-    Container otherView("Other");
-    {
-        Timer other(otherView, loop, "Other", Milliseconds(500), true);
-        timer.SetOn(false);
-        EXPECT_EQ(loop.NextAlarm(), start + Milliseconds(500));
+    const struct {
+        const char* what;
+        std::vector<std::pair<long, std::function<void(TimerStage&)>>> steps; ///< at their times
+        long end;
+        std::vector<long> ticks;
+    } kCases[] = {
+        {"not before the first", {}, 999, {}},
+        {"left alone", {}, 3500, {1000, 2000, 3000}},
+        {"off and on again, which waits a whole interval", {{900, off}, {5500, on}, {6000, on}}, 7000, {6500}},
+        {"the same interval, and a new one", {{600, every(1000)}, {1500, every(300)}}, 2200, {1000, 1800, 2100}},
+        {"a new interval while it is off", {{600, off}, {700, every(100)}}, 3000, {}},
+        {"an interval of nothing", {{0, every(0)}, {0, off}, {0, on}, {5000, every(500)}}, 6000, {5500, 6000}},
+        {"what a busy machine missed is not made up for", {{0, busyUntil4600}}, 6100, {4600, 5000, 6000}},
+    };
+    for (const auto& c : kCases) {
+        TimerStage stage;
+        for (const auto& [time, step] : c.steps) {
+            stage.PassUntil(time);
+            step(stage);
+        }
+        stage.PassUntil(c.end);
+        EXPECT_EQ(stage.ticks, c.ticks) << c.what;
     }
-    EXPECT_EQ(loop.NextAlarm(), TimePoint::max());
+}
+
+TEST(Timer, ItsRoutineMayWaitFailOrStopIt) {
+    TimerStage stage;
+    stage.timer.Tick = [&] {
+        stage.ticks.push_back(stage.Now());
+        if (stage.ticks.size() == 1) stage.PassUntil(3400);
+        if (stage.ticks.size() == 2) throw std::runtime_error("failed");
+        if (stage.ticks.size() == 3) stage.timer.SetOn(false);
+    };
+    EXPECT_THROW(stage.PassUntil(4000), std::runtime_error);
+    stage.PassUntil(9000);
+    EXPECT_THAT(stage.ticks, ElementsAre(1000, 4000, 5000)) << "none while the first one waits";
+}
+
+TEST(Timer, TakesItsAlarmAlongWhenItGoes) {
+    TimerStage stage;
+    stage.timer.SetOn(false);
+    { const Timer other(stage.view, stage.loop, "Other", Milliseconds(500), true); }
+    EXPECT_EQ(stage.loop.NextAlarm(), TimePoint::max());
 }
 
 } // namespace
