@@ -28,6 +28,7 @@ TEST_F(FlexGridTest, AGridIsSetUpAndClearedForItsPlace) {
         grid.SetRows(5);
         Say(0, "stale", "stale");
         InitializeMSFlexGrid(grid, wide);
+        EXPECT_EQ(grid.Row(), 1);
         EXPECT_EQ(grid.ColWidth(0), name);
         EXPECT_EQ(grid.ColWidth(1), text);
         EXPECT_EQ(grid.TextAt(0, 0) + grid.TextAt(0, 1), "");
