@@ -45,31 +45,23 @@ protected:
 using Kinds = testing::Types<InMemory, OnDisk>;
 TYPED_TEST_SUITE(LocalFilesTest, Kinds);
 
-TYPED_TEST(LocalFilesTest, BuffersAreWrittenAnewOrBehindWhatIsThere) {
-    EXPECT_TRUE(this->files.Write(this->root + "/a.dll", "old", Append)); // made where it is missing
-    EXPECT_TRUE(this->files.Write(this->root + "\\a.dll", "+more", Append));
-    EXPECT_EQ(this->Content("/a.dll"), "old+more");
-    EXPECT_TRUE(this->files.Write(this->root + "/a.dll", std::string("n\0w", 3), Create));
-    EXPECT_EQ(this->Content("/a.dll"), std::string("n\0w", 3));
-}
-
-TYPED_TEST(LocalFilesTest, ACopyTakesThePlaceAndLeavesItsSource) {
-    EXPECT_EQ(Raised([&] { this->files.Copy(this->root + "/none", this->root + "/b"); }), 53);
-    this->files.Write(this->root + "/a", ";FileVersion=1.5\n", Create);
-    this->files.Write(this->root + "/b", "old", Create);
-    EXPECT_EQ(this->files.GetFileVersion(this->root + "/b"), "");
-    this->files.Copy(this->root + "/a", this->root + "/b");
-    EXPECT_EQ(this->files.GetFileVersion(this->root + "/b"), "1.5");
-    EXPECT_EQ(this->Content("/a"), this->Content("/b"));
-    EXPECT_EQ(this->files.GetFileVersion(this->root + "/none"), "");
-}
-
-TYPED_TEST(LocalFilesTest, DeletingAndTheTimeTellWhetherThereWasAFile) {
-    this->files.Write(this->root + "/a", "x", Create);
-    EXPECT_TRUE(this->files.SetModifiedTime(this->root + "/a", 0));
-    EXPECT_TRUE(this->files.Delete(this->root + "/a"));
-    EXPECT_FALSE(this->files.Delete(this->root + "/a"));
-    EXPECT_FALSE(this->files.SetModifiedTime(this->root + "/a", 0));
+TYPED_TEST(LocalFilesTest, AFileIsWrittenCopiedAndDeleted) {
+    const std::string a = this->root + "/a", b = this->root + "/b";
+    EXPECT_EQ(Raised([&] { this->files.Copy(a, b); }), 53);
+    EXPECT_TRUE(this->files.Write(a, ";FileVersion", Append)); // made where it is missing
+    EXPECT_TRUE(this->files.Write(this->root + "\\a", "=1.5\n", Append));
+    EXPECT_EQ(this->Content("/a"), ";FileVersion=1.5\n");
+    EXPECT_TRUE(this->files.Write(b, "old", Append));
+    EXPECT_TRUE(this->files.Write(b, std::string("n\0w", 3), Create));
+    EXPECT_EQ(this->Content("/b"), std::string("n\0w", 3));
+    this->files.Copy(a, b);
+    EXPECT_EQ(this->Content("/b"), this->Content("/a"));
+    EXPECT_EQ(this->files.GetFileVersion(b), "1.5");
+    for (const bool isThere : {true, false}) {
+        EXPECT_EQ(this->files.SetModifiedTime(a, 0), isThere);
+        EXPECT_EQ(this->files.Delete(a), isThere);
+        EXPECT_EQ(this->files.GetFileVersion(a), "");
+    }
 }
 
 class PosixLocalFilesTest : public LocalFilesTest<OnDisk> {

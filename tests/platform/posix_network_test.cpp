@@ -190,25 +190,28 @@ TEST_F(NetworkTest, AnUnknownHostFailsAndTheLoopRunsMeanwhile) {
     ExpectQuiet();
 }
 
-TEST_F(NetworkTest, APortThatDoesNotExistIsRefusedInsteadOfAnother) {
-    listener.Listens();
-    EXPECT_EQ(Raised([&] { client.Connect("127.0.0.1", listener.Port() + 65536); }), 5);
-    EXPECT_EQ(Raised([&] { client.Connect("127.0.0.1", -1); }), 5);
-    EXPECT_EQ(client.socket->State(), SocketState::Closed);
-}
-
 TEST_F(NetworkTest, WhatIsKnownAtOnceIsRaised) {
     listener.Listens();
     Listener other("127.0.0.1");
     other.Listens();
-    client.socket->LocalPort = other.Port();
-    EXPECT_EQ(Raised([&] { client.Connect("127.0.0.1", listener.Port()); }), 10048);
-    EXPECT_EQ(client.socket->State(), SocketState::Closed);
-    client.socket->LocalPort = 0;
-    EXPECT_EQ(Raised([&] { client.Connect("255.255.255.255", listener.Port()); }), 10065); // no TCP to a broadcast
-    EXPECT_EQ(client.socket->State(), SocketState::Closed);
+    const struct {
+        const char *what, *host;
+        int port, local, error;
+    } kCases[] = {
+        {"a port beyond the last", "127.0.0.1", listener.Port() + 65536, 0, 5},
+        {"a port below the first", "127.0.0.1", -1, 0, 5},
+        {"a local port that is taken", "127.0.0.1", listener.Port(), other.Port(), 10048},
+        {"no TCP to a broadcast", "255.255.255.255", listener.Port(), 0, 10065},
+    };
+    for (const auto& row : kCases) {
+        client.socket->LocalPort = row.local;
+        EXPECT_EQ(Raised([&] { client.Connect(row.host, row.port); }), row.error) << row.what;
+        EXPECT_EQ(client.socket->State(), SocketState::Closed) << row.what;
+        EXPECT_EQ(Raised([&] { client.socket->SendData("x"); }), 5) << row.what;
+    }
     ExpectQuiet();
     EXPECT_TRUE(client.events.empty());
+    EXPECT_FALSE(LiteralAddresses(client.socket->LocalIP(), 0).empty()) << "without a connection one of the machine";
     const Descriptor peer = Connected(client);
     EXPECT_NE(client.socket->LocalPort, other.Port());
 }
@@ -273,17 +276,6 @@ TEST_F(NetworkTest, WhatIsNotTakenWaitsAndGoesWithTheConnection) {
     socket->SendData("new");
     EXPECT_EQ(PeerReads(next, 3), "new") << "what was queued for the old connection";
     EXPECT_EQ(socket->GetData(), "") << "what had come from the old connection";
-}
-
-TEST_F(NetworkTest, SendingNeedsAConnection) {
-    listener.Listens();
-    EXPECT_EQ(Raised([&] { client.socket->SendData("x"); }), 5);
-    client.Connect("127.0.0.1", listener.Port());
-    EXPECT_EQ(Raised([&] { client.socket->SendData("x"); }), 5);
-    ASSERT_TRUE(UntilSaid("connected"));
-    EXPECT_EQ(Raised([&] { client.socket->SendData("x"); }), 0);
-    client.socket->Close();
-    EXPECT_EQ(Raised([&] { client.socket->SendData("x"); }), 5);
 }
 
 TEST_F(NetworkTest, APeerThatDoesNotReadCostsABoundedQueueAndNoByte) {
@@ -377,10 +369,6 @@ TEST_F(NetworkTest, ASocketMayCloseOrGoWhileItsConnectionComes) {
         ExpectQuiet();
     }
     EXPECT_EQ(events, 0);
-}
-
-TEST_F(NetworkTest, WithoutAConnectionTheAddressIsOneOfTheMachine) {
-    EXPECT_FALSE(LiteralAddresses(client.socket->LocalIP(), 0).empty()) << client.socket->LocalIP();
 }
 
 } // namespace

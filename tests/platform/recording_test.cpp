@@ -60,14 +60,19 @@ TEST_F(TellingNetworkTest, TellsAWholeConnectionInItsOrder) {
     EXPECT_EQ(events, "cdxf");
 }
 
-TEST_F(TellingNetworkTest, KeepsDataToItselfWhenItIsNotWanted) {
+TEST_F(TellingNetworkTest, KeepsDataToItselfWhenItIsNotWantedAndShowsThePortWithTheConnection) {
     Make(false);
     socket->Connect();
+    EXPECT_EQ(socket->LocalPort, 0); // the name is being looked up
+    played.Named("Winsock").LocalPort = 40'000;
     played.Named("Winsock").Accept();
+    EXPECT_EQ(socket->LocalPort, 40'000);
     socket->SendData("secret");
     played.Named("Winsock").Sends("secret");
     EXPECT_EQ(socket->GetData(), "secret");
     EXPECT_THAT(told, ElementsAre("connect host=lobby port=80 socket=Winsock", "connected socket=Winsock"));
+    socket->Close();
+    EXPECT_EQ(socket->LocalPort, 0);
 }
 
 TEST_F(TellingNetworkTest, RaisesTheOrderedErrorsOneATryAndTheLastForEver) {
@@ -83,17 +88,6 @@ TEST_F(TellingNetworkTest, RaisesTheOrderedErrorsOneATryAndTheLastForEver) {
     network->connectErrors = {11001};
     EXPECT_EQ(ConnectNumber(), 11001);
     EXPECT_EQ(ConnectNumber(), 11001);
-}
-
-TEST_F(TellingNetworkTest, ShowsTheLocalPortThatIsSettledOnlyWithTheConnection) {
-    Make(false);
-    socket->Connect();
-    EXPECT_EQ(socket->LocalPort, 0); // the name is being looked up
-    played.Named("Winsock").LocalPort = 40'000;
-    played.Named("Winsock").Accept();
-    EXPECT_EQ(socket->LocalPort, 40'000);
-    socket->Close();
-    EXPECT_EQ(socket->LocalPort, 0);
 }
 
 TEST(SoundFiles, ANameLiesInOneOfTheSoundsAndAPathBelowTheProgramAlone) {
