@@ -88,7 +88,7 @@ TEST(FileVersion, OfAFileThatEndsTooEarlyIsNeverAnother) {
 
 TEST(FileVersion, OfAFileThatCannotBeReadIsTheErrorOfItsSource) {
     const std::pair<const char*, int> kCases[] = {{"/nothing/here", 53}, {"/dev", 75}, {"/dev/null", 75}};
-    for (const auto& [path, error] : kCases) EXPECT_EQ(Raised([&] { FileSource file(path); }), error) << path;
+    for (const auto& [path, error] : kCases) EXPECT_EQ(Raised([path = path] { FileSource file(path); }), error) << path;
     FileSource self("/proc/self/exe");
     EXPECT_EQ(self.ReadAt(1, 3), "ELF");
     EXPECT_EQ(self.ReadAt(self.Size() - 1, 100).size(), 1U);

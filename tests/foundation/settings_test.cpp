@@ -58,8 +58,8 @@ TEST_F(SettingsTest, WhatCannotBeKeptRaises5AndKeepsTheOldValue) {
     const std::string before = files.Content("/root/settings.ini");
     const std::array<std::string, 3> kRefused[] = {
         {"Settings", "UserName", "two\nlines"}, {"Settings", "", "value"}, {"", "UserName", "value"}};
-    for (const auto& [section, key, value] : kRefused)
-        EXPECT_EQ(Raised([&] { settings.SaveSetting(section, key, value); }), 5) << section << key;
+    for (const auto& row : kRefused)
+        EXPECT_EQ(Raised([&] { settings.SaveSetting(row[0], row[1], row[2]); }), 5) << row[0] << row[1];
     const auto half = [](SettingsDraft& draft) {
         draft.Put("Settings", "IP", "new");
         draft.Put("Settings", "UserName", "two\nlines");
