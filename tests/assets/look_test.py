@@ -6,27 +6,24 @@ import sys
 import zlib
 from pathlib import Path
 
-CAPTION = range(28, 92), range(9, 34) # where a host writes it on a button of 96 by 43
-TEXTS = {"look": ("e6edf3", "8496a8"), "skins/light": ("17324d", "5d7186")} # enabled and disabled
+CAPTION = [(x, y) for x in range(28, 92) for y in range(9, 34)]     # where a host writes it on a button of 96 by 43
+TEXTS = {"look": ("e6edf3", "8496a8"), "skins/light": ("17324d", "5d7186")}     # enabled and disabled
 
 
 def pixels(file):
     """The rows of a picture of 8 bit RGBA, as (red, green, blue, alpha)."""
-    data, at, packed = file.read_bytes(), 8, b""
+    data, at, packed = file.read_bytes(), 33, b""
+    width, height, *form = struct.unpack_from(">IIBBBBB", data, 16)
+    assert form == [8, 6, 0, 0, 0], f"{file} is not 8 bit RGBA"
     while at < len(data):
         length, kind = struct.unpack_from(">I4s", data, at)
-        body = data[at + 8:at + 8 + length]
-        if kind == b"IHDR":
-            width, height, *form = struct.unpack(">IIBBBBB", body)
-            assert form == [8, 6, 0, 0, 0], f"{file} is not 8 bit RGBA"
-        packed += body if kind == b"IDAT" else b""
+        packed += data[at + 8:at + 8 + length] if kind == b"IDAT" else b""
         at += length + 12
     raw, stride, above, rows = zlib.decompress(packed), width * 4 + 1, bytearray(width * 4), []
     for start in range(0, height * stride, stride):
         row, filtering = bytearray(raw[start + 1:start + stride]), raw[start]
-        for x in range(len(row)):
+        for x, up in enumerate(above):
             left, corner = (row[x - 4], above[x - 4]) if x >= 4 else (0, 0)
-            up = above[x]
             nearest = min((left, up, corner), key=lambda value: abs(left + up - corner - value))
             row[x] = (row[x] + (0, left, up, (left + up) // 2, nearest)[filtering]) % 256
         above = row
@@ -45,38 +42,26 @@ def contrast(one, other):
 
 
 def faults(folder, texts):
-    states = {}
-    for file in sorted(set(folder.glob("button-*.png")) - set(folder.glob("*@2x.png"))):
+    looks = {}
+    for file in set(folder.glob("button-*.png")) - set(folder.glob("*@2x.png")):
         _, prefix, state = file.stem.split("-")
         rows = pixels(file)
-        double = struct.unpack_from(">II", file.with_stem(file.stem + "@2x").read_bytes(), 16)
-        states.setdefault(prefix, set()).add(str(rows))
-        wide = not prefix.startswith("Send")
-        width, height = (96, 43) if wide else (37, 25)
-        if (len(rows[0]), len(rows), *double) != (width, height, 2 * width, 2 * height):
-            yield f"{file}: {len(rows[0])} by {len(rows)}, and {double} at twice the size"
-        elif wide:
-            text, least = (bytes.fromhex(texts[1]), 3) if state == "disabled" else (bytes.fromhex(texts[0]), 4.5)
-            behind = {rows[y][x] for x in CAPTION[0] for y in CAPTION[1]}
-            worst = min(contrast(text, colour) * (colour[3] == 255) for colour in behind)
-            if worst < least:
-                yield f"{file}: a caption has a contrast of {worst:.2f}"
-    if len(states) != 17:
-        yield f"{folder}: pictures of {len(states)} buttons"
-    yield from (f"{folder}: states of {prefix} look the same" for prefix, looks in states.items() if len(looks) != 3)
-
-
-def skin_faults(folder):
-    skin = configparser.ConfigParser()
-    skin.optionxform = str
-    skin.read(folder / "skin.ini")
-    if len(skin["Skin"]) != 53:
-        yield f"{folder}: {len(skin['Skin'])} of 53 keys"
-    yield from (f"{folder}: {key} names {name}, which is missing" for key, name in skin["Skin"].items()
-                if key != "LabelTextColor" and not (folder / name).is_file())
+        looks.setdefault(prefix, set()).add(str(rows))
+        text, least = (texts[1], 3) if state == "disabled" else (texts[0], 4.5)
+        behind = {rows[y][x] for x, y in CAPTION} if not prefix.startswith("Send") else set()
+        worst = min((contrast(bytes.fromhex(text), colour) * (colour[3] == 255) for colour in behind), default=least)
+        if worst < least:
+            yield f"{file}: a caption has a contrast of {worst:.2f}"
+    if [len(states) for states in looks.values()] != [3] * 17:
+        yield f"{folder}: not 17 buttons with three looks each: " + str({one: len(looks[one]) for one in looks})
 
 
 share = Path(sys.argv[1])
 complaints = [text for folder, texts in TEXTS.items() for text in faults(share / folder, texts)]
-complaints += skin_faults(share / "skins/light")
+skin = configparser.ConfigParser()
+skin.read(share / "skins/light/skin.ini")
+missing = [name for key, name in skin["Skin"].items()
+           if key != "labeltextcolor" and not (share / "skins/light" / name).is_file()]
+if missing or len(skin["Skin"]) != 53:
+    complaints.append(f"the light skin has {len(skin['Skin'])} of 53 keys, and these pictures are missing: {missing}")
 sys.exit("\n".join(complaints) or None)
