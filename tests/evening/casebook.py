@@ -1,10 +1,10 @@
 """What the cases have in common: their list, and the ways in which most of them begin."""
-import os
 import socket
 
 CASES = []
 
 TWO_LOBBIES = {"lobbies": [{"name": "Chess"}, {"name": "Go"}]}
+INVALID_LOGON = "Logon Error: Invalid logon attempt."
 
 
 def case(function):
@@ -12,26 +12,27 @@ def case(function):
     return function
 
 
-def lobby_of(evening, *names, server=None, lobby="Chess"):
+def case_if(possible):
+    """A case that there is only where the system has what it needs."""
+    return case if possible else lambda function: function
+
+
+def arrival(evening, name, server, *options, **logon):
+    """A client that has pressed Connect; what the server answers is the case's to see."""
+    client = evening.client(name, *options, lobbies=("Chess", "Go"))
+    client.do("show")
+    client.log_on(server, **logon)
+    return client
+
+
+def lobby_of(evening, *names):
     """A server with two lobbies and everybody named in the first of them; server and clients."""
-    server = server or evening.server(TWO_LOBBIES, "--open-accounts")
-    clients = []
-    for name in names:
-        client = evening.client(name, lobbies=("Chess", "Go"))
-        client.do("show")
-        client.log_on(server)
-        client.sees_lobby(lobby)
-        clients.append(client)
+    server = evening.server(TWO_LOBBIES, "--open-accounts")
+    clients = [arrival(evening, name, server) for name in names]
     for client in clients:
+        client.sees_lobby("Chess")
         client.sees_users(*names)
     return server, *clients
-
-
-def processor_time(process):
-    """Seconds that a process has computed so far."""
-    with open(f"/proc/{process}/stat", encoding="ascii") as stat:
-        fields = stat.read().rsplit(")", 1)[1].split()
-    return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
 
 def closed_port():

@@ -7,6 +7,7 @@ clients of its own. When one fails, what every process said is printed.
 import os
 import sys
 import time
+import traceback
 
 import host_cases       # noqa: F401, as each of them adds to the list
 import launch_cases     # noqa: F401
@@ -31,12 +32,9 @@ def run(function):
         evening.finish()
     except Exception as why:    # whatever it is, the other cases are still to run
         kind = "" if type(why) in (Failure, Refused) else type(why).__name__ + ": "
-        line = why.__traceback__
-        while line.tb_next and line.tb_next.tb_frame.f_code.co_filename.endswith("_cases.py"):
-            line = line.tb_next
-        file = os.path.basename(line.tb_frame.f_code.co_filename)
-        print(f"FAILED  {name_of(function)}\n        {file}, line {line.tb_lineno}: {kind}{why}\n{evening.report()}",
-              flush=True)
+        line = [at for at in traceback.extract_tb(why.__traceback__) if at.filename.endswith("_cases.py")][-1]
+        place = f"{os.path.basename(line.filename)}, line {line.lineno}"
+        print(f"FAILED  {name_of(function)}\n        {place}: {kind}{why}\n{evening.report()}", flush=True)
         return False
     finally:
         evening.close()

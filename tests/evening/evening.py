@@ -25,7 +25,8 @@ NOTES_SHOWN = 60        # the last lines of each process's log that a failure pr
 
 LOOKING = {"settle", "get", "fields", "forms"}     # commands that change nothing
 
-OK = 1                  # a button of a message box
+OK, YES, NO = 1, 6, 7   # buttons of a message box
+CHAT, ROOM_CHAT, PRIVATE_CHAT = "msflxMainChatLines", "msflexRoomLines", "PMDialog.msflxPMLines"
 
 
 class Failure(Exception):
@@ -39,6 +40,16 @@ class Refused(Failure):
 def equal(seen, wanted, what):
     if seen != wanted:
         raise Failure(f"{what}: {seen!r} instead of {wanted!r}")
+
+
+def until(what, condition, between=lambda: time.sleep(0.005)):
+    """What the condition answers, as soon as it is something."""
+    end = time.monotonic() + PATIENCE
+    while not (seen := condition()):
+        if time.monotonic() > end:
+            raise Failure(f"waited {PATIENCE} s in vain for {what}")
+        between()
+    return seen
 
 
 class Program:
@@ -124,11 +135,10 @@ class Server(Program):
         try:
             line = self._lines.get(timeout=PATIENCE)
         except queue.Empty:
-            raise Failure("the server does not say where it listens") from None
-        match = line and self.LISTENING.fullmatch(line)
+            line = None
+        match = self.LISTENING.fullmatch(line or "")
         if not match:
-            raise Failure(f"the server says {line!r} instead of where it listens" if line else
-                          f"the server ends with {self.process.wait()} at once: " + " / ".join(self.notes[-3:]))
+            raise Failure(f"the server says {line!r} instead of where it listens: " + " / ".join(self.notes[-3:]))
         return match[1], int(match[2])
 
     def quit(self):
@@ -137,10 +147,15 @@ class Server(Program):
         return self.ended()
 
 
-class Console(Program):
-    """`ombrin-console`, spoken to in lines of JSON: one reply a command, events in between."""
+class Client(Program):
+    """A person at a client: what he does in a sentence each, and what he has on the screen. The program is
+    `ombrin-console`, spoken to in lines of JSON: one reply a command, events in between."""
 
     def __init__(self, name, home, options=(), under=()):
+        windows = home / "windows"
+        windows.mkdir(parents=True, exist_ok=True)
+        if not (windows / LANGUAGE_FILE.name).exists():     # as an installer does
+            shutil.copy(LANGUAGE_FILE, windows)
         self.home = home
         self.events = []
         self._replies = queue.Queue()
@@ -195,14 +210,7 @@ class Console(Program):
 
     def until(self, what, condition):
         """Lets the client go on until the condition holds; answers what it answered."""
-        end = time.monotonic() + PATIENCE
-        while True:
-            seen = condition()
-            if seen:
-                return seen
-            if time.monotonic() > end:
-                raise Failure(f"{self.name} waited {PATIENCE} s in vain to see {what}")
-            self.do("settle", ms=10)
+        return until(f"{self.name} to see {what}", condition, lambda: self.do("settle", ms=10))
 
     def settle(self):
         """Lets the client go on until nothing more comes."""
@@ -218,17 +226,6 @@ class Console(Program):
         self.do("quit")
         return self.ended()
 
-
-class Client(Console):
-    """A person at a client: what he does in a sentence each, and what he has on the screen."""
-
-    def __init__(self, name, home, options=(), under=()):
-        windows = home / "windows"
-        windows.mkdir(parents=True, exist_ok=True)
-        if not (windows / LANGUAGE_FILE.name).exists():     # as an installer does
-            shutil.copy(LANGUAGE_FILE, windows)
-        super().__init__(name, home, options, under)
-
     # -- the screen
 
     def marks(self):
@@ -239,19 +236,19 @@ class Client(Console):
         return self.do("forms")["forms"]
 
     def top(self):
-        forms = self.forms()
-        return forms[-1] if forms else None
+        return (self.forms() or [None])[-1]
 
     def rows(self, at):
         """The texts of a list."""
         return [row["text"] for row in self.get(at)["rows"]]
 
     def row_of(self, at, start):
-        """The number of the row whose text is the given one, or that and a count behind " : "."""
-        for number, text in enumerate(self.rows(at)):
-            if text == start or text.startswith(start + " : "):
+        """The number of the row whose text is the given one, or that and a count behind it."""
+        rows = self.rows(at)
+        for number, text in enumerate(rows):
+            if text == start or text.startswith((start + " : ", start + " (")):
                 return number
-        raise Failure(f"{self.name}'s {at} has no row {start!r}: {self.rows(at)}")
+        raise Failure(f"{self.name}'s {at} has no row {start!r}: {rows}")
 
     def users(self):
         return sorted(self.rows("UserList"))
@@ -259,15 +256,9 @@ class Client(Console):
     def lobbies(self):
         return self.rows("lbLobbies")
 
-    def lines(self):
-        """The lines of the lobby's chat as (sender, text)."""
-        return [tuple(row) for row in self.get("msflxMainChatLines")["rows"][1:] if any(row)]
-
-    def room_lines(self):
-        return [tuple(row) for row in self.get("msflexRoomLines")["rows"][1:] if any(row)]
-
-    def private_lines(self):
-        return [tuple(row) for row in self.get("PMDialog.msflxPMLines")["rows"][1:] if any(row)]
+    def lines(self, at=CHAT):
+        """The lines of a chat as (sender, text)."""
+        return [tuple(row) for row in self.get(at)["rows"][1:] if any(row)]
 
     def room_users(self):
         return sorted(self.rows("RoomUserList"))
@@ -280,17 +271,14 @@ class Client(Console):
         """The picture of a user: 1 in the lobby, 2 in a room, 3 in a game."""
         return next(row["image"] for row in self.get("UserList")["rows"] if row["text"] == user)
 
-    def in_lobby(self, lobby=None):
-        marks = self.marks()
-        return marks["Enabled"] and not self.forms() and lobby in (None, marks["m_CurrentLobby"])
-
     # -- waiting for something to be seen
 
     def sees_form(self, form):
         self.until(f"the form {form} on top", lambda: self.top() == form)
 
-    def sees_lobby(self, lobby=None):
-        self.until(f"the lobby {lobby or 'at all'}", lambda: self.in_lobby(lobby))
+    def sees_lobby(self, lobby):
+        self.until(f"the lobby {lobby}", lambda: (
+            self.marks()["Enabled"] and not self.forms() and self.marks()["m_CurrentLobby"] == lobby))
 
     def sees_users(self, *names):
         self.until(f"the users {', '.join(names)} in the lobby", lambda: self.users() == sorted(names))
@@ -298,8 +286,8 @@ class Client(Console):
     def sees_lobbies(self, *rows):
         self.until(f"the lobbies {', '.join(rows)}", lambda: self.lobbies() == list(rows))
 
-    def sees_line(self, sender, text):
-        self.until(f"the line {text!r} of {sender}", lambda: (sender, text) in self.lines())
+    def sees_line(self, sender, text, at=CHAT):
+        self.until(f"the line {text!r} of {sender} in {at}", lambda: (sender, text) in self.lines(at))
 
     def sees_rooms(self, *rows):
         self.until(f"the rooms {', '.join(rows) or 'none'}", lambda: self.rows("RoomList") == list(rows))
@@ -309,22 +297,12 @@ class Client(Console):
         self.until(f"the users {', '.join(names)} of a room", lambda: self.room_users() == sorted(names) and (
             room is None or self.marks()["m_CurrentRoom"] == room))
 
-    def sees_room_line(self, sender, text):
-        self.until(f"the line {text!r} of {sender} in the room", lambda: (sender, text) in self.room_lines())
-
-    def sees_private_line(self, sender, text):
-        self.until(f"the private line {text!r} of {sender}", lambda: (sender, text) in self.private_lines())
-
-    def sees_buddies(self, **places):
-        self.until(f"the buddies {places}", lambda: self.buddies() == places)
-
     def sees_no_room(self):
         self.until("the lobby without a room", lambda: (
             not self.marks()["m_CurrentRoom"] and self.marks()["Enabled"] and not self.forms()))
 
-    def sees_the_end(self):
-        """The server is gone."""
-        self.until("the end of the connection", lambda: not self.marks()["connected"])
+    def sees_buddies(self, **places):
+        self.until(f"the buddies {places}", lambda: self.buddies() == places)
 
     def reads_box(self, press=OK):
         """The text of the message box that comes; presses one of its buttons."""
@@ -335,36 +313,38 @@ class Client(Console):
 
     # -- what a person does
 
-    def choose_language(self, language):
-        """For later starts: the language file names it, and nobody is asked."""
-        self.do("ini", file="AVfLang.ini", section="CurrentLanguage", key="Language", value=language)
-
-    def choose_lobbies(self, *names):
-        """For later logons: the filter is settled, and nobody is asked."""
-        self.do("ini", file="AV.ini", section="GameFilter", key="DisplayedGames",
-                value="".join(name + ";" for name in names))
-
     def type(self, at, text):
         self.do("type", at=at, text=text)
 
     def press(self, at):
         self.do("click", at=at)
 
-    def fill_logon(self, host, port, user, password):
-        self.sees_form("UsrNmPwIP")
-        self.type("UsrNmPwIP.LogonName", user)
-        self.type("UsrNmPwIP.Password", password)
-        self.type("UsrNmPwIP.HostMachine", host)
-        self.type("UsrNmPwIP.HTTPPort", str(port))
-        self.press("UsrNmPwIP.Connect")
+    def fill(self, form, press, **texts):
+        self.sees_form(form)
+        for box, text in texts.items():
+            self.type(f"{form}.{box}", text)
+        self.press(f"{form}.{press}")
 
     def log_on(self, server, user=None, password="secret"):
         """From the logon dialog on; what the server answers is the caller's to see."""
-        self.fill_logon(server.host, server.port, user or self.name, password)
+        self.fill("UsrNmPwIP", "Connect", LogonName=user or self.name, Password=password, HostMachine=server.host,
+                  HTTPPort=str(server.port))
+
+    def log_on_again(self):
+        """With what the dialog holds."""
+        self.sees_form("UsrNmPwIP")
+        self.press("UsrNmPwIP.Connect")
+
+    def open_accounts(self):
+        self.do("call", member="DisplayCreateAccount", args=[False])
+
+    def make_account(self, name, password="secret"):
+        """In that dialog; answers what the server says."""
+        self.fill("CreateAccount", "Create", LogonName=name, Password=password, ConfirmPassword=password)
+        return self.reads_box()
 
     def tick_lobbies(self, *names):
         """In the first run's dialog."""
-        self.sees_form("LobbyFilter")
         for name in names:
             self.do("select", at="LobbyFilter.GameList", row=self.row_of("LobbyFilter.GameList", name), on=True)
         self.press("LobbyFilter.OK")
@@ -381,57 +361,30 @@ class Client(Console):
         self.do("rightclick", at=at, row=self.row_of(at, row))
         self.do("choose", entry=entry)
 
-    def choose_for_user(self, user, entry):
-        self.choose_for("UserList", user, entry)
-
     def create_room(self, name, users=" 2", password=None):
         self.press("Create")
         self.sees_form("NewRoom")
-        self.type("NewRoom.NewRoomName", name)
         self.do("select", at="NewRoom.MaxUsers", row=self.get("NewRoom.MaxUsers")["list"].index(users))
         self.do("check", at="NewRoom.PasswordRoom", on=password is not None)
-        if password is not None:
-            self.type("NewRoom.Password", password)
-        self.press("NewRoom.OKButton")
+        self.fill("NewRoom", "OKButton", NewRoomName=name, **({"Password": password} if password else {}))
 
-    def room_row(self, name):
-        return next(number for number, row in enumerate(self.rows("RoomList")) if row.startswith(name + " ("))
-
-    def preview(self, room):
-        self.do("select", at="RoomList", row=self.room_row(room))
-
-    def enter_room(self, room):
-        self.preview(room)
+    def enter_room(self, room, password=None):
+        self.do("select", at="RoomList", row=self.row_of("RoomList", room))
         self.press("Enter")
+        if password:
+            self.give_password(password)
 
     def give_password(self, password):
-        self.sees_form("RoomPassword")
-        self.type("RoomPassword.Password", password)
-        self.press("RoomPassword.OKButton")
-
-    def say_in_room(self, text):
-        self.type("RoomText", text)
-        self.press("SendRoom")
-
-    def write_to(self, user, text):
-        """A private message by way of the user's row."""
-        self.choose_for_user(user, "PMMenu")
-        self.answer_privately(text)
+        self.fill("RoomPassword", "OKButton", Password=password)
 
     def answer_privately(self, text):
         """To whom the dialog addresses."""
-        self.type("PMDialog.PrivateMessage", text)
-        self.press("PMDialog.PMSend")
+        self.fill("PMDialog", "PMSend", PrivateMessage=text)
 
-    def add_buddy(self, name):
-        self.press("btnAddBuddy")
-        self.do("answer", text=name)
-
-    def log_on_again(self):
-        """After a lost connection, with what the dialog holds."""
-        self.do("call", member="CloseSocket", args=[])
-        self.sees_form("UsrNmPwIP")
-        self.press("UsrNmPwIP.Connect")
+    def write_to(self, user, text):
+        """A private message by way of the user's row."""
+        self.choose_for("UserList", user, "PMMenu")
+        self.answer_privately(text)
 
     # -- behind the screen
 
@@ -451,19 +404,20 @@ class Evening:
         self.scratch = pathlib.Path(tempfile.mkdtemp(prefix="ombrin-evening-"))
         self.programs = []
 
-    def server(self, config=None, *options, home="server", port=0):
-        server = Server(self.scratch / home, config, options, port)
+    def server(self, config=None, *options, port=0):
+        server = Server(self.scratch / "server", config, options, port)
         self.programs.append(server)
         return server
 
-    def client(self, name, *options, language="English", lobbies=(), home=None, under=()):
+    def client(self, name, *options, language="English", lobbies=(), under=()):
         """A client before its start, by way of the command `under`; settings that are given here are not asked for."""
-        client = Client(name, self.scratch / (home or name), options, under)
+        client = Client(name, self.scratch / name, options, under)
         self.programs.append(client)
         if language:
-            client.choose_language(language)
+            client.do("ini", file="AVfLang.ini", section="CurrentLanguage", key="Language", value=language)
         if lobbies:
-            client.choose_lobbies(*lobbies)
+            client.do("ini", file="AV.ini", section="GameFilter", key="DisplayedGames",
+                      value="".join(name + ";" for name in lobbies))
         return client
 
     def finish(self):
@@ -479,10 +433,9 @@ class Evening:
         """What every process said, for a failure."""
         parts = []
         for program in self.programs:
+            log = program.log() if isinstance(program, Client) else ""
             parts += [f"--- {program.name} (process {program.process.pid}, exit status {program.process.poll()})",
-                      *program.notes[-NOTES_SHOWN:]]
-            if isinstance(program, Client) and program.log():
-                parts += [f"--- {program.name}'s log file", *program.log().splitlines()[-NOTES_SHOWN:]]
+                      *program.notes[-NOTES_SHOWN:], "and its log file:", *log.splitlines()[-NOTES_SHOWN:]]
         return "\n".join(parts)
 
     def close(self):

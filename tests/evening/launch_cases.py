@@ -1,83 +1,81 @@
 """Games: one press of Launch starts them on every machine of the room, with real processes."""
-import stat
-import time
-
 from casebook import TWO_LOBBIES, case
-from evening import PATIENCE, Failure, equal
+from evening import equal, until
 
 SCALE = 0.06            # of the waits, which are ten seconds
 WAIT = 10 * SCALE / 2   # a busy machine starts a program late, so that less is seen of a wait
 
-GAME = """#!/bin/sh
-{ date +%s.%N; pwd; printf '%s\\n' "$@"; } > "$0.$$.part" && mv "$0.$$.part" "$0.$$.start"
-"""
-
-
 class Game:
-    """A game on somebody's disk that writes down how it was started."""
+    """A program on somebody's disk that writes down how it was started."""
 
-    def __init__(self, folder):
+    def __init__(self, folder, name, script):
         folder.mkdir(parents=True)
-        self.file = folder / "quake3.exe"
-        self.file.write_text(GAME)
-        self.file.chmod(self.file.stat().st_mode | stat.S_IXUSR)
+        self.file = folder / name
+        self.file.write_text(script)
+        self.file.chmod(0o755)
         self.seen = set()
 
     def starts(self, count):
-        """The next starts, each its time and its arguments, in their order."""
-        end = time.monotonic() + PATIENCE
-        while True:
-            new = {file for file in self.file.parent.glob("*.start")} - self.seen
-            if len(new) >= count:
-                break
-            if time.monotonic() > end:
-                raise Failure(f"{len(new)} starts of {self.file} instead of {count}")
-            time.sleep(0.01)
+        """The lines that the next starts write down."""
+        new = until(f"{count} starts of {self.file}", lambda: len(
+            found := set(self.file.parent.glob("*.start")) - self.seen) == count and found)
         self.seen |= new
-        starts = sorted([float(moment), arguments] for moment, folder, *arguments in (
-            file.read_text().splitlines() for file in new) if folder == str(self.file.parent))
-        equal(len(starts), count, f"starts of {self.file} in its own directory")
-        return starts
+        return [file.read_text().splitlines() for file in new]
 
 
-def player(evening, server, name):
-    game = Game(evening.scratch / f"games of {name}" / "Quake 3")
+def player(evening, server, name, game, settings, registry=()):
     client = evening.client(name, "--real=process", "--wait-scale", str(SCALE), lobbies=("Chess", "Go"))
-    client.do("setting", section="Games", key="Chess", value=str(game.file))
+    for section, key, value in settings:
+        client.do("setting", section=section, key=key, value=value)
+    for key, value, text in registry:
+        client.do("registry", key="HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\DirectPlay\\" + key, name=value, value=text)
     client.do("show")
     client.log_on(server)
     client.sees_lobby("Chess")
     return client, game
 
 
-@case
-def a_launch_starts_the_game_everywhere_and_everybody_comes_back(evening):
-    server = evening.server(TWO_LOBBIES, "--open-accounts")
-    (ann, anns), (bob, bobs), (cid, cids) = (player(evening, server, name) for name in ("Ann", "Bob", "Cid"))
+def open_room(ann, bob):
     ann.create_room("Base", users=" 4")
     bob.sees_rooms("Base (1/4)")
     bob.enter_room("Base")
     ann.sees_in_room("Ann", "Bob")
+
+
+GAME = """#!/bin/sh
+{ date +%s.%N; pwd; printf '%s\\n' "$@"; } > "$0.$$.part" && mv "$0.$$.part" "$0.$$.start"
+"""
+
+
+@case
+def a_launch_starts_the_game_everywhere_and_everybody_comes_back(evening):
+    server = evening.server(TWO_LOBBIES, "--open-accounts")
+    games = {name: Game(evening.scratch / f"games of {name}" / "Quake 3", "quake3.exe", GAME)
+             for name in ("Ann", "Bob", "Cid")}
+    (ann, anns), (bob, bobs), (cid, cids) = (
+        player(evening, server, name, game, [("Games", "Chess", str(game.file))]) for name, game in games.items())
+    open_room(ann, bob)
     for launch in ("first", "second"):
         ann.press("Launch")
         for friend in (ann, bob):
             friend.sees_form("PauseAV")
-        (served, options), (started, hosts) = anns.starts(2)
-        (joined, joins), = bobs.starts(1)
-        equal(options, ["+set", "dedicated", "2", "+map", "q3dm1"], f"what Ann's server is told at the {launch} launch")
-        equal((hosts, joins), (["+connect", "127.0.0.1"],) * 2, f"what the games are told at the {launch} launch")
-        if min(started, joined) - served < WAIT:
-            raise Failure(f"the games wait {min(started, joined) - served} s for the server instead of {2 * WAIT}")
+        folder = str(anns.file.parent)
+        (served, *serves), (started, *hosts) = sorted(anns.starts(2))
+        (joined, *joins), = bobs.starts(1)
+        equal(serves, [folder, "+set", "dedicated", "2", "+map", "q3dm1"], f"how Ann's server starts at the {launch}")
+        equal((hosts[1:], joins), (["+connect", "127.0.0.1"], [str(bobs.file.parent), "+connect", "127.0.0.1"]),
+              f"how the games start at the {launch} launch")
+        waited = min(float(started), float(joined)) - float(served)
+        equal(waited >= WAIT, True, f"the games wait, and not for {waited} s, for the server")
         for friend in (ann, bob):
             equal(friend.happened("clipboard")[-1]["text"], "127.0.0.1", f"{friend.name}'s clipboard")
         cid.until("both in the game", lambda: {cid.status_of("Ann"), cid.status_of("Bob")} == {3})
         cid.until("the padlock", lambda: cid.get("RoomList")["rows"][0]["image"] == 2)
 
         if launch == "first":
-            cid.choose_for("RoomList", cid.rows("RoomList")[0], "JoinServerAndPlay")
+            cid.choose_for("RoomList", "Base", "JoinServerAndPlay")
             cid.sees_form("PauseAV")
-            (_, late), = cids.starts(1)
-            equal(late, ["+connect", "127.0.0.1"], "what the game of the one who comes late is told")
+            equal(cids.starts(1)[0][2:], ["+connect", "127.0.0.1"], "what the game of the one who comes late is told")
             cid.press("PauseAV.ResumeButton")
             cid.sees_users("Ann", "Bob", "Cid")
 
@@ -93,45 +91,28 @@ def a_launch_starts_the_game_everywhere_and_everybody_comes_back(evening):
 APPLICATION = """#!/bin/sh
 { echo "$DIRECTPLAY_HOST $DIRECTPLAY_ADDRESS"; pwd; cat "$DIRECTPLAY_SESSION"; } > "$0.part" && mv "$0.part" "$0.start"
 """
-PLACE = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\DirectPlay\\"
 
 
 @case
 def a_registered_application_is_started_with_its_session(evening):
     server = evening.server(TWO_LOBBIES, "--open-accounts")
-    folders = {}
+    players = []
     for name in ("Ann", "Bob"):
-        client = evening.client(name, "--real=process", "--wait-scale", str(SCALE), lobbies=("Chess", "Go"))
-        folders[client] = folder = evening.scratch / f"application of {name}"
-        folder.mkdir()
-        program = folder / "chess.sh"
-        program.write_text(APPLICATION)
-        program.chmod(program.stat().st_mode | stat.S_IXUSR)
-        for key, value, text in (("Applications\\Grand Chess", "Guid", "{C}"),
-                                 ("Applications\\Grand Chess", "Path", str(folder)),
-                                 ("Applications\\Grand Chess", "File", program.name),
-                                 ("Service Providers\\Internet TCP/IP Connection For DirectPlay", "Guid", "{T}")):
-            client.do("registry", key=PLACE + key, name=value, value=text)
-        client.do("setting", section="DirectPlay", key="Chess", value="Grand Chess")
-        client.do("setting", section="DirectPlay", key="DPEnabledChess", value="Y")
-        client.do("show")
-        client.log_on(server)
-        client.sees_lobby("Chess")
-    ann, bob = folders
-    ann.create_room("Base", users=" 4")
-    bob.sees_rooms("Base (1/4)")
-    bob.enter_room("Base")
-    ann.sees_in_room("Ann", "Bob")
+        chess = Game(evening.scratch / f"application of {name}", "chess.sh", APPLICATION)
+        application = "Applications\\Grand Chess"
+        players.append(player(
+            evening, server, name, chess,
+            [("DirectPlay", "Chess", "Grand Chess"), ("DirectPlay", "DPEnabledChess", "Y")],
+            [(application, "Guid", "{C}"), (application, "Path", str(chess.file.parent)),
+             (application, "File", "chess.sh"),
+             ("Service Providers\\Internet TCP/IP Connection For DirectPlay", "Guid", "{T}")]))
+    (ann, _), (bob, _) = players
+    open_room(ann, bob)
     ann.press("Launch")
-    for client, hosts, flags in ((ann, "1", "2"), (bob, "0", "1")):
+    for (client, chess), hosts, flags in zip(players, "10", "21"):
         client.sees_form("PauseAV")
-        note = folders[client] / "chess.sh.start"
-        end = time.monotonic() + PATIENCE
-        while not note.exists() and time.monotonic() < end:
-            time.sleep(0.01)
-        first, folder, *session = note.read_text().splitlines()
-        equal((first, folder), (f"{hosts} 127.0.0.1", str(folders[client])), f"what {client.name}'s application finds")
-        for line in ("application={C}", "provider={T}", "session=Base", f"connectionFlags={flags}",
-                     f"player={client.name}"):
-            if line not in session:
-                raise Failure(f"{line} is not in the session of {client.name}: {session}")
+        (first, folder, *session), = chess.starts(1)
+        equal((first, folder), (f"{hosts} 127.0.0.1", str(chess.file.parent)), f"what {client.name}'s program finds")
+        wanted = {"application={C}", "provider={T}", "session=Base", f"connectionFlags={flags}",
+                  f"player={client.name}"}
+        equal(wanted - set(session), set(), f"what is missing in the session of {client.name}")

@@ -3,7 +3,7 @@
 does not come out as it should stops it."""
 import sys
 
-from evening import OK, Evening, Failure, equal, leave_nothing_when_stopped
+from evening import OK, PRIVATE_CHAT, ROOM_CHAT, YES, Evening, Failure, equal, leave_nothing_when_stopped
 
 SET_UP = {
     "greeting": "Good evening, and have fun: it is Chess night!",
@@ -14,15 +14,8 @@ SET_UP = {
 COLOURS = {0x0000FF00: "green", 0x00FFFF00: "cyan", 0x00FFFFFF: "white"}    # red is the low byte
 
 
-YES = 6                 # a button of a message box
-
-
 def tell(text):
     print(text, flush=True)
-
-
-def heading(text):
-    tell(f"\n{text}")
 
 
 def listed(words):
@@ -71,34 +64,23 @@ def tell_new_lines(client):
     client.told = len(lines)
 
 
-def guest(evening, name, language):
-    """Starts a client for the first time, up to the logon dialog."""
+def guest(evening, name, language=None, speaks=None):
+    """Starts a client, up to the logon dialog; who chooses a language starts it for the first time."""
     client = evening.client(name, language=None)
-    client.told = 0
-    client.language = language
+    client.told, client.language = 0, language or speaks
     client.do("show")
-    client.sees_form("ChooseLanguage")
-    buttons = [f"ChooseLanguage.Radio{number}" for number in range(1, 15)]
-    offered = {caption(client, button): button for button in buttons if client.get(button)["visible"]}
-    client.press(offered[language])
-    client.press("ChooseLanguage.OKButton")
+    if language:
+        client.sees_form("ChooseLanguage")
+        buttons = [f"ChooseLanguage.Radio{number}" for number in range(1, 15)]
+        offered = {caption(client, button): button for button in buttons if client.get(button)["visible"]}
+        client.press(offered[language])
+        client.press("ChooseLanguage.OKButton")
     client.sees_form("UsrNmPwIP")
-    tell(f"{name} starts a client. It offers {listed(offered)}; {name} takes {language} and gets the dialog "
-         f"\"{caption(client, 'UsrNmPwIP')}\" with the button \"{caption(client, 'UsrNmPwIP.Connect')}\".")
+    equal(caption(client, "UsrNmPwIP.Connect"), words(client, "Connect", "Connect"), "the language of the dialog")
+    if language:
+        tell(f"{name} starts a client. It offers {listed(offered)}; {name} takes {language} and gets the dialog "
+             f"\"{caption(client, 'UsrNmPwIP')}\" with the button \"{caption(client, 'UsrNmPwIP.Connect')}\".")
     return client
-
-
-def make_account(client, password):
-    """In the dialog; the logon dialog is below it and has name and password afterwards."""
-    client.do("call", member="DisplayCreateAccount", args=[False])
-    client.sees_form("CreateAccount")
-    title = caption(client, "CreateAccount")
-    client.type("CreateAccount.LogonName", client.name)
-    client.type("CreateAccount.Password", password)
-    client.type("CreateAccount.ConfirmPassword", password)
-    client.press("CreateAccount.Create")
-    tell(f"{client.name} fills in \"{title}\" and reads: \"{client.reads_box()}\"")
-    client.sees_form("UsrNmPwIP")
 
 
 def arrive(client, server, lobbies):
@@ -106,12 +88,16 @@ def arrive(client, server, lobbies):
     client.log_on(server)
     tell(f"{client.name} logs on without an account and reads: \"{client.reads_box()}\"")
     client.sees_form("UsrNmPwIP")
-    make_account(client, "secret")
-    client.press("UsrNmPwIP.Connect")
+    client.open_accounts()
+    client.sees_form("CreateAccount")
+    title = caption(client, "CreateAccount")
+    tell(f"{client.name} fills in \"{title}\" and reads: \"{client.make_account(client.name)}\"")
+    client.log_on_again()
     client.sees_form("LobbyFilter")
     offered = client.rows("LobbyFilter.GameList")
     client.tick_lobbies(*lobbies)
-    client.sees_lobby()
+    client.sees_lobby("Chess")
+    client.sees_line("Ardvelle", SET_UP["greeting"])
     tell(f"{client.name} logs on again. The service offers {listed(offered)}; {client.name} ticks {listed(lobbies)}.")
     tell_screen(client)
     tell_new_lines(client)
@@ -126,7 +112,7 @@ def speak(speaker, text, listeners):
 
 
 def ignore(client, user):
-    client.choose_for_user(user, "IgnoreUser")
+    client.choose_for("UserList", user, "IgnoreUser")
     entries = client.happened("menu", menu="UserMenu")[-1]["entries"]
     chosen = next(entry["caption"] for entry in entries if entry["entry"] == "IgnoreUser").replace("&", "")
     colour = next(row["colour"] for row in client.get("UserList")["rows"] if row["text"] == user)
@@ -143,15 +129,15 @@ def enter_with_password(client, lobby, passwords):
         shown = len(client.happened("show", form="ExeMainLobby"))
         row = client.row_of("ExeMainLobby.ExeGameList", lobby)
         client.do("select", at="ExeMainLobby.ExeGameList", row=row)
-        client.type("ExeMainLobby.Password", password)
-        client.press("ExeMainLobby.ExeGameSelect")
-        client.until("an answer to the password", lambda: client.in_lobby() or (
-            client.top() == "ExeMainLobby" and len(client.happened("show", form="ExeMainLobby")) > shown))
-        if client.in_lobby():
-            tell(f"{client.name} tries \"{password}\" and is in.")
-            client.told = 0
-        else:
-            tell(f"{client.name} tries \"{password}\" and reads: \"{client.get('ExeMainLobby.StatusBar')['text']}\".")
+        client.fill("ExeMainLobby", "ExeGameSelect", Password=password)
+        if password != passwords[-1]:
+            client.until("the dialog again", lambda: len(client.happened("show", form="ExeMainLobby")) > shown)
+            client.sees_form("ExeMainLobby")
+            said = client.get("ExeMainLobby.StatusBar")["text"]
+            tell(f"{client.name} tries \"{password}\" and reads: \"{said}\".")
+    client.sees_lobby(lobby)
+    tell(f"{client.name} tries \"{passwords[-1]}\" and is in.")
+    client.told = 0
 
 
 def open_a_room(ann, bob, cid):
@@ -162,7 +148,7 @@ def open_a_room(ann, bob, cid):
         friend.sees_rooms("Base (1/4)")
         friend.until("the key on the room", lambda: friend.get("RoomList")["rows"][0]["image"] == 3)
         friend.until("Ann's picture", lambda: friend.status_of("Ann") == 2)
-    bob.preview("Base")
+    bob.do("select", at="RoomList", row=0)
     bob.sees_in_room("Ann")
     tell("Bob looks into it without entering.")
     tell_room(bob)
@@ -180,28 +166,28 @@ def open_a_room(ann, bob, cid):
 
 def chat_in_the_room(ann, bob, cid):
     for speaker, listener, text in ((ann, bob, "welcome; are you ready?"), (bob, ann, "5 min: ok ~")):
-        speaker.say_in_room(text)
-        listener.sees_room_line(speaker.name, text)
+        speaker.type("RoomText", text)
+        speaker.press("SendRoom")
+        listener.sees_line(speaker.name, text, ROOM_CHAT)
         tell(f"{speaker.name} says in the room: {text}")
     speak(cid, "where is everybody?", [ann, bob])
-    equal(cid.room_lines(), [], "what Cid sees of the room's chat")
+    equal(cid.lines(ROOM_CHAT), [], "what Cid sees of the room's chat")
     tell("  Lines of the room on Cid's screen: 0.")
 
 
 def write_privately(bob, cid):
     cid.write_to("Bob", "let me in; please")
-    bob.sees_private_line("Cid", "let me in; please")
+    bob.sees_line("Cid", "let me in; please", PRIVATE_CHAT)
     tell(f"Cid writes to Bob alone. \"{caption(bob, 'PMDialog')}\" opens on Bob's screen with his line.")
     bob.answer_privately("the word is gold")
-    cid.sees_private_line("Bob", "the word is gold")
-    tell(f"  Cid's dialog: {'; '.join(f'{who}: {text}' for who, text in cid.private_lines())}")
+    cid.sees_line("Bob", "the word is gold", PRIVATE_CHAT)
+    tell(f"  Cid's dialog: {'; '.join(f'{who}: {text}' for who, text in cid.lines(PRIVATE_CHAT))}")
     for friend in (bob, cid):
         friend.press("PMDialog.OKButton")
 
 
 def reject_and_ban(ann, bob, cid):
-    cid.enter_room("Base")
-    cid.give_password("gold")
+    cid.enter_room("Base", "gold")
     ann.sees_in_room("Ann", "Bob", "Cid")
     tell("Cid enters.")
     tell_room(ann)
@@ -219,13 +205,13 @@ def reject_and_ban(ann, bob, cid):
 def ignore_cid(ann, bob, cid):
     ignore(ann, "Cid")
     cid.write_to("Ann", "sorry")
-    cid.sees_private_line("Cid", "sorry")
+    cid.sees_line("Cid", "sorry", PRIVATE_CHAT)
     cid.press("PMDialog.OKButton")
     speak(cid, "BUY CHESS SETS!!!", [bob])
     speak(bob, "Not now, Cid.", [ann])
     equal((ann.forms(), [who for who, _ in ann.lines()].count("Cid")), ([], 1), "what Ann is shown of Cid")
     tell("  Lines of Cid's on Ann's screen, in chat and dialog, since then: 0.")
-    ann.choose_for_user("Cid", "UnignoreUser")
+    ann.choose_for("UserList", "Cid", "UnignoreUser")
     tell("Ann takes him back.")
 
 
@@ -235,8 +221,7 @@ def leave_and_destroy(ann, bob, cid):
     ann.sees_in_room("Ann")
     cid.sees_rooms("Base (1/4)")
     tell("Bob leaves the room.")
-    bob.enter_room("Base")
-    bob.give_password("gold")
+    bob.enter_room("Base", "gold")
     ann.sees_in_room("Ann", "Bob")
     tell("He comes back.")
     ann.press("Destroy")
@@ -249,11 +234,13 @@ def leave_and_destroy(ann, bob, cid):
 
 
 def follow_buddies(ann, bob, cid):
-    bob.add_buddy("Cid")
+    bob.press("btnAddBuddy")
+    bob.do("answer", text="Cid")
     bob.sees_buddies(Cid="Chess")
     tell(f"Bob makes Cid a buddy. Bob's pane: Cid, {bob.buddies()['Cid']}.")
     cid.go_to("Go")
     cid.sees_lobby("Go")
+    cid.sees_users("Cid")
     cid.told = 0
     bob.sees_buddies(Cid="Go")
     tell("Cid double-clicks Go.")
@@ -274,17 +261,14 @@ def follow_buddies(ann, bob, cid):
     tell("Ann and Cid come back to Chess.")
 
 
-def come_and_go(evening, server, bob, cid):
+def come_and_go(evening, bob, cid):
     """Cid, as he is after a new start of his client."""
     tell(f"Cid quits; his client ends with {cid.quit()}.")
     bob.sees_buddies(Cid="Offline")
     tell(f"  Bob's pane: Cid, {bob.buddies()['Cid']}.")
     sounds = len(bob.happened("sound", name="BudNotif.wav"))
-    language = cid.language
-    cid = evening.client("Cid", language=None)
-    cid.told, cid.language = 0, language
-    cid.do("show")
-    cid.log_on(server)
+    cid = guest(evening, "Cid", speaks=cid.language)
+    cid.log_on_again()
     cid.sees_users("Ann", "Bob", "Cid")
     bob.sees_buddies(Cid="Chess")
     tell(f"He starts it again and is back. Bob's pane: Cid, {bob.buddies()['Cid']}; "
@@ -300,7 +284,7 @@ def lose_the_server(evening, server, friends):
     server.kill()
     tell("Ann has another room when the server dies.")
     for friend in friends:
-        friend.sees_the_end()
+        friend.until("the end of the connection", lambda: not friend.marks()["connected"])
         equal(friend.forms(), [], f"{friend.name}'s forms")
     bob.say("hello?")
     tell_box(bob, "types \"hello?\"", "Error18",
@@ -308,6 +292,7 @@ def lose_the_server(evening, server, friends):
     server = evening.server(SET_UP, port=server.port)
     tell("The server is back, on the same port.")
     for friend in friends:
+        friend.do("call", member="CloseSocket", args=[])
         friend.log_on_again()
         friend.told = 0
     for friend in friends:
@@ -328,7 +313,7 @@ def play(evening):
     server = evening.server(SET_UP)
     tell(f"The server listens on {server.host}, port {server.port}.")
 
-    heading("Arrival")
+    tell("\nArrival")
     ann = guest(evening, "Ann", "English")
     arrive(ann, server, ["Chess", "Go", "Members"])
     bob = guest(evening, "Bob", "Deutsch")
@@ -341,7 +326,7 @@ def play(evening):
     speak(ann, "Hello Bob; ready for a game?", [bob, cid])
     speak(bob, "Grüße! In 5 min ~ vielleicht 10: ok?", [ann])
 
-    heading("A room")
+    tell("\nA room")
     open_a_room(ann, bob, cid)
     chat_in_the_room(ann, bob, cid)
     write_privately(bob, cid)
@@ -349,14 +334,14 @@ def play(evening):
     ignore_cid(ann, bob, cid)
     leave_and_destroy(ann, bob, cid)
 
-    heading("Buddies and other lobbies")
+    tell("\nBuddies and other lobbies")
     follow_buddies(ann, bob, cid)
-    cid = come_and_go(evening, server, bob, cid)
+    cid = come_and_go(evening, bob, cid)
 
-    heading("The server dies, and returns")
+    tell("\nThe server dies, and returns")
     server = lose_the_server(evening, server, (ann, bob, cid))
 
-    heading("The end")
+    tell("\nThe end")
     tell(f"Ann quits; her client ends with {ann.quit()}.")
     for friend in (bob, cid):
         friend.sees_users("Bob", "Cid")
