@@ -87,8 +87,12 @@ def who_moves_dies_or_comes_back_is_seen_by_everybody(evening):
     for client in (ann, bob):
         client.sees_lobbies("Chess : 2", "Go : 0")
         equal(sorted(client.rows("lbAllUsers")), ["Ann", "Bob"], "the users of the service")
-    arrival(evening, "Cid", server).sees_users("Ann", "Bob", "Cid")
-    ann.sees_users("Ann", "Bob", "Cid")
+    cid = arrival(evening, "Cid", server)
+    for client in (ann, bob, cid):
+        client.sees_users("Ann", "Bob", "Cid")
+    equal(cid.quit(), 0, "the exit status")
+    for client in (ann, bob):
+        client.sees_users("Ann", "Bob")
 
 
 def processor_time(process):
