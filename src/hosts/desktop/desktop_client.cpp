@@ -30,7 +30,6 @@ DesktopClient::DesktopClient(ClientHome& home, Notifier& notifier)
                                                     measure,    loop,          [this](bool held) { events.Hold(held); },
                                                     home.places}),
       board(loop, client.Input(), home.page) {
-    ExportHome(home.root);
     loop.Attach(client.Stack(), [this] { board.Schedule(); });
     browser.Attach(board, client.MainView().BannerAd, client.Trace());
 }

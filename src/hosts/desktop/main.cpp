@@ -5,6 +5,7 @@
 #include "hosts/desktop/own_client.h"
 #include "hosts/desktop/qt_start.h"
 #include "hosts/desktop/spoken.h"
+#include "platform/posix/client_start.h"
 #include "platform/posix/end_signals.h"
 #include "platform/posix/language_file.h"
 #include "platform/posix/share.h"
@@ -51,6 +52,7 @@ std::optional<int> Parse(int argc, char** argv, std::optional<std::string>& home
 
 int Run(const std::optional<std::string>& asked, char* const* words) {
     ClientHome home(asked);
+    ExportHome(home.root); // before this process may become another program
     FinishHandOverFirst(home.places, home.files);
     GiveWayToNewer(home, words);
     InstallSpoken();

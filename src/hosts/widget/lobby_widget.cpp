@@ -2,6 +2,7 @@
 
 #include "foundation/runtime_error.h"
 #include "hosts/desktop/desktop_client.h"
+#include "platform/posix/client_start.h"
 
 #include <QVBoxLayout>
 
@@ -10,7 +11,9 @@ namespace ombrin::qt {
 using namespace ombrin::desktop;
 
 struct LobbyWidget::Parts {
-    explicit Parts(const QString& asked) : home(asked.isEmpty() ? std::nullopt : std::optional(asked.toStdString())) {}
+    explicit Parts(const QString& asked) : home(asked.isEmpty() ? std::nullopt : std::optional(asked.toStdString())) {
+        ExportHome(home.root);
+    }
 
     ClientHome home;
     NoNotifier notifier; ///< what is told to a person who looks elsewhere is the host's affair
