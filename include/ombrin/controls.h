@@ -57,7 +57,7 @@ public:
 
     // Called from the loop, never from inside a call; a handler may call back.
     std::function<void(const std::string& control)> Changed; ///< once for all changes since the last time
-    std::function<void(const std::string&form)> FormShown, FormHidden;
+    std::function<void(const std::string& form)> FormShown, FormHidden;
 
 private:
     std::unique_ptr<Parts> parts;
