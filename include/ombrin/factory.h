@@ -66,7 +66,8 @@ extern "C" {
 OMBRIN_API std::int32_t DllRegisterServer();
 /// Takes them out again; also where they are not there.
 OMBRIN_API std::int32_t DllUnregisterServer();
-/// Sets `factory` to a ombrin::host::ClassFactory, for its own interface or for kUnknown.
+/// Sets `factory` to an ombrin::host::ClassFactory, for its own interface or for kUnknown; it is the caller's, who
+/// calls Release. Null with kClassNotAvailable and kNoInterface; kInvalidPointer for a null argument.
 OMBRIN_API std::int32_t DllGetClassObject(const ombrin::host::Guid* classIdentifier,
                                           const ombrin::host::Guid* interface, void** factory);
 /// kOk when no object, factory or lock is left, else kFalse.

@@ -11,7 +11,7 @@ public:
     ~MainLobby() override;
 
     /// Asks the host that the stored property `IPAddress` names, at its port 80. The games come later, into the list
-    /// "GameList" of the view; a host that cannot be reached leaves it empty.
+    /// "GameList" of the view, 10,000 rows of 1,024 characters at most; a host that cannot be reached leaves it empty.
     void Show();
     void Show(const std::string& ipAddress); ///< with that property
 
