@@ -57,7 +57,8 @@ public:
 
     // Called from the loop, never from inside a call; a handler may call back.
     std::function<void(const std::string& control)> Changed; ///< once for all changes since the last time
-    std::function<void(const std::string& form)> FormShown, FormHidden;
+    std::function<void(const std::string& name)> FormShown;  ///< of a dialog or box
+    std::function<void(const std::string& name)> FormHidden;
 
 private:
     std::unique_ptr<Parts> parts;
