@@ -22,7 +22,8 @@ std::string HomeRoot(const std::optional<std::string>& asked) {
     if (root.empty() && !Environment("XDG_DATA_HOME").empty()) root = Environment("XDG_DATA_HOME") + "/ombrin";
     if (root.empty() && !Environment("HOME").empty()) root = Environment("HOME") + "/.local/share/ombrin";
     if (root.empty()) throw RuntimeError(ErrorNumber::PathNotFound, "no home: give --home or set OMBRIN_HOME");
-    return std::filesystem::absolute(root).lexically_normal().string();
+    const auto path = std::filesystem::absolute(root).lexically_normal();
+    return (path.has_filename() ? path : path.parent_path()).string(); // "/home/ann/" is "/home/ann"
 }
 
 Places PreparePlaces(const std::string& root, const CodePage& page, const PosixFiles& files) {
