@@ -47,6 +47,11 @@ def faults(folder, texts):
         _, prefix, state = file.stem.split("-")
         rows = pixels(file)
         looks.setdefault(prefix, set()).add(str(rows))
+        width, height = (37, 25) if prefix.startswith("Send") else (96, 43)
+        double = struct.unpack_from(">II", file.with_stem(file.stem + "@2x").read_bytes(), 16)
+        if (len(rows[0]), len(rows), *double) != (width, height, 2 * width, 2 * height):
+            yield f"{file}: {len(rows[0])} by {len(rows)}, and {double} at twice the size"
+            continue
         text, least = (texts[1], 3) if state == "disabled" else (texts[0], 4.5)
         behind = {rows[y][x] for x, y in CAPTION} if not prefix.startswith("Send") else set()
         worst = min((contrast(bytes.fromhex(text), colour) * (colour[3] == 255) for colour in behind), default=least)

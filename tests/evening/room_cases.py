@@ -34,12 +34,18 @@ def a_room_that_cannot_be_had_leads_back_to_the_lobby(evening):
     for friend in (bob, cid):
         friend.press("PMDialog.OKButton")
 
+    cid.do("select", at="RoomList", row=0)
+    cid.sees_in_room("Ann", "Bob")
     ann.kill()      # and takes her room with her
     bob.sees_no_room()
     for friend in (bob, cid):
         friend.sees_users("Bob", "Cid")
         friend.sees_rooms()
         equal(friend.status_of("Bob"), 1, "Bob's picture")
+    cid.do("advance", ms=5000)
+    equal(cid.room_users(), [], "the preview of a room that has gone")
+    cid.create_room("Base")
+    bob.sees_rooms("Base (1/2)")
 
 
 @case
