@@ -23,16 +23,16 @@ namespace {
 
 /// What an installer would leave. A client without it works; what is in its way stands in the log.
 void FillHome(ClientHome& home, Log& log) {
-    const std::pair<const char*, std::function<void()>> kSteps[] = {
-        {"the language file cannot be put in place: ",
-         [&] { PlaceLanguageFile(ShareFolder(), home.places, home.files); }},
-        {"updates of the client have no place: ", [&] { SettleOwnClient(home); }},
-    };
-    for (const auto& [problem, step] : kSteps) try {
+    const auto attempt = [&log](std::string_view problem, const auto& step) {
+        try {
             step();
         } catch (const std::exception& reason) {
             log.LogError(Join(problem, reason.what()), false);
         }
+    };
+    attempt("the language file cannot be put in place: ",
+            [&] { PlaceLanguageFile(ShareFolder(), home.places, home.files); });
+    attempt("updates of the client have no place: ", [&] { SettleOwnClient(home); });
 }
 
 std::optional<int> Parse(int argc, char** argv, std::optional<std::string>& home) {
