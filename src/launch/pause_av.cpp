@@ -68,16 +68,10 @@ void PauseAV::ChooseTexts() {
                     return Fits(row.autoStartOn, AutoStartOn) && Fits(row.isCreator, IsCreator) &&
                            Fits(row.usesDirectPlay, UsesDirectPlay);
                 })->text;
+            language.TranslateForm(*this);
             const std::string current = language.CurrentLanguage();
-            if (Localisation::IsBuiltIn(current)) {
-                Label2.SetCaption(chosen.english);
-                return;
-            }
-            const auto translated = [&](std::string_view key) { return language.Translation(current, key); };
-            if (const std::string title = translated("GameLaunched"); !title.empty()) SetCaption(title);
-            if (const std::string resume = translated("Resume"); !resume.empty()) ResumeButton.SetCaption(resume);
-            if (const std::string paused = translated("ArdvellePaused"); !paused.empty()) Label1.SetCaption(paused);
-            Label2.SetCaption(translated(chosen.key));
+            Label2.SetCaption(Localisation::IsBuiltIn(current) ? std::string(chosen.english)
+                                                               : language.Translation(current, chosen.key));
         },
         Name());
 }

@@ -47,11 +47,7 @@ void ExeMainLobby::Form_Load() {
             Fill(std::exchange(LobbyList, {}));
             if (ExeGameList.rows.Count() > 0) ExeGameList.Select(ExeGameList.rows.At(0), true);
             RememberPasswords.SetOn(settings.GetSetting(kSection, kRemember) == "1");
-            if (Localisation::IsBuiltIn(language.CurrentLanguage())) return;
-            language.SetFLForm(*this, "ArdvelleGameSelection");
-            language.SetFLButton(ExeGameSelect, "Select");
-            language.SetFLLabel(Label1, "Password");
-            language.SetFLCheckBox(RememberPasswords, "RememberPasswords");
+            language.SetFLOnDialog(*this);
         },
         Name());
 }

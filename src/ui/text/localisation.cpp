@@ -66,7 +66,7 @@ void Localisation::TranslateForm(Form& form) {
 }
 
 void Localisation::Translate(Form& form, std::string_view language) {
-    TranslateView(form, language);
+    TranslateControls(form, language);
     for (const CaptionKey& row : kCaptionKeys) {
         if (row.place != form.Name() || !row.control.empty()) continue;
         const std::string translation = Translation(language, row.key);
@@ -74,12 +74,12 @@ void Localisation::Translate(Form& form, std::string_view language) {
     }
 }
 
-void Localisation::TranslateView(Container& view, std::string_view language) {
+void Localisation::TranslateControls(Container& place, std::string_view language) {
     for (const CaptionKey& row : kCaptionKeys) {
-        if (row.place != view.Name() || row.control.empty()) continue;
+        if (row.place != place.Name() || row.control.empty()) continue;
         const std::string translation = Translation(language, row.key);
         if (translation.empty()) continue;
-        if (auto* control = dynamic_cast<Captioned*>(view.Find(row.control))) control->SetCaption(translation);
+        if (auto* control = dynamic_cast<Captioned*>(place.Find(row.control))) control->SetCaption(translation);
     }
 }
 

@@ -52,8 +52,8 @@ public:
 
     /// The captions of a dialog as it is loaded, in the language of the file; nothing in English.
     void TranslateForm(Form& form);
-    /// The captions of the main view, by the same table.
-    void TranslateView(Container& view, std::string_view language);
+    /// What stands in the main view or a dialog, by the same table.
+    void TranslateControls(Container& place, std::string_view language);
 
     /// A lobby's name behind the word for "Lobby", on the title of the chat. Nothing when the language lacks the word:
     /// the caption then stays as it was.

@@ -29,7 +29,7 @@ void ViewLanguage::SetForeignLanguage() {
 void ViewLanguage::DisplayCurrentLanguage(std::string_view name) {
     trap(__func__, [&] {
         trap.log.TraceMessage("displaying current language");
-        language.TranslateView(view, name);
+        language.TranslateControls(view, name);
         const auto has = [&](std::string_view key) { return !language.Translation(name, key).empty(); };
         if (has("Rooms")) view.RoomList.SetHeader(1, "");
         for (const auto& [key, column] : {std::pair("User", 0), std::pair("Says", 1)}) {
