@@ -61,7 +61,7 @@ public:
     /// result is 0, or the system's number of what went wrong.
     std::int32_t SetValueEx(const std::string& hKey, const std::string& sValueName, std::int32_t lType,
                             const RegistryValue& vValue);
-    /// Raises 5 for a value that is missing.
+    /// -1 for a value of another type. Raises 5 for one that is missing.
     std::int32_t QueryValueEx(const std::string& lhKey, const std::string& szValueName, RegistryValue& vValue);
     void CloseSocket(); ///< ends the connection and logs on anew, by the dialogs
     void btnAddBuddy_Click();

@@ -17,8 +17,10 @@ using RegistryValue = std::variant<std::string, std::int32_t>;
 class Registry {
 public:
     virtual ~Registry() = default;
-    /// Nothing where the key or the value is missing.
+    /// Nothing where the key or the value is missing, or is no text or number.
     virtual std::optional<RegistryValue> Read(std::string_view key, std::string_view name) = 0;
+    /// The value is there, and is no text or number.
+    virtual bool HasOther(std::string_view, std::string_view) { return false; }
     /// Makes the key where it is missing. Raises 5 for what cannot be held, and what a failing disk raises.
     virtual void Write(std::string_view key, std::string_view name, const RegistryValue& value) = 0;
     virtual bool Has(std::string_view key) = 0;

@@ -36,6 +36,7 @@ std::int32_t SetValueEx(Registry& registry, std::string_view key, std::string_vi
 
 std::int32_t QueryValueEx(Registry& registry, std::string_view key, std::string_view name, RegistryValue& value) {
     const auto held = registry.Read(key, name);
+    if (!held && registry.HasOther(key, name)) return kOtherType;
     if (!held) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
     value = *held;
     return kSuccess;

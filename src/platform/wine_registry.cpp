@@ -75,7 +75,7 @@ void TakeValue(std::string_view line, WineRegistry::Values& values, const CodePa
         return;
     }
     if (!name || !TakePrefix(line, "=")) return;
-    if (auto value = ValueOf(line, page)) values.insert_or_assign(SmallLetters(std::move(*name)), std::move(*value));
+    values.insert_or_assign(SmallLetters(std::move(*name)), ValueOf(line, page));
 }
 
 bool IsAtOrBelow(std::string_view path, std::string_view key) {
@@ -142,17 +142,27 @@ WineRegistry::Places WineRegistry::PlacesOf(std::string_view key) {
     return {{}, kNone};
 }
 
-std::optional<RegistryValue> WineRegistry::Read(std::string_view key, std::string_view name) {
-    if (auto value = own.Read(key, name)) return value;
+const WineRegistry::Value* WineRegistry::Find(std::string_view key, std::string_view name) {
     const std::string wanted = SmallLetters(std::string(name));
     const auto [paths, keys] = PlacesOf(key);
     for (const std::string& path : paths) {
         const auto found = keys.find(path);
         if (found == keys.end()) continue;
         const auto value = found->second.values.find(wanted);
-        if (value != found->second.values.end()) return value->second;
+        if (value != found->second.values.end()) return &value->second;
     }
-    return std::nullopt;
+    return nullptr;
+}
+
+std::optional<RegistryValue> WineRegistry::Read(std::string_view key, std::string_view name) {
+    if (auto value = own.Read(key, name)) return value;
+    const Value* value = Find(key, name);
+    return value == nullptr ? std::nullopt : *value;
+}
+
+bool WineRegistry::HasOther(std::string_view key, std::string_view name) {
+    const Value* value = Find(key, name);
+    return value != nullptr && !*value;
 }
 
 bool WineRegistry::Has(std::string_view key) {

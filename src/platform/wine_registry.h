@@ -19,13 +19,15 @@ public:
         : own(own), files(files), page(page), prefix(std::move(prefix)) {}
 
     std::optional<RegistryValue> Read(std::string_view key, std::string_view name) override;
+    bool HasOther(std::string_view key, std::string_view name) override;
     void Write(std::string_view key, std::string_view name, const RegistryValue& value) override {
         own.Write(key, name, value);
     }
     bool Has(std::string_view key) override;
     std::vector<std::string> Subkeys(std::string_view key) override;
 
-    using Values = std::map<std::string, RegistryValue, std::less<>>; ///< by name in small letters
+    using Value = std::optional<RegistryValue>;               ///< nothing for one of another type
+    using Values = std::map<std::string, Value, std::less<>>; ///< by name in small letters
     struct Key {
         std::string name; ///< its last part, as it is written
         Values values;
@@ -52,6 +54,8 @@ private:
     };
 
     Places PlacesOf(std::string_view key);
+    /// In the prefix; nullptr where it is missing. Valid until the next look.
+    const Value* Find(std::string_view key, std::string_view name);
     const Keys& KeysOf(Branch& branch, std::string_view name, const Paths& paths);
 
     Registry& own;

@@ -1,8 +1,10 @@
 // What Windows programs have left in a prefix, behind the client's own registry.
 #include "platform/wine_registry.h"
 
+#include "foundation/runtime_error.h"
 #include "platform/hive_registry.h"
 #include "platform/recording/memory_files.h"
+#include "platform/user_registry.h"
 
 #include <gtest/gtest.h>
 
@@ -43,10 +45,14 @@ struct Prefix : testing::Test {
         files.Update(path, Files::Readers::Everybody, [&](const auto&) { return std::optional(text); });
     }
     std::string Text(const std::string& key, const std::string& name) {
-        const auto value = registry.Read("HKEY_LOCAL_MACHINE\\" + key, name);
-        if (!value) return "none";
-        const auto* number = std::get_if<std::int32_t>(&*value);
-        return number != nullptr ? std::to_string(*number) : std::get<std::string>(*value);
+        RegistryValue value;
+        try {
+            if (QueryValueEx(registry, "HKEY_LOCAL_MACHINE\\" + key, name, value) == kOtherType) return "other";
+        } catch (const RuntimeError& error) {
+            return error.Is(ErrorNumber::InvalidProcedureCall) ? "none" : error.what();
+        }
+        const auto* number = std::get_if<std::int32_t>(&value);
+        return number != nullptr ? std::to_string(*number) : std::get<std::string>(value);
     }
 };
 
@@ -57,13 +63,13 @@ TEST_F(Prefix, ValuesAreReadAsTheyWereLeft) {
         {"SOFTWARE\\maker\\game one", "Installed To", "C:\\Games\\One \"1\""},
         {"Software\\Maker\\Game One", "", "standard"},
         {"Software\\Maker\\Game One", "number", "1023"},
-        {"Software\\Maker\\Game One", "binary", "none"},
+        {"Software\\Maker\\Game One", "binary", "other"},
         {"Software\\Maker\\Game One", "variable", "%ProgramFiles%\\x"},
         {"Software\\Maker\\Game One",
          "Gr\xF6\xDF"
          "e",
          "\xE4"},
-        {"Software\\Maker\\Game One", "no such character", "none"},
+        {"Software\\Maker\\Game One", "no such character", "other"},
         {"Software\\Maker\\Game One", "lost", "none"},
         {"Software\\Maker\\Game One", "stray", "none"},
         {"SOFTWARE\\Old Maker\\Game Two", "installed to", "C:\\Two"}, // as a 32-bit program would see it
