@@ -26,7 +26,7 @@ protected:
     Object();
 };
 
-/// Declared for a container, and never raised.
+/// Declared for a container, and never raised. Shift is a sum: 1 the Shift key, 2 Ctrl, 4 Alt.
 struct ControlEvents {
     using Keys = std::function<void(std::int16_t& KeyCode, std::int16_t Shift)>;
     using Mouse = std::function<void(std::int16_t Button, std::int16_t Shift, float x, float y)>;
@@ -45,7 +45,9 @@ public:
     /// The controls that it shows.
     virtual Controls& View() = 0;
 
-    // Stored for the container; they change nothing that the client does.
+    // Stored for the container, any value as it is; they change nothing that the client does. A colour has red in its
+    // lowest byte, then green and blue; a style is 0 in a new control. A font's name raises 5 when the client's code
+    // page cannot hold it, as any text does (Error).
     std::int32_t BackColor() const;
     void SetBackColor(std::int32_t colour);
     std::int32_t ForeColor() const;
@@ -63,8 +65,8 @@ public:
     std::function<void(std::string_view name)> PropertyChanged; ///< by one of the setters
     ControlEvents Events;
 
-    void InitProperties(const std::string& ambientFont);
-    virtual void ReadProperties(const Bag& bag) = 0;
+    void InitProperties(const std::string& ambientFont); ///< as in a new control, whose font is its container's
+    virtual void ReadProperties(const Bag& bag) = 0;     ///< what is missing or unfit stays as it is
     void WriteProperties(Bag& bag) const;
 
 protected:

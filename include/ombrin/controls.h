@@ -41,10 +41,14 @@ public:
 
     // What a person could not give is refused: to a control that is hidden, disabled, behind a form or on a disabled
     // view, or to a row that is not there. What an input sets off runs inside these calls, and may wait in a dialog.
+    // Texts that the client's code page cannot hold raise 5, and nothing is typed. Rows count from 0,
+    // as in ControlState::rows.
     Refusal Click(std::string_view control);
     Refusal Select(std::string_view list, long row, bool on = true);
     Refusal DoubleClick(std::string_view list, long row);
     Refusal Type(std::string_view box, std::string_view text);
+    /// A box takes the character's code in the client's code page, or 8 for Backspace; a grid the code of the key, as
+    /// 67 for C. Shift is a sum: 1 the Shift key, 2 Ctrl, 4 Alt.
     Refusal Key(std::string_view control, int key, int shift = 0);
     Refusal Check(std::string_view box, bool on);
     Refusal Resize(int width, int height); ///< pixels; of the main control alone
