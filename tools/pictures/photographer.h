@@ -1,8 +1,8 @@
 // Takes pictures of the windows of a stage and looks whether their texts can be read.
 #pragma once
 
-#include "desktop/contrast.h"
 #include "desktop/stage.h"
+#include "pictures/contrast.h"
 
 #include <QPixmap>
 #include <QString>

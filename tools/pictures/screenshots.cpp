@@ -1,10 +1,10 @@
 // ombrin-screenshots FOLDER LANGUAGE WIDTH HEIGHT [SKIN]: pictures of the main view and of every dialog, in one
 // language at one size, made from the real windows over a played server. Fails where a text in them cannot be read.
-#include "desktop/photographer.h"
 #include "desktop/stage.h"
 #include "hosts/desktop/look.h"
 #include "hosts/desktop/qt_pictures.h"
 #include "hosts/skin/skin.h"
+#include "pictures/photographer.h"
 #include "session/wire/codec.h"
 #include "ui/skin_slots.h"
 

@@ -1,4 +1,4 @@
-#include "desktop/texts_shown.h"
+#include "pictures/texts_shown.h"
 
 #include "hosts/desktop/picture_button.h"
 

@@ -1,4 +1,4 @@
-#include "desktop/photographer.h"
+#include "pictures/photographer.h"
 
 #include "hosts/desktop/look.h"
 

@@ -1,7 +1,7 @@
-#include "desktop/contrast.h"
+#include "pictures/contrast.h"
 
-#include "desktop/texts_shown.h"
 #include "hosts/desktop/scheme.h"
+#include "pictures/texts_shown.h"
 
 #include <QColor>
 #include <algorithm>
