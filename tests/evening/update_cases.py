@@ -14,13 +14,14 @@ from evening import PATIENCE, PROGRAMS, equal, until
 
 OLDER, NEWER = "0.0.9", "0.2.0"
 CANCEL = 2
-DIRECTORIES = {1: pathlib.Path("files", "Client"), 2: pathlib.Path("system")}
+DIRECTORIES = {1: pathlib.Path("Client"), 2: pathlib.Path("system")}     # below the home
 QUESTION = "In order to continue a required download is available.  Download now?"
 
 # The release: name, directory, bytes behind the line with the version. The two programs are real ones.
 TEXTS = [("Readme.txt", 1, 100), ("Maps.dat", 1, 3_000_000), ("Rules.txt", 1, 8_000), ("Colours.txt", 1, 1),
          ("Ombrin.ocx", 2, 20_000), ("Ping.ocx", 2, 5_000), ("Names.txt", 2, 70_000), ("Places.txt", 2, 4_096)]
 HANDED_OVER = {"OmbrinExe.exe", "Ombrin.ocx", "Ping.ocx"}
+NO_SCREEN = {"QT_QPA_PLATFORM": "offscreen", "DISPLAY": "", "WAYLAND_DISPLAY": ""}
 
 
 @functools.lru_cache(maxsize=None)
@@ -83,10 +84,11 @@ def left_over(home):
 class Update:
     """A server with the newer files, and Ann, who has the older ones and is asked whether she wants them."""
 
-    def __init__(self, evening, key=False, endless=None, small_disk=False):
-        # What the patcher starts has no screen here.
-        os.environ.update(QT_QPA_PLATFORM="offscreen", DISPLAY="", WAYLAND_DISPLAY="")
+    def __init__(self, evening, key=False, endless=None, small_disk=False, packaged=False):
+        os.environ.update(NO_SCREEN)    # for what the patcher starts
         self.old, self.new = release(OLDER), release(NEWER)
+        if packaged:    # no package brings these, and a client without one of them takes no update
+            del self.new["Ombrin.ocx"], self.new["Ping.ocx"]
         offered = evening.scratch / "server" / "files"
         offered.mkdir(parents=True)
         for name, (_, data) in self.new.items():
@@ -114,9 +116,10 @@ class Update:
             subprocess.run(["nsenter", f"--target={client}", "--user", "--mount", "--preserve-credentials", "mount",
                             "-t", "tmpfs", "-o", "size=32m", "tmpfs", folder], check=True, timeout=PATIENCE)
             self.home = pathlib.Path(f"/proc/{client}/root") / self.home.relative_to("/")
-        install(self.home, self.old)
-        for name, value in (("ClientDirectory", self.ann.home / "files"), ("UpdateKey", public)):
-            self.ann.do("setting", section="Settings", key=name, value=str(value))
+        if not packaged:
+            install(self.home, self.old)
+            for name, value in (("ClientDirectory", self.ann.home), ("UpdateKey", public)):
+                self.ann.do("setting", section="Settings", key=name, value=str(value))
         self.ann.do("show")
         self.ann.log_on(self.server)
 
@@ -185,6 +188,37 @@ def a_signed_update_is_fetched_and_put_in_place_and_the_new_client_starts(evenin
     update.is_put_in_place()
     equal(installed(update.home, update.new), set(update.new), "the new files")
     until("a tidy disk", lambda: not left_over(update.home))
+
+
+@contextlib.contextmanager
+def started(program, home):
+    """A client with its window that is on its way; it may become another program."""
+    client = subprocess.Popen([program, "--home", home], env={**os.environ, **NO_SCREEN}, stderr=subprocess.DEVNULL)
+    try:
+        yield client
+    finally:
+        client.kill()
+        client.wait()
+        for process in running(place(home, "OmbrinExe.exe", 1)):
+            os.kill(process, signal.SIGKILL)
+
+
+@case_if(HAS_WINDOW)
+def a_packaged_client_is_renewed_in_its_home_and_gives_way_to_the_new_one(evening):
+    home = evening.scratch / "Ann"
+    own = place(home, "OmbrinExe.exe", 1)
+    with started(PROGRAMS / "OmbrinExe", home):
+        until("the way from the home to the installed client", lambda: own.is_symlink() and own.exists())
+    update = Update(evening, packaged=True)
+    update.is_put_in_place()
+    equal(installed(home, update.new), set(update.new), "the new files")
+    with started(PROGRAMS / "OmbrinExe", home) as client:
+        until("the new client in place of the installed one", lambda: client.pid in running(own))
+    shutil.copy(PROGRAMS / "OmbrinExe", own)
+    before = update.ann.log()
+    with started(PROGRAMS / "OmbrinExe", home):
+        until("a line in the log", lambda: update.ann.log() != before)
+        equal(running(own), [], "clients that have given way to one of the same version")
 
 
 @case
@@ -261,23 +295,16 @@ def a_client_started_over_a_broken_hand_over_finishes_it_first(evening):
     old, new = release(OLDER), release(NEWER)
     home = evening.scratch / "Ann"
     install(home, old)
-    (home / "settings.ini").write_text(f"[Settings]\nClientDirectory={home / 'files'}\n")
+    (home / "settings.ini").write_text(f"[Settings]\nClientDirectory={home}\n")
     # As a patcher leaves it that was killed between two files.
     (home / "system" / "OBPatch.state").write_text("placing\n")
     shutil.copy(place(home, "Ping.ocx", 2), home / "system" / "Ping8.ocx")
     place(home, "Ping.ocx", 2).write_bytes(new["Ping.ocx"][1])
     (home / "system" / "Ombrin7.ocx").write_bytes(new["Ombrin.ocx"][1])
-    (home / "files" / "Client" / "OmbrinExe7.exe").write_bytes(new["OmbrinExe.exe"][1])
+    (home / "Client" / "OmbrinExe7.exe").write_bytes(new["OmbrinExe.exe"][1])
 
-    environment = {**os.environ, "QT_QPA_PLATFORM": "offscreen", "DISPLAY": "", "WAYLAND_DISPLAY": ""}
-    client = subprocess.Popen([place(home, "OmbrinExe.exe", 1), "--home", home], env=environment,
-                              stderr=subprocess.DEVNULL)
-    try:
+    with started(place(home, "OmbrinExe.exe", 1), home) as client:
         equal(client.wait(PATIENCE), 0, "the exit status of the client that became the patcher")
         end_client(home)
-    finally:
-        client.kill()
-        for process in running(place(home, "OmbrinExe.exe", 1)):
-            os.kill(process, signal.SIGKILL)
     equal(installed(home, new), HANDED_OVER, "the new files")
     equal(left_over(home), [], "files left over")
