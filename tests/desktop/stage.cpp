@@ -23,8 +23,7 @@ QWindow* WindowOf(const QWidget& widget) { return widget.window()->windowHandle(
 
 } // namespace
 
-Stage::Stage(const std::string& language, MakeNetwork network)
-    : network(network == nullptr ? nullptr : network(world.loop)) {
+Stage::Stage(const std::string& language) {
     window.Populate();
     loop.Attach(client.Stack(), [this] { board.Schedule(); });
     client.CloseClient = [this] { world.loop.Post([this] { client.Stack().RequestEnd(); }); };

@@ -23,17 +23,13 @@ namespace ombrin::test {
 
 class Stage : public QObject {
 public:
-    using MakeNetwork = std::unique_ptr<Network> (*)(EventLoop&);
-
-    /// `language` is in force from the start; empty for a first start that asks. The server is played, unless there is
-    /// another network.
-    explicit Stage(const std::string& language, MakeNetwork network = nullptr);
+    /// `language` is in force from the start; empty for a first start that asks.
+    explicit Stage(const std::string& language);
     ~Stage() override;
 
     RecordedWorld world;
-    std::unique_ptr<Network> network; ///< the other one
     desktop::DesktopLoop loop{world.loop};
-    GameLobby client{world.ForClient(loop, network.get())};
+    GameLobby client{world.ForClient(loop)};
     desktop::Board board{loop, client.Input(), CodePage::Usual()};
     desktop::MainWindow window{client, board};
     desktop::Windows windows{client, board, window};
