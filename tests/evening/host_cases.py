@@ -1,9 +1,10 @@
-"""What a container of the controls sees: the entry control, and the members that it can call."""
+"""What whoever starts the programs sees, and a container of the controls: the entry control, and the members."""
 import os
 import socket
+import subprocess
 
 from casebook import TWO_LOBBIES, case
-from evening import Refused, equal
+from evening import PATIENCE, PROGRAMS, Refused, equal
 
 # An address of this run's own, so that nothing else answers on the fixed port.
 ENTRY_HOST = f"127.80.{os.getpid() // 250 % 250}.{os.getpid() % 250 + 1}"
@@ -91,3 +92,26 @@ def a_container_reads_and_writes_the_registry_by_the_main_control(evening):
                       (("SetValueEx", key, "v", 4, "x"), "Type mismatch"),
                       (("SetValueEx", key, "v", 4294967300, 1), WRONG_ARGUMENTS)):
         equal(refused(ann, *call), why, f"the refusal of {call}")
+
+
+@case
+def options_are_answered_without_a_display_and_a_home_is_its_users_alone(evening):
+    bare = {name: value for name, value in os.environ.items()
+            if name not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
+
+    def run(program, *words):
+        return subprocess.run([PROGRAMS / program, *words], env=bare, stdin=subprocess.DEVNULL, capture_output=True,
+                              text=True, timeout=PATIENCE, check=False)
+    shipped = [name for name in ("OmbrinExe", "ombrin-skin", "ombrin-console", "OBPatch", "ardvelle-server")
+               if (PROGRAMS / name).exists()]
+    for name in shipped:
+        for option, status in (("--help", 0), ("--version", 0), ("--nonsense", 2)):
+            ran = run(name, option)
+            equal((ran.returncode, ran.stdout == "", ran.stderr == ""), (status, status != 0, status == 0),
+                  f"{name} {option}: its status, and the silence of its two outputs")
+    if "OmbrinExe" in shipped:
+        ran = run("OmbrinExe", "--home", evening.scratch / "window")
+        equal((ran.returncode, "no window can be opened" in ran.stderr), (1, True), f"no display, after {ran.stderr}")
+    home = evening.scratch / "new" / "home"
+    equal(run("ombrin-console", "--home", f"{home}/").returncode, 0, "the exit status at the end of the input")
+    equal(home.stat().st_mode & 0o777, 0o700, "who may look into a home")
