@@ -87,8 +87,10 @@ class Update:
     def __init__(self, evening, key=False, endless=None, small_disk=False, packaged=False):
         os.environ.update(NO_SCREEN)    # for what the patcher starts
         self.old, self.new = release(OLDER), release(NEWER)
-        if packaged:    # no package brings these, and a client without one of them takes no update
-            del self.new["Ombrin.ocx"], self.new["Ping.ocx"]
+        if packaged:
+            # No package brings the first two, without which a client takes no update; the patcher is the installed one.
+            for name in ("Ombrin.ocx", "Ping.ocx", "OBPatch.exe"):
+                del self.new[name]
         offered = evening.scratch / "server" / "files"
         offered.mkdir(parents=True)
         for name, (_, data) in self.new.items():
