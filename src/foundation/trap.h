@@ -39,11 +39,9 @@ public:
         return !failure;
     }
 
-    Log& log;
-
-private:
+    /// Runs the body for who reports in a way of his own. Only the program's end passes.
     template <class Body>
-    static std::optional<Failure> FailureOf(Body& body) {
+    static std::optional<Failure> FailureOf(Body&& body) {
         try {
             body();
         } catch (const ProgramEnding&) {
@@ -53,6 +51,10 @@ private:
         }
         return std::nullopt;
     }
+
+    Log& log;
+
+private:
     void Report(std::string_view routine, std::string_view file, const Failure& failure, bool showBox);
 };
 

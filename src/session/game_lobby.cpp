@@ -78,15 +78,8 @@ GameLobby::~GameLobby() = default;
 
 void GameLobby::UserControl_Show(std::optional<std::string> userData) {
     input.ShowView(true);
-    std::optional<Failure> failure;
-    try {
-        Start(std::move(userData));
-    } catch (const ProgramEnding&) {
-        throw;
-    } catch (...) {
-        failure = CurrentFailure();
-    }
-    if (failure) areas->connector.ReportFailure(*failure);
+    if (const auto failure = Trap::FailureOf([&] { Start(std::move(userData)); }))
+        areas->connector.ReportFailure(*failure);
 }
 
 void GameLobby::Start(std::optional<std::string> userData) {

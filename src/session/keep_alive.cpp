@@ -88,15 +88,7 @@ void KeepAlive::CloseSocket() {
 }
 
 void KeepAlive::UserLoggedOff() {
-    std::optional<Failure> failure;
-    try {
-        StartAnew();
-    } catch (const ProgramEnding&) {
-        throw;
-    } catch (...) {
-        failure = CurrentFailure();
-    }
-    if (failure) peers.connector.ReportFailure(*failure);
+    if (const auto failure = Trap::FailureOf([this] { StartAnew(); })) peers.connector.ReportFailure(*failure);
 }
 
 void KeepAlive::StartAnew() {

@@ -85,12 +85,11 @@ static_assert(std::equal(kServerCodes.begin(), kServerCodes.end(), kServerCodeNa
 } // namespace
 
 bool RunServerCode(Areas& areas, std::string_view code, std::string_view payload) {
-    for (std::size_t i = 0; i < kServerCodes.size(); ++i) {
-        if (kServerCodes[i].code != code) continue;
-        kServerCodes[i].run(areas, payload);
-        return true;
-    }
-    return false;
+    const auto row = std::find_if(kServerCodes.begin(), kServerCodes.end(),
+                                  [code](const ServerCode& candidate) { return candidate.code == code; });
+    if (row == kServerCodes.end()) return false;
+    row->run(areas, payload);
+    return true;
 }
 
 } // namespace ombrin
