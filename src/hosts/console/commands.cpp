@@ -2,68 +2,19 @@
 
 #include "foundation/runtime_error.h"
 #include "foundation/text.h"
+#include "hosts/console/arguments.h"
 #include "hosts/console/members.h"
 #include "hosts/console/reading.h"
-
-#include <array>
-#include <map>
-#include <nlohmann/json.hpp>
 
 namespace ombrin::console {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
-
-/// Why a command cannot be done.
-struct Refused {
-    std::string why;
-};
 
 void Check(const Refusal& refusal) {
     if (refusal) throw Refused{*refusal};
 }
 
 } // namespace
-
-/// Reads the command's fields; what is missing or of another kind refuses the command.
-struct Commands::Arguments {
-    const Json& json;
-    const CodePage& page;
-
-    bool Has(const char* field) const { return json.contains(field); }
-
-    std::string Held(const Json& value, const char* field) const {
-        if (!value.is_string()) throw Refused{Join("needs a text in \"", field, "\"")};
-        const auto text = page.FromUtf8(value.get_ref<const std::string&>());
-        if (!text) throw Refused{Join("\"", field, "\" has a character that the code page cannot hold")};
-        return *text;
-    }
-    const Json& Field(const char* field) const {
-        if (!Has(field)) throw Refused{Join("needs \"", field, "\"")};
-        return json.at(field);
-    }
-    std::string Text(const char* field) const { return Held(Field(field), field); }
-    long Number(const char* field) const {
-        const Json& value = Field(field);
-        if (!value.is_number_integer()) throw Refused{Join("needs a whole number in \"", field, "\"")};
-        if (value.is_number_unsigned() && value.get<std::uint64_t>() > INT32_MAX && field != std::string_view("ms"))
-            throw Refused{"too large a number"};
-        return value.get<long>();
-    }
-    long Number(const char* field, long missing) const { return Has(field) ? Number(field) : missing; }
-    bool Truth(const char* field) const {
-        const Json& value = Field(field);
-        if (!value.is_boolean()) throw Refused{Join("needs true or false in \"", field, "\"")};
-        return value.get<bool>();
-    }
-    Milliseconds Length(const char* field) const {
-        constexpr long kLongest = 1000L * 3600 * 24 * 366;
-        const long length = Number(field);
-        if (length < 0 || length > kLongest) throw Refused{"no such time"};
-        return Milliseconds(length);
-    }
-};
 
 struct Commands::Table {
     using A = const Arguments&;
@@ -323,84 +274,8 @@ struct Commands::Table {
         return {};
     }
 
-    using PingAnswers = std::map<std::string, Pings::Answer, std::less<>>;
-
-    static std::deque<int> ConnectErrors(const Json& value) {
-        if (!value.is_array()) throw Refused{"\"connect\" is no list"};
-        std::deque<int> errors;
-        for (const Json& error : value) {
-            if (!error.is_number_integer()) throw Refused{"an error number is no whole number"};
-            errors.push_back(error.get<int>());
-        }
-        return errors;
-    }
-
-    static PingAnswers AnswersOfPings(const Json& value) {
-        if (!value.is_object()) throw Refused{"\"ping\" is no object"};
-        PingAnswers answers;
-        for (const auto& [address, time] : value.items()) {
-            const bool isTime = time.is_number_integer() && time >= 0 && time <= 1'000'000;
-            if (!isTime && !time.is_null()) throw Refused{"a ping's time is no whole number of milliseconds, nor null"};
-            answers[address] = isTime ? Pings::Answer(time.get<std::int32_t>()) : std::nullopt;
-        }
-        return answers;
-    }
-
-    static std::vector<std::string> Roots(const Json& value, const CodePage& page) {
-        if (!value.is_array()) throw Refused{"\"drives\" is no list"};
-        std::vector<std::string> roots;
-        for (const Json& root : value) {
-            const auto text = root.is_string() ? page.FromUtf8(root.get<std::string>()) : std::nullopt;
-            if (!text || text->empty()) throw Refused{"a drive is no path"};
-            roots.push_back(*text);
-        }
-        return roots;
-    }
-
-    static std::deque<bool> AnswersOfStarts(const Json& value) {
-        std::deque<bool> answers;
-        for (const Json& answer : value.is_array() ? value : Json::array({value})) {
-            if (answer != "ok" && answer != "fail") throw Refused{"a start is \"ok\" or \"fail\""};
-            answers.push_back(answer == "ok");
-        }
-        return answers;
-    }
-
-    /// All fields are read before the first one counts.
     static Json ChangeWorld(Commands& c, A a) {
-        std::optional<std::deque<int>> connect;
-        std::optional<PingAnswers> pings;
-        std::optional<std::deque<bool>> starts;
-        std::optional<std::vector<std::string>> drives;
-        std::optional<int> open;
-        std::optional<bool> directPlay;
-        std::optional<bool> registers;
-        for (const auto& [field, value] : a.json.items()) {
-            if (field == "do") continue;
-            if (field == "open" && value.is_number_integer())
-                open = value.get<int>();
-            else if (field == "directplay" && value.is_boolean())
-                directPlay = value.get<bool>();
-            else if (field == "register" && value.is_boolean())
-                registers = value.get<bool>();
-            else if (field == "connect")
-                connect = ConnectErrors(value);
-            else if (field == "ping")
-                pings = AnswersOfPings(value);
-            else if (field == "drives")
-                drives = Roots(value, c.page);
-            else if (field == "shell")
-                starts = AnswersOfStarts(value);
-            else
-                throw Refused{Join("the world has no such \"", field, "\"")};
-        }
-        if (open) c.world.opener.result = *open;
-        if (directPlay) c.world.directPlay.present = *directPlay;
-        if (connect) c.world.network.connectErrors = *connect;
-        if (pings) c.world.pings.answers = *pings;
-        if (starts) c.world.processes.starts = *starts;
-        if (drives) c.world.disks.roots = *drives;
-        if (registers) c.world.components.works = *registers;
+        console::ChangeWorld(c.world, a);
         return {};
     }
 

@@ -3,13 +3,7 @@
 
 #include "foundation/code_page.h"
 #include "hosts/console/console_loop.h"
-#include "launch/directplay/registry_service.h"
-#include "platform/recording/recording_components.h"
-#include "platform/recording/recording_desktop.h"
-#include "platform/recording/recording_disks.h"
-#include "platform/recording/recording_network.h"
-#include "platform/recording/recording_pings.h"
-#include "platform/recording/recording_processes.h"
+#include "hosts/console/world.h"
 #include "session/game_lobby.h"
 #include "session/main_lobby.h"
 
@@ -17,17 +11,6 @@
 #include <string>
 
 namespace ombrin::console {
-
-/// What the recorded world answers can be changed by a command.
-struct World {
-    recording::TellingNetwork& network;
-    recording::RecordingOpener& opener;
-    recording::RecordingPings& pings;
-    recording::RecordingProcesses& processes;
-    recording::RecordingComponents& components;
-    recording::RecordingDisks& disks;
-    directplay::RegistryService& directPlay;
-};
 
 class Commands : public CommandRunner {
 public:
@@ -37,8 +20,7 @@ public:
     std::string Run(const std::string& line) override;
     std::string ReplyWhileWaiting() override;
 
-    struct Arguments; ///< the command's fields
-    struct Table;     ///< the commands by name
+    struct Table; ///< the commands by name
 
 private:
     friend struct Table;
