@@ -3,9 +3,8 @@
 
 #include "foundation/clock.h"
 #include "foundation/code_page.h"
-#include "foundation/text.h"
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 
 namespace ombrin::console {
@@ -17,43 +16,22 @@ struct Refused {
     std::string why;
 };
 
-/// Reads the command's fields; what is missing or of another kind refuses the command.
+/// Reads the command's fields. Raises Refused for what is missing or of another kind.
 struct Arguments {
     const Json& json;
     const CodePage& page;
 
-    bool Has(const char* field) const { return json.contains(field); }
-
-    std::string Held(const Json& value, const char* field) const {
-        if (!value.is_string()) throw Refused{Join("needs a text in \"", field, "\"")};
-        const auto text = page.FromUtf8(value.get_ref<const std::string&>());
-        if (!text) throw Refused{Join("\"", field, "\" has a character that the code page cannot hold")};
-        return *text;
-    }
-    const Json& Field(const char* field) const {
-        if (!Has(field)) throw Refused{Join("needs \"", field, "\"")};
-        return json.at(field);
-    }
-    std::string Text(const char* field) const { return Held(Field(field), field); }
-    long Number(const char* field) const {
-        const Json& value = Field(field);
-        if (!value.is_number_integer()) throw Refused{Join("needs a whole number in \"", field, "\"")};
-        if (value.is_number_unsigned() && value.get<std::uint64_t>() > INT32_MAX && field != std::string_view("ms"))
-            throw Refused{"too large a number"};
-        return value.get<long>();
-    }
+    bool Has(const char* field) const;
+    const Json& Field(const char* field) const;
+    /// In the client's code page.
+    std::string Held(const Json& value, const char* field) const;
+    std::string Text(const char* field) const;
+    /// 32 bits, but for a time in milliseconds.
+    long Number(const char* field) const;
     long Number(const char* field, long missing) const { return Has(field) ? Number(field) : missing; }
-    bool Truth(const char* field) const {
-        const Json& value = Field(field);
-        if (!value.is_boolean()) throw Refused{Join("needs true or false in \"", field, "\"")};
-        return value.get<bool>();
-    }
-    Milliseconds Length(const char* field) const {
-        constexpr long kLongest = 1000L * 3600 * 24 * 366;
-        const long length = Number(field);
-        if (length < 0 || length > kLongest) throw Refused{"no such time"};
-        return Milliseconds(length);
-    }
+    bool Truth(const char* field) const;
+    /// A year at most.
+    Milliseconds Length(const char* field) const;
 };
 
 } // namespace ombrin::console

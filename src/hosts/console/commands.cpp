@@ -6,6 +6,8 @@
 #include "hosts/console/members.h"
 #include "hosts/console/reading.h"
 
+#include <nlohmann/json.hpp>
+
 namespace ombrin::console {
 
 namespace {

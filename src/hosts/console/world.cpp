@@ -1,8 +1,10 @@
 #include "hosts/console/world.h"
 
+#include "foundation/text.h"
 #include "hosts/console/arguments.h"
 
 #include <map>
+#include <nlohmann/json.hpp>
 #include <optional>
 
 namespace ombrin::console {
