@@ -1,9 +1,12 @@
 // The desktop's ways to wait: what runs in them, and what does not.
 #include "desktop/stage.h"
+#include "hosts/desktop/qt_services.h"
 
 #include <QApplication>
+#include <QAudioDevice>
 #include <QElapsedTimer>
 #include <QLineEdit>
+#include <QMediaDevices>
 #include <QPaintEvent>
 #include <QTest>
 #include <QThread>
@@ -160,6 +163,25 @@ TEST_F(Loops, AFloodOfTheCoresEventsLeavesPaintingAndTimersTheirTurn) {
         EXPECT_GT(events, 1000u);
     });
     EXPECT_TRUE(stage.Run());
+}
+
+// What the machine of the tests has no output for must not hold it, and what it has one for has an end.
+TEST_F(Loops, ASoundHoldsTheClientNoLongerThanItIsHeard) {
+    struct Counting : Waiter {
+        explicit Counting(Waiter& loop) : loop(loop) {}
+        void RunUntil(const bool& ended) override { loop.RunUntil(ended); }
+        void Block(Milliseconds time) override { held += time, loop.Block(time); }
+        void Breathe() override { loop.Breathe(); }
+        Waiter& loop;
+        Milliseconds held{0};
+    } waiter{stage.loop};
+    stage.client.Store().SaveSetting("Settings", "Volume", "1");
+    desktop::QtSound sound({"", OMBRIN_SHARE}, stage.client.Store(), CodePage::Usual(), waiter);
+    See([&] { stage.loop.Enter([&] { sound.Play("EnterLobby2"); }); });
+    EXPECT_TRUE(stage.Run());
+    const bool isHeard = !QMediaDevices::audioOutputs().isEmpty();
+    EXPECT_EQ(waiter.held > Milliseconds(0), isHeard);
+    EXPECT_LT(waiter.held, Milliseconds(2000));
 }
 
 } // namespace

@@ -3,11 +3,13 @@
 #include "platform/sound_volume.h"
 
 #include <QAudio>
+#include <QAudioDevice>
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QMediaDevices>
 #include <QRect>
 #include <QSoundEffect>
 #include <QUrl>
@@ -30,7 +32,8 @@ void QtSound::Play(std::string_view name) {
     const auto file = std::find_if(files.begin(), files.end(), [](const std::string& candidate) {
         return QFileInfo::exists(QString::fromStdString(candidate));
     });
-    if (file == files.end()) return;
+    // Without an output a sound never comes to its end, and would hold the client for as long as the longest.
+    if (file == files.end() || QMediaDevices::audioOutputs().isEmpty()) return;
     QSoundEffect effect;
     effect.setSource(QUrl::fromLocalFile(QString::fromStdString(*file)));
     const float asHeard = static_cast<float>(volume) / kFullVolume;

@@ -12,7 +12,7 @@
 
 namespace ombrin::desktop {
 
-/// The volume (sound_volume.h) is read anew each time.
+/// The volume (sound_volume.h) is read anew each time. Silent, and at once, on a machine without an output.
 class QtSound : public Sound {
 public:
     QtSound(SoundFolders folders, Settings& settings, const CodePage& page, Waiter& waiter)
