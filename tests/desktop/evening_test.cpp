@@ -75,6 +75,7 @@ TEST_P(FirstEvening, FromTheFirstStartToTheLobbyAndAnotherLobbyAndTheEnd) {
     Hears("Ombrin:19:ann:~");
     See([this] { EXPECT_EQ(stage.client.Inis().Read("AV.ini", "GameFilter", "DisplayedGames"), "Go;Chess;"); });
 
+    Keys(view.MainText);
     Fill(view.MainText, QStringLiteral("hi: é"));
     Confirm(view.SendMain);
     Hears("Ombrin:3:ann;Go;10.0.0.5;hi%*|@ \xE9;:~");

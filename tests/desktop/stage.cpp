@@ -208,7 +208,7 @@ void Stage::Speaks(const std::string& language) {
     client.Inis().Write("AVfLang.ini", "CurrentLanguage", "Language", language);
 }
 
-void Stage::LogsOn() {
+void Stage::LogsOn(bool atOnce) {
     client.Inis().Write("AV.ini", "GameFilter", "DisplayedGames", "Go;Chess;");
     Step([this] {
         for (const auto& [box, text] : {std::pair(&forms.UsrNmPwIP.LogonName, "ann"),
@@ -217,9 +217,19 @@ void Stage::LogsOn() {
             board.Input([&, box = box, text = text](UserInput& input) { return input.Type(*box, text); });
     });
     Step([this] { board.Input([this](UserInput& input) { return input.Click(forms.UsrNmPwIP.Connect); }); });
-    Accepts();
-    Sends("45:10.0.0.5;~22:Go,1;Chess,2;~");
-    Sends("0:ann;1;bob;1;cid;1;~47:ann;bob;cid;~");
+    const std::string welcome = "45:10.0.0.5;~22:Go,1;Chess,2;~", lobby = "0:ann;1;bob;1;cid;1;~47:ann;bob;cid;~";
+    if (atOnce) {
+        Step([=, this] {
+            loop.Enter([=, this] {
+                Server().Accept();
+                Server().Sends(welcome + lobby);
+            });
+        });
+    } else {
+        Accepts();
+        Sends(welcome);
+        Sends(lobby);
+    }
     Step([this] { heard = Server().sent.size(); });
 }
 

@@ -75,8 +75,8 @@ public:
     // Ways that many tests go
     /// The languages that the client ships with, and this one of them in force; empty for none yet.
     void Speaks(const std::string& language);
-    /// From the start to the lobby Go, with ann, bob and cid.
-    void LogsOn();
+    /// From the start to the lobby Go, with ann, bob and cid; the server may say all in one breath.
+    void LogsOn(bool atOnce = false);
 
 private:
     void Next();

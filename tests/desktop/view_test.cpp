@@ -115,6 +115,16 @@ TEST_F(Views, AViewThatWaitsTakesNothingSaysSoAndLetsThePersonReadOn) {
     EXPECT_TRUE(stage.Run());
 }
 
+TEST_F(Views, WhoeverComesIntoALobbyCanTalkHoweverFastTheServerIs) {
+    for (const bool atOnce : {false, true}) {
+        SCOPED_TRACE(atOnce);
+        Stage arrival("English");
+        arrival.LogsOn(atOnce);
+        arrival.Until([&] { return arrival.HasKeys(arrival.view.MainText); }, "the keys in the line");
+        EXPECT_TRUE(arrival.Run());
+    }
+}
+
 TEST_F(Views, TextsFromOutsideStandThereAsTheyCame) {
     const std::string kTexts[] = {"<b>x</b>", "a & b > c", "&lt;i&gt;", "<img src=\"x\">", "?x=1&amp=2 <a href=y>"};
     stage.LogsOn();

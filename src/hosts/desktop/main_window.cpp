@@ -262,6 +262,7 @@ void MainWindow::LookAtView() {
         veil->raise();
         veil->setFocus();
     }
+    LookWhoHasKeys();
     const bool waitsNow = Waits();
     if (waitsNow && waiting->isVisible()) SayWhatIsWaitedFor();
     if (waitsNow == isWaiting) return;
@@ -269,9 +270,15 @@ void MainWindow::LookAtView() {
     if (waitsNow) return waits.start(kShownAfter);
     waits.stop();
     waiting->hide();
-    // Whoever has just come into a lobby wants to talk, unless he is somewhere already.
-    if (client.Stack().TopModal() == nullptr && client.MainView().Focus() == nullptr)
-        board.PainterOf(client.MainView().MainText)->Widget()->setFocus(Qt::OtherFocusReason);
+}
+
+/// Whoever has just come into a lobby wants to talk, unless he is somewhere already. Where the keys were before may be
+/// hidden by now, as the logon's boxes are: without a place of their own here, no key would lead anywhere.
+void MainWindow::LookWhoHasKeys() {
+    const View& view = client.MainView();
+    const bool isOpen = !IsCovered() && view.Enabled() && client.Stack().TopModal() == nullptr;
+    if (!std::exchange(isOpenToKeys, isOpen) && isOpen && view.Focus() == nullptr)
+        board.PainterOf(view.MainText)->Widget()->setFocus(Qt::OtherFocusReason);
 }
 
 void MainWindow::ShowLogon(bool on) {

@@ -36,6 +36,7 @@ private:
     void SpeakAnew();
     void PlaceControls();
     void LookAtView();
+    void LookWhoHasKeys();
     bool Waits() const;
     QString WhatIsWaitedFor() const;
     void SayWhatIsWaitedFor();
@@ -56,6 +57,7 @@ private:
     std::optional<RoomFace> room;
     QTimer waits;
     bool isWaiting = false;
+    bool isOpenToKeys = false; ///< nothing stands before the view, and it takes input
 };
 
 } // namespace ombrin::desktop

@@ -19,6 +19,7 @@
 #include <QScreen>
 #include <QStyle>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace ombrin::desktop {
 
@@ -300,11 +301,18 @@ void Windows::Focus(Form& form) {
     board.FocusMovedTo(*control); // what the form chooses next is a move
 }
 
+/// A dialog that is hidden before the window system has shown it, as `Connecting` is by a fast server, would still be
+/// told that it has the keys, and nothing would take them from it again: with its window gone nobody can tell it.
+void Windows::Hide(QWidget& window) {
+    window.hide();
+    if (window.isModal() && window.windowHandle() != nullptr) window.windowHandle()->destroy();
+}
+
 void Windows::FormHidden(Form& form) {
     if (&form == &client.Forms().UsrNmPwIP) return main.ShowLogon(false);
     const auto found = windows.find(&form);
     if (found == windows.end()) return;
-    if (found->second != nullptr) found->second->hide();
+    if (found->second != nullptr) Hide(*found->second);
     // The keys go to what is in front now, whether or not a window manager sees to that.
     const Form* top = client.Stack().TopModal();
     QWidget* front = top == nullptr ? nullptr : WindowOf(*top);

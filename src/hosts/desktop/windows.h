@@ -39,6 +39,7 @@ public:
 private:
     FormWindow* Make(Form& form);
     void Place(Form& form, QWidget& window) const;
+    static void Hide(QWidget& window);
     void Focus(Form& form);
 
     GameLobby& client;
