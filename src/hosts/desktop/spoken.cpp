@@ -73,8 +73,8 @@ private:
 QAccessibleInterface* Make(const QString& kind, QObject* object) {
     if (auto* chat = qobject_cast<QTextBrowser*>(object); kind == QLatin1String("QTextBrowser"))
         return new SpokenChat(chat);
-    // By its mark: an object of a library without type information cannot be cast.
-    if (object != nullptr && object->isWidgetType() && object->property(kSpokenAsFrame).toBool())
+    // By its mark, and no object but a widget: one of a library without type information cannot even be looked at.
+    if (object != nullptr && kind == QLatin1String("QWidget") && object->property(kSpokenAsFrame).toBool())
         return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Window);
     return nullptr; // Qt knows
 }
