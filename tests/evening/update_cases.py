@@ -115,9 +115,9 @@ class Update:
         if small_disk:
             client, folder = self.ann.process.pid, self.home / DIRECTORIES[1]
             folder.mkdir(parents=True)
-            taken = sum(len(data) for code, data in self.old.values() if code == 1)
+            size = (16 << 20) + sum(len(data) for code, data in self.old.values() if code == 1)
             subprocess.run(["nsenter", f"--target={client}", "--user", "--mount", "--preserve-credentials", "mount",
-                            "-t", "tmpfs", "-o", f"size={taken + (16 << 20)}", "tmpfs", folder], check=True, timeout=PATIENCE)
+                            "-t", "tmpfs", "-o", f"size={size}", "tmpfs", folder], check=True, timeout=PATIENCE)
             self.home = pathlib.Path(f"/proc/{client}/root") / self.home.relative_to("/")
         if not packaged:
             install(self.home, self.old)
