@@ -1,5 +1,6 @@
 #include "controls/boxes.h"
 
+#include "controls/user_input.h"
 #include "scripted_waiter.h"
 
 #include <gmock/gmock.h>
@@ -9,75 +10,74 @@ namespace {
 
 class BoxesTest : public testing::Test, protected Stage {
 protected:
-    MessageBoxForm& Box() { return dynamic_cast<MessageBoxForm&>(*stack.Top()); }
-    InputBoxForm& Question() { return dynamic_cast<InputBoxForm&>(*stack.Top()); }
+    Page view{"View"};
     Boxes boxes{stack};
+    UserInput input{view, stack};
 };
 
 TEST_F(BoxesTest, ABoxHasItsButtonsAndACloseBoxWhereThatHasAMeaning) {
     using enum BoxResult;
     const struct {
         BoxButtons buttons;
-        std::vector<BoxResult> has, hasNot;
+        std::vector<BoxResult> has;
         std::optional<BoxResult> closed;
     } kBoxes[] = {
-        {BoxButtons::Ok, {Ok}, {Cancel, Yes, No}, Ok},
-        {BoxButtons::OkCancel, {Ok, Cancel}, {Yes, No, BoxResult{3}}, Cancel},
-        {BoxButtons::YesNo, {Yes, No}, {Ok, Cancel}, std::nullopt},
+        {BoxButtons::Ok, {Ok}, Ok},
+        {BoxButtons::OkCancel, {Ok, Cancel}, Cancel},
+        {BoxButtons::YesNo, {Yes, No}, std::nullopt},
     };
-    for (const auto& box : kBoxes) {
-        SCOPED_TRACE(static_cast<int>(box.buttons));
-        for (const BoxResult button : box.has) {
+    for (const auto& box : kBoxes)
+        for (const BoxResult button : {Ok, Cancel, BoxResult{3}, Yes, No}) {
+            SCOPED_TRACE(testing::Message() << static_cast<int>(box.buttons) << " " << static_cast<int>(button));
+            const bool has = std::count(box.has.begin(), box.has.end(), button) == 1;
             user.Then([&] {
-                EXPECT_EQ(Box().Text(), "No <b>markup</b>");
-                EXPECT_EQ(Box().Caption(), "Title");
-                EXPECT_EQ(Box().Icon(), BoxIcon::Exclamation);
-                for (const BoxResult other : box.hasNot) EXPECT_FALSE(Box().Press(other));
-                EXPECT_TRUE(Box().Press(button));
+                EXPECT_EQ(!input.PressButton(button), has);
+                if (has) return;
+                const bool closed = !input.Close(*stack.Top());
+                EXPECT_EQ(closed, box.closed.has_value());
+                if (!closed) stack.Top()->Hide();
             });
-            EXPECT_EQ(boxes.Show("No <b>markup</b>", "Title", box.buttons, BoxIcon::Exclamation), button);
+            const BoxResult result = boxes.Show("Sure?", "Title", box.buttons);
+            EXPECT_EQ(result, has ? button : box.closed.value_or(result));
         }
-        user.Then([&] {
-            EXPECT_EQ(static_cast<bool>(Box().CloseBox), box.closed.has_value());
-            box.closed ? Box().CloseBox() : Box().Hide();
-        });
-        const BoxResult result = boxes.Show("Sure?", "Title", box.buttons);
-        EXPECT_EQ(result, box.closed.value_or(result));
-    }
-    user.Then([&] {
-        EXPECT_EQ(Box().Caption(), kUsualTitle);
-        EXPECT_EQ(Box().Icon(), BoxIcon::None);
-        Box().Press(Ok);
-    });
-    boxes.ShowPlain("plain");
 }
 
-TEST_F(BoxesTest, AnInputBoxAnswersWhatWasTypedAndNothingAfterACancel) {
+TEST_F(BoxesTest, AQuestionTakesItsOwnKindOfAnswerOrACancel) {
+    const auto typed = [&] { return input.AnswerText("ann"); };
+    const auto file = [&] { return input.AnswerFile("/g/hl.exe"); };
+    const auto colour = [&] { return input.AnswerColour(255); };
     const struct {
-        const char* how;
-        std::function<void()> end;
-        const char* answer;
-    } kEnds[] = {
-        {"OK", [&] { Question().Accept(); }, "ann"},
-        {"Cancel", [&] { Question().Cancel(); }, ""},
-        {"close box", [&] { Question().CloseBox(); }, ""},
-        {"OK under another answer",
-         [&] {
-             user.Then([&] { Question().Accept(); });
-             boxes.Ask("Other?");
-             Question().Accept();
-         },
-         "ann"},
+        const char* what;
+        std::function<std::string()> ask;
+        std::function<Refusal()> answer;
+        std::vector<std::function<Refusal()>> refused;
+        std::string result, cancelled;
+    } kQuestions[] = {
+        {"text", [&] { return boxes.Ask("Name:"); }, typed, {file, colour}, "ann", ""},
+        {"file",
+         [&] { return boxes.ChooseFile("Game", "*.exe"); },
+         file,
+         {typed, colour, [&] { return input.AnswerFile(""); }, [&] { return input.PressButton(BoxResult::Ok); }},
+         "/g/hl.exe",
+         ""},
+        {"colour",
+         [&] { return std::to_string(boxes.ChooseColour(0).value_or(-1)); },
+         colour,
+         {typed, file, [&] { return input.AnswerColour(-1); }, [&] { return input.AnswerColour(0x1000000); }},
+         "255",
+         "-1"},
     };
-    for (const auto& end : kEnds) {
+    for (const auto& question : kQuestions) {
+        SCOPED_TRACE(question.what);
         user.Then([&] {
-            EXPECT_EQ(Question().Prompt(), "Name:");
-            EXPECT_EQ(Question().Answer.Text(), "");
-            EXPECT_TRUE(Question().Answer.HasFocus());
-            Question().Answer.Type("ann");
-            end.end();
+            for (const auto& other : question.refused) EXPECT_TRUE(other());
+            EXPECT_FALSE(question.answer());
         });
-        EXPECT_EQ(boxes.Ask("Name:"), end.answer) << end.how;
+        EXPECT_EQ(question.ask(), question.result);
+        user.Then([&] { EXPECT_FALSE(input.PressButton(BoxResult::Cancel)); });
+        EXPECT_EQ(question.ask(), question.cancelled);
+        user.Then([&] { EXPECT_FALSE(input.Close(*stack.Top())); });
+        EXPECT_EQ(question.ask(), question.cancelled);
     }
 }
 

@@ -42,9 +42,12 @@ protected:
 
 TEST_F(ModalStackTest, ASecondFormTakesTheActivationAndGivesItBackAndABoxDoesNot) {
     Boxes boxes(stack);
+    TextBox name(one, "Name", {}), password(one, "Password", {});
+    one.Default = &name;
     user.Then([&] { two.ShowModal(); })
         .Then([&] {
-            EXPECT_THAT(Visible(), ElementsAre("one", "two"));
+            EXPECT_TRUE(name.HasFocus());
+            password.SetFocus();
             two.Hide();
         })
         .Then([&] { boxes.ShowPlain("sorry"); })
@@ -59,117 +62,85 @@ TEST_F(ModalStackTest, ASecondFormTakesTheActivationAndGivesItBackAndABoxDoesNot
                                     "hidden MessageBox", "hidden one", "deactivate one"));
     one.ShowModal();
     EXPECT_THAT(Said(), ElementsAre("shown one", "activate one", "hidden one", "deactivate one")) << "loaded already";
-    EXPECT_THAT(Visible(), IsEmpty());
+    EXPECT_TRUE(password.HasFocus()) << "the usual control has it at first, and a later choice stays";
 }
 
 TEST_F(ModalStackTest, AFormHiddenUnderAnotherOneIsGoneAtOnceAndItsRoutineReturnsLater) {
-    std::vector<std::string> returned;
     user.Then([&] {
             two.ShowModal();
-            returned.push_back("two");
+            said.emplace_back("two returns");
         })
         .Then([&] {
             Said();
             one.Hide();
             EXPECT_THAT(Said(), ElementsAre("hidden one")) << "it was not the active one";
-        })
-        .Then([&] {
             EXPECT_THAT(Visible(), ElementsAre("two"));
-            EXPECT_THAT(returned, IsEmpty());
-            two.Hide();
-            EXPECT_THAT(Said(), ElementsAre("hidden two", "deactivate two")) << "nothing below becomes active";
-        });
+        })
+        .Then([&] { two.Hide(); });
     one.ShowModal();
-    returned.push_back("one");
-    EXPECT_THAT(returned, ElementsAre("two", "one"));
+    EXPECT_THAT(Said(), ElementsAre("hidden two", "deactivate two", "two returns"));
 }
 
 TEST_F(ModalStackTest, AFormThatIsUpCannotBeShownAgainButOneWhoseWaitHasEndedCan) {
-    std::vector<std::string> returned;
     user.Then([&] {
             EXPECT_EQ(Raised([&] { one.ShowModal(); }), 400);
             one.Hide();
             one.ShowModal();
-            returned.push_back("inner");
+            EXPECT_EQ(stack.Depth(), 1U) << "the outer wait alone is left";
         })
         .Then([&] {
             EXPECT_THAT(Visible(), ElementsAre("one")) << "the ended wait does not take the form away";
-            EXPECT_EQ(stack.Depth(), 2U);
             one.Hide();
         });
     one.ShowModal();
-    returned.push_back("outer");
-    EXPECT_THAT(returned, ElementsAre("inner", "outer"));
     EXPECT_EQ(stack.Depth(), 0U);
 
+    two.Activate = [&] { two.Hide(); }; // gone as it appears: not waited for
+    two.ShowModal();
+    EXPECT_THAT(Visible(), IsEmpty());
     three.Load = [&] { three.Show(); }; // a load that shows the form itself
     EXPECT_EQ(Raised([&] { three.ShowModal(); }), 400);
     EXPECT_THAT(Visible(), ElementsAre("three"));
 }
 
-TEST_F(ModalStackTest, AFormThatHidesItselfAsItAppearsIsNotWaitedFor) {
-    one.Activate = [&] { one.Hide(); };
-    one.ShowModal();
-    EXPECT_THAT(Visible(), IsEmpty());
-    one.Hide();
-    EXPECT_EQ(std::count(said.begin(), said.end(), "hidden one"), 1);
-}
-
-TEST_F(ModalStackTest, TheEndOfTheProgramTakesThreeFormsAwayAndLetsNoneAppear) {
+TEST_F(ModalStackTest, TheEndOfTheProgramOrAFailureTakesTheFormsAwayAndLetsNoRoutineGoOn) {
     int passed = 0;
-    const auto shows = [&](Form& form) {
-        return [&] {
-            form.ShowModal();
-            ++passed;
-        };
+    const auto showsTwo = [&] {
+        two.ShowModal();
+        ++passed;
     };
-    user.Then(shows(two)).Then(shows(three)).Then([&] {
-        Form late(stack, "late", "Late");
-        late.Load = [&] { stack.RequestEnd(); };
-        EXPECT_THROW(late.ShowModal(), ProgramEnding);
-        EXPECT_THAT(Visible(), ElementsAre("one", "two", "three")) << "the routine that ends finishes its steps";
+    user.Then(showsTwo).Then([] { throw std::runtime_error("failed"); });
+    EXPECT_THROW(one.ShowModal(), std::runtime_error);
+    EXPECT_THAT(Visible(), IsEmpty());
+    EXPECT_EQ(stack.Depth(), 0U);
+
+    user.Then(showsTwo).Then([&] {
+        three.Load = [&] { stack.RequestEnd(); };
+        EXPECT_THROW(three.ShowModal(), ProgramEnding);
+        EXPECT_THAT(Visible(), ElementsAre("one", "two")) << "the routine that ends finishes its steps";
     });
     EXPECT_THROW(one.ShowModal(), ProgramEnding);
     EXPECT_EQ(passed, 0) << "no routine goes on behind its wait";
-    EXPECT_THAT(Visible(), IsEmpty());
-    EXPECT_EQ(stack.Depth(), 0U);
     EXPECT_FALSE(one.Visible() || two.Visible() || three.Visible());
-    EXPECT_THROW(one.ShowModal(), ProgramEnding);
-}
-
-TEST_F(ModalStackTest, AFailureInAFormTakesItAwayAndPasses) {
-    const std::function<void()> fails = [] { throw std::runtime_error("failed"); };
-    user.Then([&] {
-            one.Activate = fails;
-            EXPECT_THROW(one.ShowModal(), std::runtime_error);
-            EXPECT_THAT(Visible(), ElementsAre("two"));
-            EXPECT_EQ(stack.Depth(), 1U);
-        })
-        .Then(fails);
-    EXPECT_THROW(two.ShowModal(), std::runtime_error);
-    EXPECT_THAT(Visible(), IsEmpty());
     EXPECT_EQ(stack.Depth(), 0U);
-    EXPECT_FALSE(held);
+    EXPECT_THROW(one.ShowModal(), ProgramEnding);
 }
 
 TEST_F(ModalStackTest, AModelessFormIsNotWaitedForAndDoesNotComeUnderAModalOne) {
     one.Show();
     one.Show();
     EXPECT_THAT(Said(), ElementsAre("load one", "shown one", "activate one"));
-    EXPECT_EQ(stack.Depth(), 0U);
-    EXPECT_EQ(stack.TopModal(), nullptr);
     EXPECT_EQ(Raised([&] { one.ShowModal(); }), 400);
     user.Then([&] {
         EXPECT_EQ(stack.TopModal(), &two);
         EXPECT_EQ(Raised([&] { three.Show(); }), 401);
-        EXPECT_FALSE(three.Visible());
         Said();
         two.Hide();
     });
     two.ShowModal();
     EXPECT_THAT(Said(), ElementsAre("hidden two", "deactivate two", "activate one"));
+    EXPECT_EQ(stack.TopModal(), nullptr);
     one.Hide();
-    EXPECT_THAT(Visible(), IsEmpty());
     user.Then([&] {
         three.Hide();
         three.Show();
@@ -180,55 +151,31 @@ TEST_F(ModalStackTest, AModelessFormIsNotWaitedForAndDoesNotComeUnderAModalOne) 
 
 TEST_F(ModalStackTest, TheServerIsNotListenedToWhileTooManyFormsAreOpenOrWaitedFor) {
     std::vector<std::unique_ptr<Form>> forms;
-    const auto open = [&] {
+    const std::function<void()> open = [&] {
         forms.push_back(std::make_unique<Form>(stack, "form", ""));
         forms.back()->ShowModal();
     };
-    const auto again = [&] {
+    const std::function<void()> again = [&] {
         one.Hide();
         one.ShowModal();
     };
-    const struct {
-        std::size_t limit;
-        std::function<void()> wait, end;
-    } kLimits[] = {
-        {ModalStack::kOpenLimit, open,
-         [&] {
-             forms[10]->Hide();
-             EXPECT_FALSE(held) << "one has closed";
-             for (const auto& form : forms) form->Hide();
-         }},
-        {ModalStack::kWaitLimit, again, [&] { one.Hide(); }},
-    };
-    for (const auto& row : kLimits) {
-        SCOPED_TRACE(row.limit);
-        for (std::size_t i = 1; i < row.limit; ++i)
-            user.Then([&] {
+    for (const auto& [limit, wait] : {std::pair(ModalStack::kOpenLimit, open), {ModalStack::kWaitLimit, again}}) {
+        SCOPED_TRACE(limit);
+        for (std::size_t i = 1; i < limit; ++i)
+            user.Then([&, wait = wait] {
                 ASSERT_FALSE(held);
-                row.wait();
+                wait();
             });
         user.Then([&] {
             EXPECT_TRUE(held);
-            row.end();
+            if (one.Visible()) return one.Hide();
+            forms[10]->Hide();
+            EXPECT_FALSE(held) << "one has closed";
+            for (const auto& form : forms) form->Hide();
         });
-        row.wait();
-        EXPECT_TRUE(user.Done());
+        wait();
         EXPECT_FALSE(held);
     }
-}
-
-TEST_F(ModalStackTest, TheUsualControlHasTheFocusAtFirstAndALaterChoiceStays) {
-    TextBox name(one, "Name", {}), password(one, "Password", {});
-    one.Default = &name;
-    user.Then([&] {
-            EXPECT_TRUE(name.HasFocus());
-            password.SetFocus();
-            one.Hide();
-        })
-        .Then([&] { one.Hide(); });
-    one.ShowModal();
-    one.ShowModal();
-    EXPECT_TRUE(password.HasFocus());
 }
 
 } // namespace

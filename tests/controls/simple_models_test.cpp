@@ -7,33 +7,7 @@
 namespace ombrin {
 namespace {
 
-/// A painter that looks when it is told to.
-struct Painter : ModelWatcher {
-    void Dirty(Control&) override { ++told; }
-    int told = 0;
-};
-
-TEST(TextBox, TypedTextStopsAtTheLengthOfTheBox) {
-    Container form("Form");
-    TextBox box(form, "Name", {.maxLength = 5});
-    box.Type("abcdefgh");
-    EXPECT_EQ(box.Text(), "abcde");
-    EXPECT_EQ(box.SelStart(), 5U) << "the cursor stands behind what was typed";
-    box.TypeCharacter('x');
-    EXPECT_EQ(box.Text(), "abcde");
-    box.Select(1, 3);
-    box.TypeCharacter('x');
-    EXPECT_EQ(box.Text(), "axe") << "the selection makes room";
-    box.SetText("longer than five");
-    EXPECT_EQ(box.Text(), "longer than five") << "the client's own texts are not cut";
-    EXPECT_EQ(box.SelStart(), 0U);
-
-    TextBox open(form, "Message", {});
-    open.Type(std::string(40'000, 'x'));
-    EXPECT_EQ(open.Text().size(), 32'000U);
-}
-
-TEST(TextBox, ACharacterReplacesTheSelectionAndBackspaceTakesOneAway) {
+TEST(TextBox, WhatIsTypedStopsAtItsLengthAndReplacesTheSelection) {
     constexpr char kBackspace = 8;
     const struct {
         const char* what;
@@ -50,9 +24,9 @@ TEST(TextBox, ACharacterReplacesTheSelectionAndBackspaceTakesOneAway) {
         {"behind the end", 99, 99, 'x', "abcdx", 5},
         {"from the third on", 2, 99, 'x', "abx", 3},
     };
+    Container form("Form");
+    TextBox box(form, "Name", {.maxLength = 5});
     for (const auto& one : kCases) {
-        Container form("Form");
-        TextBox box(form, "Name", {});
         box.SetText("abcd");
         box.Select(one.start, one.length);
         box.TypeCharacter(one.typed);
@@ -60,47 +34,47 @@ TEST(TextBox, ACharacterReplacesTheSelectionAndBackspaceTakesOneAway) {
         EXPECT_EQ(box.SelStart(), one.cursor) << one.what;
         EXPECT_EQ(box.SelLength(), 0U) << one.what;
     }
+    box.Type("abcdefgh");
+    box.TypeCharacter('x');
+    EXPECT_EQ(box.Text(), "abcde");
+    EXPECT_EQ(box.SelStart(), 5U) << "the cursor stands behind what was typed";
+    box.SetText("longer than five");
+    EXPECT_EQ(box.Text(), "longer than five") << "the client's own texts are not cut";
+    TextBox open(form, "Message", {});
+    open.Type(std::string(40'000, 'x'));
+    EXPECT_EQ(open.Text().size(), 32'000U);
 }
 
-TEST(OptionButton, OneOfAFormIsOnAndThoseOfOtherFormsStay) {
+TEST(OptionsAndBoxes, OneOptionOfAFormIsOnAndABoxTellsEachChange) {
     Container form("Form"), other("Other");
     OptionButton first(form, "Radio1"), second(form, "Radio2"), elsewhere(other, "Radio1");
     CheckBox box(form, "Box", "");
-    elsewhere.SetOn(true);
-    box.SetOn(true);
-    first.SetOn(true);
-    second.SetOn(true);
-    EXPECT_FALSE(first.On());
-    EXPECT_TRUE(second.On());
-    EXPECT_TRUE(elsewhere.On());
-    EXPECT_TRUE(box.On());
-}
-
-TEST(CheckBox, ItsRoutineRunsOnceForEachChangeAndSeesTheNewValue) {
-    Container form("Form");
-    CheckBox box(form, "Box", "Remember");
     std::vector<bool> seen;
     box.Click = [&] { seen.push_back(box.On()); };
-    for (const bool on : {false, true, true, false}) box.SetOn(on);
-    EXPECT_THAT(seen, testing::ElementsAre(true, false));
+    for (const bool on : {false, true, true, false, true}) box.SetOn(on);
+    EXPECT_THAT(seen, testing::ElementsAre(true, false, true));
+    for (OptionButton* button : {&elsewhere, &first, &second}) button->SetOn(true);
+    EXPECT_FALSE(first.On());
+    EXPECT_TRUE(second.On() && elsewhere.On() && box.On());
 }
 
 TEST(Control, APainterIsToldOnceUntilItLooks) {
+    struct : ModelWatcher {
+        void Dirty(Control&) override { ++told; }
+        int told = 0;
+    } painter;
     Container form("Form");
     TextBox box(form, "Name", {});
-    Painter painter;
-    box.SetText("before anybody watches");
-    box.SelectAll();
     box.Watch(&painter);
     const struct {
         const char* what;
         std::function<void()> step;
         int told;
     } kSteps[] = {
-        {"the selection goes back to the start", [&] { box.SetText(box.Text()); }, 1},
+        {"a change", [&] { box.SetVisible(false); }, 1},
         {"it has not looked yet", [&] { box.SetEnabled(false); }, 0},
         {"nothing has changed", [&] { box.Looked(), box.SetEnabled(false); }, 0},
-        {"another change", [&] { box.SetVisible(false); }, 1},
+        {"the selection goes back to the start", [&] { box.SetText(box.Text()); }, 1},
         {"it has gone", [&] { box.Watch(nullptr), box.SetText("x"); }, 0},
     };
     for (const auto& step : kSteps) {
@@ -111,17 +85,14 @@ TEST(Control, APainterIsToldOnceUntilItLooks) {
 
 TEST(Control, TheFocusGoesToWhatCanTakeItAndTellsOnce) {
     Container form("Form");
-    TextBox name(form, "Name", {}), password(form, "Password", {});
+    TextBox name(form, "Name", {}), hidden(form, "Hidden", {}), disabled(form, "Disabled", {});
     int told = 0;
     name.GotFocus = [&] { ++told; };
+    hidden.SetVisible(false);
+    disabled.SetEnabled(false);
     EXPECT_TRUE(name.SetFocus());
-    EXPECT_TRUE(name.SetFocus());
+    for (TextBox* box : {&name, &hidden, &disabled}) EXPECT_EQ(box->SetFocus(), box == &name);
     EXPECT_EQ(told, 1);
-    password.SetVisible(false);
-    EXPECT_FALSE(password.SetFocus());
-    password.SetVisible(true);
-    password.SetEnabled(false);
-    EXPECT_FALSE(password.SetFocus());
     EXPECT_TRUE(name.HasFocus());
 }
 
