@@ -2,7 +2,6 @@
 #include "support/played_client.h"
 
 #include "lobby/text_colour.h"
-#include "session/wire/codec.h"
 
 namespace ombrin::test {
 
@@ -19,10 +18,14 @@ struct InLobby : PlayedClient, testing::Test {
     }
 };
 
+/// From the start to the list of the lobbies, which the server has not sent yet.
 struct BeforeLobby : PlayedClient, testing::Test {
     void LogsOnBefore(const std::string& displayed) {
         HasChosen(displayed);
         Shows();
+        LogsOnAnew();
+    }
+    void LogsOnAnew() {
         Connects();
         Accepts();
         Heard();
@@ -50,53 +53,30 @@ TEST_F(BeforeLobby, TheFirstRunChoosesTheLobbiesAndThereIsNoWayOutWithoutAChoice
     EXPECT_EQ(world.Told("sound"), Rows{"EnterLobby2"});
 }
 
-TEST(FirstChoice, IsMadeFromTheListThatCameLastAlsoAfterANewLogonUnderIt) {
-    for (const bool logsOnAnew : {false, true}) {
-        SCOPED_TRACE(logsOnAnew);
-        PlayedClient ann;
-        const auto connects = [&] {
-            ann.Connects();
-            ann.Accepts();
-            ann.Heard();
-        };
-        ann.HasChosen("");
-        ann.Shows();
-        connects();
-        ann.Sends("45:10.0.0.5;~22:Chess,3;Go,12;~");
-        if (logsOnAnew) {
-            ann.Do([&] { ann.client.CloseSocket(); });
-            connects();
-        }
-        ann.Sends("45:10.0.0.5;~22:Go,5;Quake,1;~");
-        EXPECT_EQ(ann.Top(), "LobbyFilter");
-        EXPECT_EQ(PlayedClient::Texts(ann.forms.LobbyFilter.GameList.rows), (Rows{"Go", "Quake"}));
-        ann.Selects(ann.forms.LobbyFilter.GameList, 0);
-        ann.Presses(ann.forms.LobbyFilter.OK);
-        EXPECT_EQ(ann.Top(), "");
-        EXPECT_EQ(ann.Heard(), "Ombrin:2:ann;Go;10.0.0.5;;:~");
-        EXPECT_EQ(ann.Heard(), logsOnAnew ? "" : "Ombrin:2:ann;Go;10.0.0.5;;:~") << "each list has its answer";
-        EXPECT_EQ(PlayedClient::Texts(ann.view.lbLobbies.rows), Rows{logsOnAnew ? "Go : 5" : "Go : 12"});
-    }
+TEST_F(BeforeLobby, TheFirstChoiceIsMadeFromTheListThatCameLastAlsoAfterANewLogonUnderIt) {
+    LogsOnBefore("");
+    Sends("45:10.0.0.5;~22:Chess,3;Go,12;~22:Go,4;~");
+    Do([&] { client.CloseSocket(); });
+    LogsOnAnew();
+    Sends("45:10.0.0.5;~22:Go,5;Quake,1;~");
+    EXPECT_EQ(Top(), "LobbyFilter");
+    EXPECT_EQ(Texts(forms.LobbyFilter.GameList.rows), (Rows{"Go", "Quake"}));
+    Selects(forms.LobbyFilter.GameList, 0);
+    Presses(forms.LobbyFilter.OK);
+    EXPECT_EQ(Heard(), "Ombrin:2:ann;Go;10.0.0.5;;:~");
+    EXPECT_EQ(Heard(), "") << "the lists of the old connection have no answer";
+    EXPECT_EQ(Texts(view.lbLobbies.rows), Rows{"Go : 5"});
 }
 
 TEST_F(BeforeLobby, AFilterShowsExactNamesInTheServersOrderAndAnUnclosedItemIsNotSeen) {
-    const struct {
-        const char* displayed;
-        Rows rows;
-    } kCases[] = {
-        {"Go;", {"Go : 1"}},
-        {"go;", {"go : 3"}},
-        {"Half Life;Go;", {"Go : 1", "Half Life : 4"}},
-        {"Half Life;Go", {"Half Life : 4"}},
-    };
-    for (const auto& row : kCases) {
-        PlayedClient other;
-        other.HasChosen(row.displayed);
-        other.Shows();
-        other.Connects();
-        other.Accepts();
-        other.Sends("22:Go,1;Goban,2;go,3;Half Life,4;~");
-        EXPECT_EQ(Texts(other.view.lbLobbies.rows), row.rows) << row.displayed;
+    LogsOnBefore("Go;");
+    const std::pair<const char*, Rows> kCases[] = {
+        {"Go;", {"Go : 1"}}, {"Half Life;go;", {"go : 3", "Half Life : 4"}}, {"Half Life;Go", {"Half Life : 4"}}};
+    for (const auto& [displayed, rows] : kCases) {
+        HasChosen(displayed);
+        view.lbLobbies.Clear();
+        Sends("22:Go,1;Goban,2;go,3;Half Life,4;~");
+        EXPECT_EQ(Texts(view.lbLobbies.rows), rows) << displayed;
     }
 }
 
@@ -115,7 +95,6 @@ TEST_F(BeforeLobby, ARefusedPasswordAsksForLobbyAndPasswordUntilTheServerIsConte
     Heard();
     Sends("46:Go,1;Half Life,2;~");
     ExeMainLobby& dialog = forms.ExeMainLobby;
-    EXPECT_EQ(Top(), "ExeMainLobby");
     EXPECT_EQ(dialog.StatusBar.Text(), "Invalid lobby password");
     EXPECT_TRUE(dialog.Password.HasFocus());
     Selects(dialog.ExeGameList, 1);
@@ -128,9 +107,7 @@ TEST_F(BeforeLobby, ARefusedPasswordAsksForLobbyAndPasswordUntilTheServerIsConte
     Types(dialog.Password, "wrong");
     DoubleClicks(dialog.ExeGameList, 1);
     EXPECT_EQ(Heard(), "Ombrin:2:ann;Half Life;10.0.0.5;;:~") << "the click of a double click empties the box";
-    EXPECT_EQ(Top(), "Connection");
     Sends("46:Half Life,3;~");
-    EXPECT_EQ(Top(), "ExeMainLobby");
     EXPECT_EQ(Texts(dialog.ExeGameList.rows), Rows{"Half Life : 3"});
     Ticks(dialog.RememberPasswords, true);
     Types(dialog.Password, "sesame");
@@ -142,60 +119,46 @@ TEST_F(BeforeLobby, ARefusedPasswordAsksForLobbyAndPasswordUntilTheServerIsConte
     EXPECT_EQ(dialog.Password.Text(), "sesame") << "remembered";
     Presses(dialog.ExeGameSelect);
     Sends("0:ann;1;~");
-    EXPECT_EQ(Top(), "");
     EXPECT_TRUE(view.Enabled());
     EXPECT_EQ(Texts(view.lbLobbies.rows), Rows{"Go : 1"}) << "a refusal clears nothing";
 }
 
 TEST_F(InLobby, CountsFollowWhoComesAndGoes) {
-    const struct {
-        const char* message;
-        Rows rows;
-    } kCases[] = {
+    const std::pair<const char*, Rows> kCases[] = {
         {"48:dan;Go;~", {"Go : 2", "Chess : 2"}},       {"49:dan;Go;0;~", {"Go : 1", "Chess : 2"}},
         {"49:dan;Go;1;~", {"Go : 0", "Chess : 2"}},     {"49:eve;Go;1;~", {"Go : -1", "Chess : 2"}},
         {"48:dan; Chess ;~", {"Go : -1", "Chess : 3"}}, {"48:dan;go;~48:dan;G;~", {"Go : -1", "Chess : 3"}},
         {"48:;Go;~", {"Go : -1", "Chess : 3"}},
     };
     Selects(view.lbLobbies, 1);
-    for (const auto& row : kCases) {
-        Sends(row.message);
-        EXPECT_EQ(Texts(view.lbLobbies.rows), row.rows) << row.message;
+    for (const auto& [message, rows] : kCases) {
+        Sends(message);
+        EXPECT_EQ(Texts(view.lbLobbies.rows), rows) << message;
     }
     EXPECT_EQ(view.lbLobbies.SelectedText(), "Chess : 3") << "the selection stays";
-    EXPECT_EQ(Top(), "");
-}
-
-TEST_F(InLobby, ACountAtTheEndOfItsRangeIsReportedAndStays) {
     view.lbLobbies.rows.SetText(view.lbLobbies.rows.At(0), "Go : 32767");
     Sends("48:dan;Go;~");
     EXPECT_TRUE(BoxText().starts_with("Error: occured in module UpdateLobbyUserCount().  Error number: 6,"));
-    EXPECT_EQ(view.lbLobbies.SelectedText(), "Go : 32767");
+    EXPECT_EQ(Texts(view.lbLobbies.rows).front(), "Go : 32767") << "a count at the end of its range stays";
     Answers(BoxResult::Ok);
 }
 
 TEST_F(InLobby, AMoveEmptiesTheViewsAndEntersTheSelectedLobby) {
     Sends("1:bob:hello:;~");
-    for (const bool byMenu : {false, true}) {
-        const long row = byMenu ? 0 : 1;
-        if (byMenu)
-            Chooses(view.lbLobbies, row, view.EnterLobby);
-        else
-            DoubleClicks(view.lbLobbies, row);
-        EXPECT_EQ(Heard(), byMenu ? "Ombrin:12:ann;Chess;10.0.0.5;:~" : "Ombrin:12:ann;Go;10.0.0.5;:~");
-        EXPECT_FALSE(view.Enabled() || view.CleanUpTimer.On());
-        EXPECT_EQ(view.UserList.rows.Count(), 0u);
-        EXPECT_TRUE(Chat().empty());
-        EXPECT_EQ(view.lbAllUsers.rows.Count(), 3u) << "the service's users stay";
-        Sends("22:Go,9;Chess,9;~");
-        EXPECT_EQ(Heard(), byMenu ? "Ombrin:2:ann;Go;10.0.0.5;;:~" : "Ombrin:2:ann;Chess;10.0.0.5;;:~");
-        Sends("0:ann;1;~");
-        Heard();
-        EXPECT_EQ(Texts(view.lbLobbies.rows), (Rows{"Go : 1", "Chess : 2"})) << "the list is filled once";
-    }
-    DoubleClicks(view.lbLobbies, 0);
-    EXPECT_EQ(Heard(), "");
-    EXPECT_NE(world.LogText().find("trying to enter lobby Go currently in this lobby, ignored."), std::string::npos);
+    DoubleClicks(view.lbLobbies, 1);
+    EXPECT_EQ(Heard(), "Ombrin:12:ann;Go;10.0.0.5;:~");
+    EXPECT_FALSE(view.Enabled() || view.CleanUpTimer.On());
+    EXPECT_EQ(view.UserList.rows.Count() + Chat().size(), 0u);
+    EXPECT_EQ(view.lbAllUsers.rows.Count(), 3u) << "the service's users stay";
+    Sends("22:Go,9;Chess,9;~");
+    EXPECT_EQ(Heard(), "Ombrin:2:ann;Chess;10.0.0.5;;:~");
+    EXPECT_EQ(Texts(view.lbLobbies.rows), (Rows{"Go : 1", "Chess : 2"})) << "the list is filled once";
+    Sends("0:ann;1;~");
+    Heard();
+    DoubleClicks(view.lbLobbies, 1);
+    EXPECT_EQ(Heard(), "") << "he is in this lobby";
+    Chooses(view.lbLobbies, 0, view.EnterLobby);
+    EXPECT_EQ(Heard(), "Ombrin:12:ann;Chess;10.0.0.5;:~");
 }
 
 TEST_F(InLobby, ALobbySetByTheServerChangesRecordAndCaptionAlone) {
@@ -213,13 +176,10 @@ TEST_F(InLobby, UsersComeWithTheirStatusAndASoundForOthers) {
     EXPECT_EQ(Heard(), "Ombrin:19:ann:~");
     EXPECT_EQ(Image("dan"), 3);
     EXPECT_EQ(Image("eve"), 0);
-    const struct {
-        const char* status;
-        int image;
-    } kChanges[] = {{"1", 1}, {"2", 2}, {"3", 3}, {"5", 2}, {"9", 2}, {"", 2}, {"1", 1}};
-    for (const auto& row : kChanges) {
-        Sends(std::string("13:") + row.status + ":bob;Arena;;3:nobody;;;~");
-        EXPECT_EQ(Image("bob"), row.image) << "status " << row.status;
+    using Change = std::pair<std::string, int>;
+    for (const auto& [status, image] : {Change("3", 3), {"2", 2}, {"5", 2}, {"9", 2}, {"", 2}, {"1", 1}}) {
+        Sends("13:" + status + ":bob;Arena;;3:nobody;;;~");
+        EXPECT_EQ(Image("bob"), image) << "status " << status;
     }
     Sends("15:ann;~15:nobody;~15:;~");
     EXPECT_EQ(Texts(view.UserList.rows), (Rows{"bob", "cid", "dan", "eve", "ann"})) << "the first of two rows goes";
@@ -233,26 +193,21 @@ TEST_F(InLobby, EverybodyOnTheServiceIsKeptInOrder) {
 }
 
 TEST_F(InLobby, ChatGoesOutEncodedAndIsShownAsTyped) {
-    for (const char* text : {"hi", "a:b;c~d", ":;~", "no end:"}) {
-        Types(view.MainText, text);
-        if (text[0] == 'h')
-            Presses(view.SendMain);
-        else
-            EXPECT_EQ(Key(view.MainText, UserInput::kEnter), 0);
-        EXPECT_EQ(Heard(), "Ombrin:3:ann;Go;10.0.0.5;" + EncodeData(text) + ";:~");
-        EXPECT_EQ(Chat().back(), std::string("ann: ") + text);
-        Sends("1:bob:" + EncodeData(text) + ":;ann:echo:;~");
-        EXPECT_EQ(Chat().back(), std::string("bob: ") + text) << "the echo of the own line is dropped";
-        EXPECT_EQ(view.MainText.Text(), "");
-    }
+    Types(view.MainText, "a:b;c~d");
+    Presses(view.SendMain);
+    EXPECT_EQ(Heard(), "Ombrin:3:ann;Go;10.0.0.5;a%*|@b^}|#c`@/<d;:~");
+    Types(view.MainText, "hi");
+    EXPECT_EQ(Key(view.MainText, UserInput::kEnter), 0);
+    Sends("1:bob:a%*|@b^}|#c`@/<d:;ann:echo:;~");
+    EXPECT_EQ(Chat(), (Rows{"ann: a:b;c~d", "ann: hi", "bob: a:b;c~d"})) << "the echo of the own line is dropped";
     EXPECT_EQ(Key(view.MainText, UserInput::kEnter), UserInput::kEnter) << "an empty box lets the key through";
+    EXPECT_EQ(Heard(), "Ombrin:3:ann;Go;10.0.0.5;hi;:~");
     EXPECT_EQ(Heard(), "");
 }
 
 TEST_F(InLobby, AChatViewKeepsNinetyNineLinesWithTheirHeights) {
     FlexGrid& grid = view.msflxMainChatLines;
     Sends("1:bob:0:;~");
-    EXPECT_EQ(grid.Rows(), 2);
     EXPECT_EQ(grid.RowHeight(1), 248) << "one line of 16 pixels, and 8 twips";
     // 3600 twips are 240 pixels, thirty characters.
     Sends("1:bob:" + std::string(30, 'a') + " " + std::string(30, 'b') + " c:;~");
@@ -272,8 +227,7 @@ TEST_F(InLobby, AChatViewKeepsNinetyNineLinesWithTheirHeights) {
 }
 
 TEST(ChatSounds, SoundOnlyWhenTheSettingIsOneAtTheStart) {
-    for (const auto& [setting, sounds] :
-         {std::pair("1", 3u), std::pair("0", 0u), std::pair("", 0u), std::pair("true", 0u)}) {
+    for (const auto& [setting, sounds] : {std::pair("1", 3u), std::pair("", 0u), std::pair("true", 0u)}) {
         PlayedClient client;
         client.client.Store().SaveSetting("Settings", "EnableChatLineSounds", setting);
         client.LogsOn();
@@ -291,9 +245,7 @@ TEST_F(InLobby, AnIgnoredUserIsPaintedAndHisLinesDoNotShow) {
     EXPECT_EQ(Chat(), Rows{"cid: seen"});
     Chooses(view.UserList, 0, view.IgnoreUser);
     EXPECT_EQ(ColourOf("ann"), std::nullopt) << "nobody ignores himself";
-    Chooses(view.UserList, 1, view.IgnoreUser);
-    EXPECT_EQ(Top(), "") << "a second time is passed over";
-
+    Chooses(view.UserList, 1, view.IgnoreUser); // a second time, which is passed over
     DoubleClicks(view.lbLobbies, 1);
     Sends("22:Go,1;~0:ann;1;bob;1;~");
     EXPECT_EQ(ColourOf("bob"), kIgnoredColour) << "also after a change of lobby";
@@ -311,19 +263,18 @@ TEST_F(InLobby, TheMenuOnAnEmptyListReportsInsteadOfGoingWrong) {
     Answers(BoxResult::Ok);
 }
 
-TEST(TextColours, PaintListsAndChatsAndABadSettingIsReported) {
-    PlayedClient client;
-    client.client.Store().SaveSetting("Settings", "TextColor", "255");
-    client.LogsOn();
-    EXPECT_EQ(client.view.UserList.ForeColour(), 255);
-    EXPECT_EQ(client.view.MainText.ForeColour(), 255);
-    PlayedClient other;
-    other.HasChosen();
-    other.client.Store().SaveSetting("Settings", "TextColor", "green");
-    other.Shows();
-    EXPECT_TRUE(other.BoxText().starts_with("Error: occured in module SetTextColor().  Error number: 13,"));
-    other.Answers(BoxResult::Ok);
-    EXPECT_EQ(other.Top(), "UsrNmPwIP") << "the start goes on";
+TEST_F(BeforeLobby, ATextColourPaintsListsAndChatsAndABadOneIsReported) {
+    for (const char* colour : {"255", "green"}) {
+        client.Store().SaveSetting("Settings", "TextColor", colour);
+        HasChosen();
+        Shows();
+        if (Top() == "UsrNmPwIP") Presses(forms.UsrNmPwIP.CloseButton);
+    }
+    EXPECT_EQ(view.UserList.ForeColour(), 255);
+    EXPECT_EQ(view.MainText.ForeColour(), 255);
+    EXPECT_TRUE(BoxText().starts_with("Error: occured in module SetTextColor().  Error number: 13,"));
+    Answers(BoxResult::Ok);
+    EXPECT_EQ(Top(), "UsrNmPwIP") << "the start goes on";
 }
 
 } // namespace ombrin::test
