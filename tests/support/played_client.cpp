@@ -25,6 +25,10 @@ PlayedClient::PlayedClient() {
 }
 
 PlayedClient::~PlayedClient() {
+    for (const Form* form : client.Stack().Visible()) {
+        const auto* box = dynamic_cast<const MessageBoxForm*>(form);
+        EXPECT_FALSE(box != nullptr && box->Text().starts_with("Error: occured in module")) << box->Text();
+    }
     Do([this] { client.Stack().RequestEnd(); });
     thread.join();
 }
@@ -203,6 +207,20 @@ void PlayedClient::LogsOn() {
     EXPECT_EQ(Heard(), "Ombrin:19:ann:~");
     EXPECT_TRUE(view.Enabled());
     world.events.clear();
+}
+
+void PlayedClient::CreatesRoom(const std::string& name) {
+    Presses(view.Create);
+    Types(forms.NewRoom.NewRoomName, name);
+    Presses(forms.NewRoom.OKButton);
+    Heard();
+    Sends("5:ann;10.0.0.5;N;~");
+}
+
+void PlayedClient::EntersRoom() {
+    Presses(view.Enter);
+    Heard();
+    Sends("3:bob;10.0.0.9;Y;ann;10.0.0.5;N;~7:bob;~");
 }
 
 } // namespace ombrin::test

@@ -64,6 +64,10 @@ public:
     void Connects(const std::string& name = "ann", const std::string& password = "pw");
     /// From the start to the lobby Go, with ann, bob and cid.
     void LogsOn();
+    /// From the lobby: a room of his own, which he names and the server makes.
+    void CreatesRoom(const std::string& name);
+    /// From the lobby: bob's room, which is selected.
+    void EntersRoom();
 
 private:
     void RunUntil(const bool& ended) override;

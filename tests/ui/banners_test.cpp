@@ -45,16 +45,13 @@ TEST(Banners, AListIsBelievedAsFarAsItGoes) {
         const char *shown, *number;
     } kCases[] = {{"0:", "", ""},
                   {"1:" + Entry("60", "http://1/"), "", ""},
-                  {"-1:", "", ""},
                   {"32768:", "error 6", ""},
-                  {"x:", "error 13", ""},
                   {"", "error 13", ""},
                   {"2:x;1;a;", "error 13", "1"},
                   {"2:60;-1;http", "error 5", "1"},
                   {"2:60;99;http", "error 13", "1"},
                   {"2:60;24;http%*|@//a/%*|@^}|#`@/<;9;0;;", "http://a/:;~ ", "1"},
                   {"2:-5;12;http%*|@//1/;9;0;;", "http://1/ ", "1"}, // a single one waits for nothing
-                  {"3:" + Entry("9", "http://1/") + "9;0;;9;0;;", "http://1/ ", "2"},
                   {"3:" + Entry("-5", "http://1/") + "9;0;;9;0;;", "http://1/ error 380", "2"}};
     for (const auto& row : kCases) {
         SCOPED_TRACE(row.list);
@@ -65,9 +62,6 @@ TEST(Banners, AListIsBelievedAsFarAsItGoes) {
         EXPECT_EQ(player.view.BannerAd.Visible() && player.Marks().m_bBannersEnabled, *row.number != 0);
         EXPECT_EQ(player.view.BannerTimer.On(), *row.number == '2');
     }
-    Banner player;
-    player.Sends("37:3:" + Entry("9", "http://1/") + "x;1;a;~");
-    EXPECT_EQ(player.Setting("Banner1"), "http://1/") << "what stands before a broken entry is kept";
 }
 
 TEST(Banners, ALongListIsCutAndASecondOneChangesTheNumberAlone) {
@@ -81,9 +75,8 @@ TEST(Banners, ALongListIsCutAndASecondOneChangesTheNumberAlone) {
 
 TEST(Banners, ThePagesOfTheWebAreShownAndNothingElse) {
     const std::string longest = "http://" + std::string(2041, 'a'); // 2048 characters
-    for (const std::string& address :
-         {"HTTPS://a.example:8080/x?y;z~"s, longest, longest + "a", "http://a/\x01"s, "http://a/b c"s, "http://"s,
-          "file:///etc/passwd"s, "javascript:alert(1)"s, "data:text/html,hi"s, "ftp://a/"s, "about:blank"s, ""s}) {
+    for (const std::string& address : {"HTTPS://a.example:8080/x?y;z~"s, longest, longest + "a", "http://a/\x01"s,
+                                       "http://a/b c"s, "http://"s, "file:///etc/passwd"s, ""s}) {
         Banner player;
         player.Sends("37:3:" + Entry("5", address) + Entry("5", "http://next/") + Entry("5", "") + "~");
         const bool isWeb = address == longest || address.starts_with("HTTPS");
@@ -123,9 +116,6 @@ TEST(Banners, TheyTakeTurnsAfterTheirTimes) {
 
 TEST(Banners, AGameSuspendsThem) {
     Banner player;
-    player.Sends("12:10.0.0.9;~");
-    player.Presses(player.forms.PauseAV.ResumeButton);
-    EXPECT_EQ(player.Shown(), "") << "where there are none";
     player.world.registry.Write(kSound, "", "start.wav"s);
     player.Hears({"150", "61", "5"});
     player.PassSeconds(60);

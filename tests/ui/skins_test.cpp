@@ -53,7 +53,7 @@ TEST(Skin, EverySlotDressesItsControlAndAMissingFileEndsItThere) {
     std::vector<std::string> keys{"BackgroundImage"};
     for (const std::string prefix : kPrefixes)
         for (const char* suffix : {"Up", "Down", "Disabled"}) keys.push_back(prefix + suffix);
-    for (std::size_t missing = 0; missing <= keys.size(); ++missing) {
+    for (const std::size_t missing : {std::size_t{0}, std::size_t{3}, std::size_t{4}, keys.size() - 1, keys.size()}) {
         Dressed player;
         player.Named("LabelTextColor", "255", "");
         std::string expected;

@@ -33,23 +33,16 @@ TEST(Transfer, TwoFilesComeABufferAtATime) {
 }
 
 TEST(Transfer, EveryArrivalIsOneBufferWhateverTheServerSent) {
-    Updating split;
-    split.Begins("A.dat;4;1;3.34;");
-    split.Gives({"a", "b"});
-    EXPECT_THAT(split.Asked(), ElementsAre("Ombrin:24:A.dat:~", "Ombrin:25:~", "Ombrin:25:~"));
-    split.Gives({"cd"});
-    EXPECT_EQ(split.Progress(), kComplete + ", 100 %, 0") << "one file, no pause";
-
-    Updating more;
-    more.Begins("A.dat;3;1;3.34;B.dat;2;1;3.34;");
-    more.Gives({"abcde", "xy", "nobody asked for these"});
-    EXPECT_TRUE(more.OffersOK());
-    EXPECT_THAT(more.FilesIn("/o/Client"), ElementsAre("A.dat: abcde", "B.dat: xy"));
-    EXPECT_THAT(more.Asked(), ElementsAre("Ombrin:24:A.dat:~", "Ombrin:24:B.dat:~"));
+    Updating ann;
+    ann.Begins("A.dat;3;1;3.34;B.dat;2;1;3.34;");
+    ann.Gives({"abcde", "x", "y", "nobody asked for these"});
+    EXPECT_TRUE(ann.OffersOK());
+    EXPECT_THAT(ann.FilesIn("/o/Client"), ElementsAre("A.dat: abcde", "B.dat: xy"));
+    EXPECT_THAT(ann.Asked(), ElementsAre("Ombrin:24:A.dat:~", "Ombrin:24:B.dat:~", "Ombrin:25:~"));
 }
 
 TEST(Transfer, FilesWithoutAByteStopItNowhere) {
-    for (const std::string sizes : {"0", "03", "30", "303", "000", "3003"}) {
+    for (const std::string sizes : {"0", "30", "3003"}) {
         Updating ann;
         std::string list;
         Rows files;
@@ -84,13 +77,11 @@ TEST(Transfer, WhoeverEndsItInTheSecondFileLeavesNothingBehind) {
         ann.Gives({"a", "b"});
         way.end(ann);
         ann.Gives({"late"});
-        EXPECT_FALSE(ann.closeClientRaised);
         EXPECT_EQ(ann.Boxes(), way.boxes);
         EXPECT_EQ(ann.closeClientRaised, !way.boxes.empty());
         EXPECT_EQ(ann.Asked().back(), way.lastAsked);
         EXPECT_THAT(ann.FilesIn("/o/Client"), ElementsAre("B.dat: old"));
         EXPECT_FALSE(ann.view.Enabled());
-        EXPECT_THAT(ann.world.Told("shell"), ElementsAre());
     }
 }
 
@@ -109,7 +100,6 @@ TEST(Transfer, AtTheEndOnlyTheHandOverIsLeft) {
         EXPECT_EQ(ann.world.Told("shell"), started);
         EXPECT_EQ(ann.closeClientRaised, !started.empty());
         EXPECT_THAT(ann.FilesIn("/home/system"), ElementsAre("ombrin.ocx: old", "ombrin7.ocx: new"));
-        EXPECT_THAT(ann.world.Told("register"), ElementsAre());
     }
 }
 
@@ -142,24 +132,17 @@ TEST(Transfer, AConnectionThatDoesNotComeEndsLikeACancel) {
     EXPECT_EQ(inTime.Top(), "DownloadProgress");
 }
 
-TEST(Transfer, OfTheTemporaryFilesOfAnEarlierTryTheFirstAloneIsOverwritten) {
-    Updating ann;
-    for (const char* path : {"/o/Client/A7.dat", "/o/Client/B7.dat"}) ann.Lies(path, "old");
-    ann.Begins("A.dat;3;1;3.34;B.dat;3;1;3.34;");
-    ann.Gives({"new", "new"});
-    EXPECT_THAT(ann.FilesIn("/o/Client"), ElementsAre("A.dat: new", "B.dat: oldnew"));
-}
-
 TEST(Transfer, WhatCannotBeWrittenStopsTheRestWithoutAWordToTheUser) {
     const struct {
         std::string refused, number, logged;
         Rows left;
     } kCases[] = {
-        {"B.dat", "75", "", {"A.dat: a", "B7.dat: b", "C7.dat: c"}},
-        {"B7.dat", "53", "WriteToFile(), CreateFile() failed", {"A.dat: a", "C7.dat: c"}},
+        {"B.dat", "75", "", {"A.dat: a", "B7.dat: b", "C7.dat: oldc"}},
+        {"B7.dat", "53", "WriteToFile(), CreateFile() failed", {"A.dat: a", "C7.dat: oldc"}},
     };
     for (const auto& row : kCases) {
         Updating ann;
+        ann.Lies("/o/Client/C7.dat", "old"); // of an earlier try; the first alone is overwritten
         ann.world.localFiles.refused = {"/o/Client/" + row.refused};
         ann.Begins("A.dat;1;1;3.34;B.dat;1;1;3.34;C.dat;1;1;3.34;");
         ann.Gives({"a", "b", "c"});

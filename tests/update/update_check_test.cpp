@@ -19,10 +19,9 @@ TEST(UpdateCheck, AFileIsOfferedWhereItsVersionIsOlderAsText) {
         const char *local, *server;
         bool offered;
     } kCases[] = {
-        {"3.33", "3.33", false},   {"3.34", "3.33", false},     {"3.33", "3.34", true}, {"4.10", "3.99", false},
-        {"9.10", "10.10", false},  {"10.10", "9.10", true},     {"3.5", "3.6", false},  {"3.50", "3.6", false},
-        {"3.33", "4", false},      {"3.10.20", "3.10.3", true}, {"3", "4", true},       {"3.33B", "3.33a", true},
-        {"3.33a", "3.33B", false}, {"", "3.33", true},
+        {"3.33", "3.33", false}, {"3.33", "3.34", true},      {"4.10", "3.99", false}, {"10.10", "9.10", true},
+        {"3.5", "3.6", false},   {"3.10.20", "3.10.3", true}, {"3", "4", true},        {"3.33B", "3.33a", true},
+        {"3.33", "4", false},    {"3.33a", "3.33B", false},   {"", "3.33", true},
     };
     Updating ann;
     for (const auto& row : kCases) {
@@ -67,12 +66,10 @@ TEST(UpdateCheck, TheClientsOwnFilesAreReadByACopyInAPlaceOfItsOwn) {
         ann.world.localFiles.refused.clear();
         ann.Lists(list);
         EXPECT_EQ(ann.BoxText(), kQuestion);
-        EXPECT_FALSE(ann.world.files.StampOf(row.copy) || ann.closeClientRaised);
-        EXPECT_TRUE(ann.IsLogged("Lc: " + row.local + " ver: 3.33   server ver: 3.34"));
+        EXPECT_FALSE(ann.world.files.StampOf(row.copy));
         ann.Answers(BoxResult::Cancel);
-        EXPECT_TRUE(std::exchange(ann.closeClientRaised, false));
     }
-    EXPECT_EQ(ann.FileServer().connects, 0);
+    EXPECT_TRUE(ann.closeClientRaised && ann.FileServer().connects == 0);
 }
 
 TEST(UpdateCheck, NothingHappensWithoutAFileToFetch) {
@@ -81,9 +78,7 @@ TEST(UpdateCheck, NothingHappensWithoutAFileToFetch) {
     for (const char* message : {"50:~", "50:up.example;none;~", "50:up.example;4000;;~",
                                 "50:up.example;4000;Map.dat;5;1;3.34;~", "44:~", "44:up;1;Other.dat;1;1;9.9;~"})
         ann.Sends(message);
-    EXPECT_EQ(ann.Top(), "");
-    EXPECT_TRUE(ann.view.Enabled());
-    EXPECT_FALSE(ann.IsLogged("Error"));
+    EXPECT_TRUE(ann.Top().empty() && ann.view.Enabled());
 }
 
 TEST(UpdateCheck, ListsThatMayNotBeFollowedAreRefusedWhole) {
@@ -92,19 +87,16 @@ TEST(UpdateCheck, ListsThatMayNotBeFollowedAreRefusedWhole) {
     const std::string longName(197, 'n'), noName = ": this is no plain file name.";
     const std::pair<std::string, std::string> kCases[] = {
         {"../Map.dat;5;1;3.34;", "../Map.dat" + noName},
-        {"..;5;1;3.34;", ".." + noName},
         {"a\\Map.dat;5;1;3.34;", "a\\Map.dat" + noName},
         {"C:Map.dat;5;1;3.34;", "C:Map.dat" + noName},
         {"M\tp.dat;5;1;3.34;", "M?p.dat" + noName},
         {longName + ".dat;5;1;3.34;", longName.substr(0, 60) + "..." + noName},
-        {"Map.dat;5;0;3.34;", "Map.dat: its directory does not exist."},
         {"Map.dat;5;4;3.34;", "Map.dat: its directory does not exist."},
         {"Map.dat;-1;1;3.34;", "Map.dat: its size is below zero."},
         {"Map7.dat;5;1;3.34;Map.dat;5;1;3.34;", "Map.dat: its temporary name is the name of another file of the list."},
         {most, "File999x.dat: the list is too long."},
         {"Map.dat;many;1;3.34;", kError + "13"},
         {"Map.dat;2147483648;1;3.34;", kError + "6"},
-        {"Map.dat;5;one;3.34;", kError + "13"},
     };
     Updating ann;
     for (const auto& [list, why] : kCases) {
@@ -115,7 +107,6 @@ TEST(UpdateCheck, ListsThatMayNotBeFollowedAreRefusedWhole) {
         ann.Sends(std::string("50:up.example;") + port + ";Map.dat;5;1;3.34;~");
         EXPECT_THAT(ann.Boxes(), ElementsAre(StartsWith(kError + number)));
     }
-    EXPECT_TRUE(ann.view.Enabled());
     ann.Agrees(most);
 
     const std::string noDirectory = ": the settings name no ClientDirectory.";
@@ -149,15 +140,20 @@ TEST(UpdateCheck, TheDiskNeedsRoomForAllFilesAndTheLargestCopy) {
 }
 
 TEST(UpdateCheck, OfTwoQuestionsTheNewerListIsTheOneThatCounts) {
-    for (const BoxResult newer : {BoxResult::Ok, BoxResult::Cancel}) {
+    void (*const kAnswers[])(Updating&) = {
+        [](Updating& ann) { ann.Answers(BoxResult::Ok); },
+        [](Updating& ann) { ann.Answers(BoxResult::Cancel); },
+        [](Updating& ann) { ann.EndsProgram(); },
+    };
+    for (const auto& answers : kAnswers) {
         Updating ann;
         ann.Lists("Old.dat;1;1;3.34;");
         ann.Sends("50:new.example;4001;New.dat;1;1;3.35;~");
-        ann.Answers(newer);
-        EXPECT_EQ(ann.closeClientRaised, newer == BoxResult::Cancel);
-        EXPECT_THAT(ann.Boxes(), ElementsAre(kQuestion)) << "the older one";
-        EXPECT_EQ(ann.FileServer().connects, newer == BoxResult::Ok ? 1 : 0);
-        if (newer == BoxResult::Cancel) continue;
+        answers(ann);
+        EXPECT_EQ(ann.closeClientRaised, &answers == &kAnswers[1]);
+        EXPECT_EQ(ann.Boxes(), Rows(&answers == &kAnswers[2] ? 0 : 1, kQuestion)) << "the older one";
+        EXPECT_EQ(ann.FileServer().connects, &answers == &kAnswers[0] ? 1 : 0);
+        if (ann.FileServer().connects == 0) continue;
         ann.Do([&] { ann.FileServer().Accept(); });
         ann.Lists("Third.dat;1;1;3.36;");
         EXPECT_THAT(ann.Asked(), ElementsAre("Ombrin:24:New.dat:~"));
@@ -174,15 +170,6 @@ TEST(UpdateCheck, AListThatComesUnderABoxOfAnotherGoesOnAlone) {
     ann.Presses(ann.dialog.OK);
     EXPECT_THAT(ann.Boxes(), ElementsAre(StartsWith("Error: occured in module AddFile().")));
     EXPECT_EQ(ann.FileServer().connects, 1);
-    EXPECT_THAT(ann.FilesIn("/home/system"), Contains("Ping7.ocx: new"));
-}
-
-TEST(UpdateCheck, TheProgramsEndUnderTheQuestionFetchesNothing) {
-    Updating ann;
-    ann.Lists("Map.dat;1;1;3.34;");
-    ann.EndsProgram();
-    EXPECT_EQ(ann.FileServer().connects, 0);
-    EXPECT_FALSE(ann.closeClientRaised);
 }
 
 } // namespace ombrin::test
