@@ -18,9 +18,8 @@ protected:
                                                   {"Languages", "Language2", "Deutsch"},
                                                   {"Deutsch", "Cancel", "Abbrechen"}})
             stage.client.Inis().Write("AVfLang.ini", section, key, value);
-        Keys(forms.ChooseLanguage.OKButton);
-        byKeys                          ? stage.Presses(Qt::Key_Tab), stage.Presses(Qt::Key_Tab),
-            stage.Presses(Qt::Key_Down) : stage.Clicks(forms.ChooseLanguage.Radio[1]);
+        Keys(forms.ChooseLanguage.Radio[0]);
+        byKeys ? stage.Presses(Qt::Key_Down) : stage.Clicks(forms.ChooseLanguage.Radio[1]);
         Confirm(forms.ChooseLanguage.OKButton);
         Sees(logon);
         Keys(logon.LogonName);

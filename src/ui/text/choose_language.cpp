@@ -14,7 +14,6 @@ ChooseLanguage::ChooseLanguage(ModalStack& stack, Localisation& language, Trap& 
     CloseBox = [this] { CancelButton_Click(); };
     OKButton.Click = [this] { OKButton_Click(); };
     CancelButton.Click = [this] { CancelButton_Click(); };
-    Default = &OKButton;
 }
 
 void ChooseLanguage::Form_Load() {
