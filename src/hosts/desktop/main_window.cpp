@@ -251,10 +251,11 @@ void MainWindow::SpeakAnew() {
 
 void MainWindow::LookAtView() {
     if (!IsCovered() && !(shownSkin == client.MainView().OBSkin.Picture())) update();
-    // A client that starts takes its view from the user, and gives it to him when he is in a lobby.
+    // A client that starts takes its view from the user, and gives it to him when he is in a lobby; with a server
+    // close by that happens between two frames.
     if (!client.MainView().Enabled())
         hasStarted = true;
-    else if (hasStarted)
+    else if (hasStarted || client.Marks().m_UserListSeen)
         cover->hide();
     SpeakAnew();
     if (client.MainView().IsDisabledForGood() && !veil->isVisible()) {
