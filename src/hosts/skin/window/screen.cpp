@@ -66,6 +66,7 @@ void ShowPreview(Wardrobe& wardrobe, const std::string& name, const PreviewOptio
 void ShowChooser(Wardrobe& wardrobe) {
     Desk desk;
     desk.Wear({});
+    desktop::Look::ShowProgramIcon();
     Chooser(wardrobe).exec();
 }
 
