@@ -115,7 +115,8 @@ class Update:
         if small_disk:
             client, folder = self.ann.process.pid, self.home / DIRECTORIES[1]
             folder.mkdir(parents=True)
-            size = (16 << 20) + sum(len(data) for code, data in self.old.values() if code == 1)
+            # With room for the copy of the client whose version is looked at.
+            size = (16 << 20) + 2 * sum(len(data) for code, data in self.old.values() if code == 1)
             subprocess.run(["nsenter", f"--target={client}", "--user", "--mount", "--preserve-credentials", "mount",
                             "-t", "tmpfs", "-o", f"size={size}", "tmpfs", folder], check=True, timeout=PATIENCE)
             self.home = pathlib.Path(f"/proc/{client}/root") / self.home.relative_to("/")
