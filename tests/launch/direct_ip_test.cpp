@@ -130,6 +130,8 @@ const Row kRows[] = {
      " -client -10.0.0.7 -Ann <ip>"},
     {"C:\\Matrix Games\\HTTR.exe", kUsual, " -port 1944", " -port 1944", nullptr, " -server  -port 1944",
      " -connect 10.0.0.7  -port 1944"},
+    {"C:\\Matrix Games\\HTTR.exe", kOwn, kMyServer, kMyClient, nullptr, " -server -s <ip> <co>",
+     " -connect 10.0.0.7 -c <name> <so>"},
     {"C:\\Warlords\\Warlords4.exe", kUnread, kMyServer, kMyClient, nullptr, " -CREATE",
      " -JOIN -IP0:10.0.0.7 PLAYERNAME:Ann <ip>"},
     {"C:\\OLD\\WARCRAFT iii.EXE", kUnread, kMyServer, kMyClient, nullptr, ""},

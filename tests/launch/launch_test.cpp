@@ -71,6 +71,7 @@ TEST_F(Player, CancelKeepsTheRecordButNotTheColourAndTheBoxes) {
     Tries([](UserInput& input) { return input.AnswerColour(0x00FFFFFF); });
     Presses(dialog.BrowseGames);
     Answers(BoxResult::Cancel);
+    EXPECT_EQ(dialog.GameFile.Text(), "/elsewhere");
     Ticks(dialog.DisplayIP, true);
     Ticks(dialog.EnableChatLineSounds, true);
     Presses(dialog.About);
@@ -90,6 +91,7 @@ TEST_F(Player, AMemberWaitsStartsTheGameAndComesBackToEmptyLists) {
     EXPECT_EQ(Top(), "PauseAV");
     EXPECT_EQ(Done(), (Rows{"clipboard 10.0.0.9", "chdir C:\\Games\\Quake 3", "sleep 10000",
                             "shell C:\\Games\\Quake 3\\quake3.exe +connect 10.0.0.9 "}));
+    EXPECT_TRUE(forms.PauseAV.Label2.Caption().starts_with("Game has been launched by room creator.  When"));
     EXPECT_FALSE(view.PingTimer.On());
     Passes(Milliseconds(4 * 60'000));
     EXPECT_EQ(Heard(), "Ombrin:28::~") << "the connection is served meanwhile";

@@ -218,9 +218,6 @@ TEST_F(Session, ASettingsFileThatCannotBeReadCostsBoxesAndNothingElse) {
     Presses(forms.LobbyFilter.OK);
     EXPECT_EQ(boxes(), 1) << "they are not kept";
     EXPECT_EQ(Texts(view.lbLobbies.rows), (std::vector<std::string>{"Go : 1", "Chess : 2"}));
-    Sends("0:ann;1;~");
-    Presses(view.btnConfigurable1);
-    EXPECT_EQ(boxes(), 2) << "what is to be opened";
 }
 
 TEST_F(Refused, ARefusedLogonIsRepeatedOverTheSameSocket) {
@@ -403,14 +400,17 @@ TEST_F(Session, StoredPropertiesReportTheirChangesAndSurviveABag) {
     bag["Enabled"] = 7; // of another kind
     other.ReadProperties(bag);
     EXPECT_EQ(std::get<std::int32_t>(*other.Get("BackColor")), 255);
-    EXPECT_EQ(std::get<bool>(*other.Get("Enabled")), false);
+    EXPECT_FALSE(std::get<bool>(*other.Get("Enabled")));
 }
 
-TEST_F(Session, OtherAnswersOfTheServer) {
+TEST_F(Session, OtherAnswersOfTheServerAndATraceWithoutThePassword) {
+    client.Store().SaveSetting("Settings", "TracingOn", "1");
     LogsOn();
+    EXPECT_NE(world.LogText().find("sent code 15, "), std::string::npos);
+    EXPECT_NE(world.LogText().find("received code 22, "), std::string::npos);
+    EXPECT_EQ(world.LogText().find("pw"), std::string::npos);
     Sends("45:192.0.2.4;~");
-    EXPECT_EQ(Marks().m_UserData, "ann;Go;192.0.2.4");
-    EXPECT_EQ(Marks().m_LocalIP, "192.0.2.4");
+    EXPECT_EQ(Marks().m_UserData + " " + Marks().m_LocalIP, "ann;Go;192.0.2.4 192.0.2.4");
     Sends("36:At: 10:30;more;~1:bob:behind:;~");
     EXPECT_EQ(BoxText(), "At: 10:30");
     EXPECT_TRUE(Chat().empty()) << "what stands behind it waits for the box";
@@ -456,14 +456,6 @@ TEST_F(Session, HeartbeatsGoOutByTheSetting) {
         }
         EXPECT_EQ(minutes, row.minutes) << "setting " << row.setting;
     }
-}
-
-TEST_F(Session, LowLevelTracingNamesTheCodesAndNoPassword) {
-    client.Store().SaveSetting("Settings", "TracingOn", "1");
-    LogsOn();
-    EXPECT_NE(world.LogText().find("sent code 15, "), std::string::npos);
-    EXPECT_NE(world.LogText().find("received code 22, "), std::string::npos);
-    EXPECT_EQ(world.LogText().find("pw"), std::string::npos);
 }
 
 } // namespace ombrin::test

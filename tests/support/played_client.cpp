@@ -84,77 +84,25 @@ Refusal PlayedClient::Tries(std::function<Refusal(UserInput&)> input) {
     return *refusal;
 }
 
-namespace {
-
-void Taken(const Refusal& refusal, const std::string& what) {
+void PlayedClient::Gives(const std::string& what, std::function<Refusal(UserInput&)> input) {
+    const Refusal refusal = Tries(std::move(input));
     EXPECT_FALSE(refusal) << what << ": " << refusal.value_or("");
 }
 
-} // namespace
-
-void PlayedClient::Shows(std::optional<std::string> userData) {
-    Do([this, userData] { client.UserControl_Show(userData); });
-}
-
-void PlayedClient::Presses(Control& control) {
-    Taken(Tries([&](UserInput& input) { return input.Click(control); }), "press " + control.Name());
-}
-
-void PlayedClient::Types(TextBox& box, const std::string& text) {
-    Taken(Tries([&](UserInput& input) { return input.Type(box, text); }), "type into " + box.Name());
-}
-
-void PlayedClient::Selects(Control& list, long row, bool on) {
-    Taken(Tries([&](UserInput& input) { return input.Select(list, row, on); }), "select in " + list.Name());
-}
-
-void PlayedClient::DoubleClicks(Control& list, long row) {
-    Taken(Tries([&](UserInput& input) { return input.DoubleClick(list, row); }), "double click in " + list.Name());
-}
-
 void PlayedClient::Chooses(Control& list, long row, MenuEntry& entry) {
-    Taken(Tries([&](UserInput& input) { return input.RightClick(list, row); }), "right click in " + list.Name());
-    Taken(Tries([&](UserInput& input) { return input.Choose(entry); }), "choose " + entry.Name());
+    Gives(list.Name(), [&](UserInput& input) { return input.RightClick(list, row); });
+    Gives(entry.Name(), [&](UserInput& input) { return input.Choose(entry); });
 }
 
 int PlayedClient::Key(Control& control, int key, int shift) {
     const auto pressed = std::make_shared<int>(key);
-    Taken(Tries([&control, pressed, shift](UserInput& input) { return input.Key(control, *pressed, shift); }),
-          "key in " + control.Name());
+    Gives(control.Name(), [&control, pressed, shift](UserInput& input) { return input.Key(control, *pressed, shift); });
     return *pressed;
-}
-
-void PlayedClient::Ticks(CheckBox& box, bool on) {
-    Taken(Tries([&](UserInput& input) { return input.Check(box, on); }), "tick " + box.Name());
-}
-
-void PlayedClient::Answers(BoxResult button) {
-    Taken(Tries([&](UserInput& input) { return input.PressButton(button); }), "answer a box");
-}
-
-void PlayedClient::Closes(Form& form) {
-    Taken(Tries([&](UserInput& input) { return input.Close(form); }), "close " + form.Name());
-}
-
-void PlayedClient::Passes(Milliseconds time) {
-    Do([this, time] { advanceTo = world.clock.Now() + time; });
-}
-
-void PlayedClient::Accepts() {
-    Do([this] { Server().Accept(); });
-}
-
-void PlayedClient::Sends(const std::string& data) {
-    Do([this, data] { Server().Sends(data); });
 }
 
 std::string PlayedClient::Heard() {
     const auto& sent = Server().sent;
     return heard < sent.size() ? sent[heard++] : std::string();
-}
-
-void PlayedClient::HangsUp() {
-    Do([this] { Server().CloseByPeer(); });
 }
 
 std::string PlayedClient::Top() const {

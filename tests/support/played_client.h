@@ -29,26 +29,50 @@ public:
     void Do(std::function<void()> work);
 
     // The user
-    void Shows(std::optional<std::string> userData = std::nullopt);
-    void Presses(Control& control);
-    void Types(TextBox& box, const std::string& text);
-    void Selects(Control& list, long row, bool on = true);
-    void DoubleClicks(Control& list, long row);
+    void Shows(std::optional<std::string> userData = std::nullopt) {
+        Do([this, userData] { client.UserControl_Show(userData); });
+    }
+    void Presses(Control& control) {
+        Gives(control.Name(), [&](UserInput& input) { return input.Click(control); });
+    }
+    void Types(TextBox& box, const std::string& text) {
+        Gives(box.Name(), [&](UserInput& input) { return input.Type(box, text); });
+    }
+    void Selects(Control& list, long row, bool on = true) {
+        Gives(list.Name(), [&](UserInput& input) { return input.Select(list, row, on); });
+    }
+    void DoubleClicks(Control& list, long row) {
+        Gives(list.Name(), [&](UserInput& input) { return input.DoubleClick(list, row); });
+    }
     void Chooses(Control& list, long row, MenuEntry& entry); ///< by the right button
     int Key(Control& control, int key, int shift = 0);       ///< what the key was set to
-    void Ticks(CheckBox& box, bool on);
-    void Answers(BoxResult button);
-    void Closes(Form& form);
+    void Ticks(CheckBox& box, bool on) {
+        Gives(box.Name(), [&](UserInput& input) { return input.Check(box, on); });
+    }
+    void Answers(BoxResult button) {
+        Gives("answer", [&](UserInput& input) { return input.PressButton(button); });
+    }
+    void Closes(Form& form) {
+        Gives(form.Name(), [&](UserInput& input) { return input.Close(form); });
+    }
     Refusal Tries(std::function<Refusal(UserInput&)> input);
-    void Passes(Milliseconds time);
+    void Passes(Milliseconds time) {
+        Do([this, time] { advanceTo = world.clock.Now() + time; });
+    }
 
     // The server
     recording::PlayedSocket& Server() { return world.network.Named("Winsock"); }
-    void Accepts();
-    void Sends(const std::string& data);
+    void Accepts() {
+        Do([this] { Server().Accept(); });
+    }
+    void Sends(const std::string& data) {
+        Do([this, data] { Server().Sends(data); });
+    }
     /// The oldest message that was not looked at yet, empty when there is none.
     std::string Heard();
-    void HangsUp();
+    void HangsUp() {
+        Do([this] { Server().CloseByPeer(); });
+    }
 
     // What is seen
     std::string Top() const; ///< name of the top form, empty for the main view
@@ -70,6 +94,8 @@ public:
     void EntersRoom();
 
 private:
+    /// An input that has to be taken.
+    void Gives(const std::string& what, std::function<Refusal(UserInput&)> input);
     void RunUntil(const bool& ended) override;
     void Block(Milliseconds) override {}
     void Breathe() override {}
