@@ -94,6 +94,12 @@ Session* Service::Find(SessionId id) {
     return found == sessions.end() ? nullptr : found->second.get();
 }
 
+bool Service::IsFull(const Session& whoComes) {
+    if (users.Count() < configuration.limits.users) return false;
+    Note(whoComes, "was refused: the server is full");
+    return true;
+}
+
 void Service::LogOn(Session& session, std::string_view name) {
     session.name = name;
     users.Add(session);

@@ -185,6 +185,7 @@ TEST_F(Logon, AFullServerSaysSo) {
     ann.LogsOn();
     bob.LogsOn();
     EXPECT_EQ(bob.Reads(), "23:~");
+    EXPECT_THAT(log.text, HasSubstr("was refused: the server is full"));
     tiny.Ended(*ann.session);
     bob.LogsOn();
     EXPECT_THAT(bob.Reads(), HasSubstr("22:"));
