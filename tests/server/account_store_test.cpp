@@ -1,6 +1,7 @@
 #include "server/account_store.h"
 
-#include <filesystem>
+#include "server_process.h"
+
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
@@ -8,12 +9,7 @@ namespace ombrin::server::test {
 
 class AccountStoreTest : public testing::Test {
 protected:
-    AccountStoreTest() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "ardvelle-XXXXXX").string();
-        folder = mkdtemp(pattern.data());
-    }
-    ~AccountStoreTest() override { std::filesystem::remove_all(folder); }
-    std::string Path() const { return folder + "/accounts.sqlite"; }
+    std::string Path() const { return home.path + "/accounts.sqlite"; }
     void Execute(const char* sql) const {
         sqlite3* database = nullptr;
         ASSERT_EQ(sqlite3_open(Path().c_str(), &database), SQLITE_OK);
@@ -21,7 +17,7 @@ protected:
         sqlite3_close(database);
     }
 
-    std::string folder;
+    ScratchFolder home;
 };
 
 TEST_F(AccountStoreTest, AnAccountOutlivesTheServerAsItWasTyped) {
@@ -65,16 +61,14 @@ TEST_F(AccountStoreTest, ANameIsNeverReadAsSql) {
     EXPECT_TRUE(store.Find("x'); --"));
 }
 
-TEST_F(AccountStoreTest, ADatabaseOfALaterVersionIsLeftAlone) {
+TEST_F(AccountStoreTest, ADatabaseOfALaterVersionOrOfSomethingElseIsReported) {
+    EXPECT_THROW(AccountStore(home.path + "/no/such/folder"), StoreError);
+    Execute("CREATE TABLE accounts (something TEXT)"); // version 0, yet not empty
+    EXPECT_THROW(AccountStore{Path()}, StoreError);
+    Execute("DROP TABLE accounts");
     { const AccountStore store(Path()); }
     Execute("PRAGMA user_version = 99");
     EXPECT_THROW(AccountStore{Path()}, StoreError);
-}
-
-TEST_F(AccountStoreTest, WhatIsNoDatabaseIsReported) {
-    Execute("CREATE TABLE accounts (something TEXT)"); // version 0, yet not empty
-    EXPECT_THROW(AccountStore{Path()}, StoreError);
-    EXPECT_THROW(AccountStore(folder + "/no/such/folder"), StoreError);
 }
 
 } // namespace ombrin::server::test

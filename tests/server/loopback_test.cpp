@@ -19,6 +19,11 @@ constexpr std::string_view kQuick = R"({
 
 class Loopback : public testing::Test {
 protected:
+    static void InGo(WireClient& client, const std::string& name) {
+        client.LogsOn(name);
+        client.Enters(name, "Go");
+    }
+
     ScratchFolder home;
 };
 
@@ -33,11 +38,9 @@ TEST_F(Loopback, TheLobbyNamesReachAPeerThatHasEndedItsSending) {
 TEST_F(Loopback, AMessageWithoutAnEndCostsItsSenderTheConnection) {
     ServerProcess server(home.path, {"--open-accounts"}, kQuick);
     WireClient bob(server.port);
-    bob.LogsOn("bob");
-    bob.Enters("bob", "Go");
+    InGo(bob, "bob");
     WireClient ann(server.port);
-    ann.LogsOn("ann");
-    ann.Enters("ann", "Go");
+    InGo(ann, "ann");
     ann.Sends(std::string(MessageCutter::kLongestMessage, 'x') + "~");
     ann.ReadsUntil("36:The message was too long and was thrown away.;~");
     ann.TriesToSend(std::string(MessageCutter::kRunaway + 1, 'x'));
@@ -55,11 +58,9 @@ TEST_F(Loopback, WhoDoesNotReadIsDroppedAndTheOthersHearOn) {
     ServerProcess server(home.path, {"--open-accounts"}, kQuick);
     constexpr int kSmallBuffer = 4'096;
     WireClient slow(server.port, "127.0.0.1", kSmallBuffer);
-    slow.LogsOn("slow");
-    slow.Enters("slow", "Go");
+    InGo(slow, "slow");
     WireClient ann(server.port);
-    ann.LogsOn("ann");
-    ann.Enters("ann", "Go");
+    InGo(ann, "ann");
 
     // More than the queue and what the system may take for both ends.
     constexpr std::size_t kEnough = 4 * Connection::kMostWaiting;
@@ -77,11 +78,9 @@ TEST_F(Loopback, WhoDoesNotReadIsDroppedAndTheOthersHearOn) {
 TEST_F(Loopback, WhoStandsStillForAWhileMissesNothing) {
     ServerProcess server(home.path, {"--open-accounts"}, kQuick);
     WireClient still(server.port);
-    still.LogsOn("still");
-    still.Enters("still", "Go");
+    InGo(still, "still");
     WireClient ann(server.port);
-    ann.LogsOn("ann");
-    ann.Enters("ann", "Go");
+    InGo(ann, "ann");
     constexpr int kLines = 100; // some 3 MB
     for (int i = 0; i < kLines; ++i) {
         ann.Sends(LongLine("ann"));
@@ -109,8 +108,7 @@ TEST_F(Loopback, TenChatOnBesideOneOfEachKindThatMisbehaves) {
     std::vector<std::unique_ptr<WireClient>> clients;
     const auto enters = [&](const std::string& name) -> WireClient& {
         clients.push_back(std::make_unique<WireClient>(server.port));
-        clients.back()->LogsOn(name);
-        clients.back()->Enters(name, "Go");
+        InGo(*clients.back(), name);
         return *clients.back();
     };
     constexpr std::size_t kChatting = 10;
