@@ -139,7 +139,7 @@ TEST_P(FirstEvening, AnAccountIsMadeFromTheLogonDialog) {
     SeesBox("Account created successfully.");
     AnswerOk();
     Sees(logon);
-    if (byKeys) stage.TabsTo(logon.Password);
+    Keys(logon.Connect);
     Confirm(logon.Connect);
     Hears("Ombrin:15:dora;temp;lobby.example;secret;:~");
     EXPECT_TRUE(stage.Run());

@@ -246,7 +246,10 @@ FormWindow* Windows::Make(Form& form) {
 }
 
 void Windows::FormShown(Form& form) {
-    if (&form == &client.Forms().UsrNmPwIP) {
+    if (UsrNmPwIP& logon = client.Forms().UsrNmPwIP; &form == &logon) {
+        // Who comes from making an account goes on with it, and not with a second one.
+        if (logon.Focus() == &logon.NewAccount && !logon.LogonName.Text().empty() && !logon.Password.Text().empty())
+            logon.Connect.SetFocus();
         board.Frame();
         main.ShowLogon(true);
         main.activateWindow();
