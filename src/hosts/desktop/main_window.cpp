@@ -7,6 +7,7 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QPainter>
+#include <QPixmapCache>
 #include <QScreen>
 #include <QSettings>
 #include <algorithm>
@@ -85,6 +86,19 @@ protected:
         Look::PaintBackground(painter, rect());
     }
 };
+
+/// A window's edge that is dragged asks for it again and again, and it takes longer to read than to stretch. Qt's cache
+/// gives back what nobody has asked for some seconds.
+QPixmap DrawnSkin(const Picture& skin) {
+    const QString drawing = QStringLiteral("background");
+    if (!skin.IsBuiltIn()) return Look::Shown(skin, drawing, {kLargest, kLargest});
+    const QString key = Look::FileOf(drawing);
+    QPixmap picture;
+    if (QPixmapCache::find(key, &picture)) return picture;
+    picture = Look::Shown(skin, drawing, {kLargest, kLargest});
+    QPixmapCache::insert(key, picture);
+    return picture;
+}
 
 } // namespace
 
@@ -301,7 +315,7 @@ void MainWindow::PaintSkin() {
     const QSize size = QSize(place.width, place.height) * devicePixelRatio();
     if (background.size() != size || !(shownSkin == skin.Picture())) {
         shownSkin = skin.Picture();
-        const QPixmap picture = Look::Shown(shownSkin, QStringLiteral("background"), {kLargest, kLargest});
+        const QPixmap picture = DrawnSkin(shownSkin);
         background = picture.isNull() ? picture : picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         background.setDevicePixelRatio(devicePixelRatio());
     }
