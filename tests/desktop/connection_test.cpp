@@ -121,6 +121,21 @@ TEST_F(LostConnection, LeadsBackByOnePressAsFarAsAllIsAsExpected) {
     }
 }
 
+TEST_F(LostConnection, IsWaitedForNoMore) {
+    Stage stage("English");
+    stage.LogsOn();
+    const auto waits = [&stage] { return stage.window.findChild<QWidget*>(QStringLiteral("waiting"))->isVisible(); };
+    stage.DoubleClicksRow(stage.view.lbLobbies, 1);
+    stage.Until(waits, "the sign of waiting");
+    HangsUp(stage);
+    stage.Step([&] {
+        EXPECT_FALSE(waits());
+        EXPECT_FALSE(stage.view.Enabled());
+        EXPECT_EQ(Told(stage), "The connection to the server is lost.");
+    });
+    EXPECT_TRUE(stage.Run());
+}
+
 TEST_F(LostConnection, OfferedTooWhenTheServerDoesNotAnswer) {
     Stage stage("English");
     stage.LogsOn();

@@ -234,8 +234,12 @@ void MainWindow::PlaceControls() {
     }
 }
 
-/// A form that is open over the view says itself what is waited for.
-bool MainWindow::Waits() const { return !client.MainView().Enabled() && client.Stack().TopModal() == nullptr; }
+/// A form that is open over the view says itself what is waited for. A server that has gone is not waited for.
+bool MainWindow::Waits() const {
+    const View& view = client.MainView();
+    const bool isLost = client.Marks().m_ServerConnected && !client.Connection().IsConnected();
+    return !view.Enabled() && client.Stack().TopModal() == nullptr && (!isLost || view.IsDisabledForGood());
+}
 
 /// The end of a download that no patcher takes over is the user's to see to.
 QString MainWindow::WhatIsWaitedFor() const {
