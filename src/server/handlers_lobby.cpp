@@ -58,7 +58,7 @@ void EnterEmbedded(Service& service, Session& session, const Request& request) {
     const std::string_view name = request.fields[0];
     if (!AcceptableName(name) || service.users.Find(name) != nullptr)
         return session.peer.Send(server_message::Bare("20"));
-    if (service.IsFull(session)) return session.peer.Send(server_message::Bare("23"));
+    if (service.RefusesWhenFull(session)) return session.peer.Send(server_message::Bare("23"));
     service.LogOn(session, name);
     EnterLobby(service, session, request);
     service.SendConfigured(session);

@@ -43,7 +43,7 @@ void Admit(Service& service, Session& session, std::string_view name) {
         if (service.Now() - other->lastHeard < Service::kTakeOver) return SendCode(session, "25");
         service.Dismiss(*other, "was silent, and its user has logged on anew");
     }
-    if (service.IsFull(session)) return SendCode(session, "23");
+    if (service.RefusesWhenFull(session)) return SendCode(session, "23");
     service.LogOn(session, name);
     session.peer.Send(server_message::LobbyList(service.lobbies.Counts()));
     session.heldBack.emplace();

@@ -94,7 +94,7 @@ Session* Service::Find(SessionId id) {
     return found == sessions.end() ? nullptr : found->second.get();
 }
 
-bool Service::IsFull(const Session& whoComes) {
+bool Service::RefusesWhenFull(const Session& whoComes) {
     if (users.Count() < configuration.limits.users) return false;
     Note(whoComes, "was refused: the server is full");
     return true;

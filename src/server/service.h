@@ -83,8 +83,8 @@ public:
     void Release(Session& session);
     Session* Find(SessionId id);
 
-    /// Nobody more may log on; said in the log, too.
-    bool IsFull(const Session& whoComes);
+    /// True if nobody more may log on, which the log then says; the caller answers.
+    bool RefusesWhenFull(const Session& whoComes);
     void LogOn(Session& session, std::string_view name);
     /// Tells the others and forgets the name; the connection stays.
     void LogOff(Session& session);
