@@ -175,7 +175,13 @@ TEST_F(Player, AServerThatDoesNotAnswerGivesTheViewBackWhereASettingSaysSo) {
     EXPECT_FALSE(view.Enabled());
     Passes(Milliseconds(1'000));
     EXPECT_TRUE(view.Enabled() && view.Launch.Enabled());
-    Heard();
+    Presses(view.Launch);
+    Sends("12:10.0.0.5;~");
+    Passes(Milliseconds(30'000));
+    EXPECT_FALSE(view.Enabled()) << "the answer has come, and the game runs";
+    Presses(forms.PauseAV.ResumeButton);
+    while (!Heard().empty()) {
+    }
     client.Store().SaveSetting("Settings", "LaunchPatience", "soon");
     Presses(view.Launch);
     EXPECT_EQ(Heard(), "Ombrin:10:ann;Go;10.0.0.5;Base;:~") << "a setting that is no number keeps no game back";

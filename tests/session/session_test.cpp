@@ -37,6 +37,7 @@ TEST_F(Session, AnEmbeddedClientGoesStraightToItsLobby) {
     Shows("bob;Quake;10.0.0.1;80");
     EXPECT_EQ(Top(), "");
     EXPECT_EQ(Marks().m_UserData, "bob;Quake;10.0.0.1");
+    EXPECT_EQ(Marks().m_LocalIP, "192.0.2.10") << "the machine's, until the server tells another";
     EXPECT_EQ(Server().RemoteHost + ":" + std::to_string(Server().RemotePort), "10.0.0.1:80");
     Accepts();
     EXPECT_EQ(Heard(), "Ombrin:2:bob;Quake;192.0.2.10;:~");
