@@ -1,4 +1,5 @@
 // The files of a release: how they are read and signed, handed out piece by piece, and what the update port bears.
+#include "foundation/text.h"
 #include "played_parts.h"
 #include "server/message_cutter.h"
 #include "server/net/update_connection.h"
@@ -255,18 +256,38 @@ TEST_F(UpdatePortTest, AClientHearsOfTheFilesAndFetchesThemWhereItReachedTheServ
     EXPECT_THAT(server.Log(), HasSubstr("../accounts.sqlite, which is not offered"));
 }
 
-TEST_F(UpdatePortTest, AFileThatHasChangedSinceTheStartIsNotHandedOut) {
+TEST_F(UpdatePortTest, WhatCannotBeHandedOutEndsItsConnectionWithALine) {
     ServerProcess server(home.path, {}, kConfiguration);
     WireClient before(server.filesPort);
     before.Sends(RequestFile("Map.dll"));
     before.ReadsUntil("1 2 3");
     Write(home.path + "/files/Map.dll", ";FileVersion=3.34\n");
-    WireClient behind(server.filesPort);
+    std::filesystem::remove(home.path + "/files/Ping.ocx");
     before.Sends(FileReceived() + FileReceived());
-    behind.Sends(RequestFile("Map.dll"));
     before.ReadsToEnd();
-    EXPECT_EQ(behind.ReadsToEnd(), "");
-    EXPECT_THAT(server.Log(), HasSubstr("the file Map.dll has changed since the start"));
+    constexpr std::string_view kChanged = "the file Map.dll has changed since the start";
+    EXPECT_THAT(server.Log(), HasSubstr(Join("files #1 127.0.0.1 ends: ", kChanged)));
+
+    struct Case {
+        std::string said;
+        std::string_view line;
+    };
+    const Case cases[] = {
+        {RequestFile("Map.dll"), kChanged},
+        {RequestFile("Ping.ocx"), "the file Ping.ocx cannot be opened: No such file or directory"},
+        {RequestFile("Other.dll"), "it asked for Other.dll, which is not offered"},
+        {RequestFile("map.dll"), "it asked for map.dll, which is not offered"},
+        {LobbyNames(), "it sent what is no message of a transfer"},
+        {"GET / HTTP/1.1~", "it sent what is no message of a transfer"},
+    };
+    int number = 1;
+    for (const auto& [said, line] : cases) {
+        WireClient client(server.filesPort);
+        client.Sends(said);
+        EXPECT_EQ(client.ReadsToEnd(), "") << said;
+        const std::string name = Join("files #", std::to_string(++number), " 127.0.0.1 ends: ");
+        EXPECT_THAT(server.Log(), HasSubstr(Join(name, line))) << said;
+    }
 }
 
 TEST_F(UpdatePortTest, WhoeverMisbehavesThereLeavesTheOthersTheirFilesAndTheLobby) {
