@@ -57,7 +57,7 @@ class Skin(unittest.TestCase):
 
     def run_skin(self, *words, status=0):
         ran = subprocess.run([self.program, *words, "--home", self.home], capture_output=True, text=True,
-                             env={"PATH": os.environ["PATH"]})
+                             env={name: os.environ[name] for name in ("PATH", "TSAN_OPTIONS") if name in os.environ})
         self.assertEqual(ran.returncode, status, (words, ran.stdout, ran.stderr))
         return ran.stdout if status == 0 else ran.stderr
 
