@@ -5,6 +5,8 @@
 
 #include "foundation/runtime_error.h"
 
+#include <functional>
+#include <iterator>
 #include <string>
 
 namespace ombrin::fuzz {
@@ -28,7 +30,7 @@ private:
         auto& server = world.network.Named("Winsock");
         if (server.State() == SocketState::Connecting) return server.Accept(), true;
         if (input.empty() || IsHeld() || !server.IsConnected()) return false;
-        const std::string_view arrival = TakePiece();
+        const std::string_view arrival = TakePiece(input);
         if (arrival.size() > 1 && arrival.front() == '\xFE')
             Press(static_cast<unsigned char>(arrival[1]));
         else if (!arrival.empty())
@@ -38,59 +40,31 @@ private:
 
     /// One of the things that a user does in a lobby and with rooms; the door refuses what he could not.
     void Press(unsigned what) {
-        UserInput& input = client.Input();
+        UserInput& user = client.Input();
         View& view = client.MainView();
-        Dialogs& forms = client.Forms();
+        NewRoom& naming = client.Forms().NewRoom;
+        RoomPassword& asking = client.Forms().RoomPassword;
+        PMDialog& message = client.Forms().PMDialog;
         int enter = UserInput::kEnter;
-        switch (what % 16) {
-        case 0:
-            input.Click(view.Create);
-            break;
-        case 1:
-            input.Click(view.Enter);
-            break;
-        case 2:
-            input.Click(view.Leave);
-            break;
-        case 3:
-            input.Click(view.Destroy);
-            break;
-        case 4:
-            input.Click(view.PM);
-            break;
-        case 5:
-            input.Click(view.btnAddBuddy);
-            break;
-        case 6:
-            input.Click(view.btnRemoveBuddy);
-            break;
-        case 7:
-            input.DoubleClick(view.RoomList, 0);
-            break;
-        case 8:
-            input.DoubleClick(view.lbLobbies, 1);
-            break;
-        case 9:
-            input.RightClick(view.RoomUserList, 1), input.Choose(view.RejectUserMenu);
-            break;
-        case 10:
-            input.Type(view.RoomText, "hi"), input.Key(view.RoomText, enter, 0);
-            break;
-        case 11:
-            input.Type(forms.NewRoom.NewRoomName, "Base"), input.Click(forms.NewRoom.OKButton);
-            break;
-        case 12:
-            input.Type(forms.RoomPassword.Password, "gold"), input.Click(forms.RoomPassword.OKButton);
-            break;
-        case 13:
-            input.Type(forms.PMDialog.PrivateMessage, "psst"), input.Click(forms.PMDialog.PMSend);
-            break;
-        case 14:
-            input.AnswerText("zed");
-            break;
-        default:
-            client.CloseSocket();
-        }
+        const std::function<void()> presses[] = {
+            [&] { user.Click(view.Create); },
+            [&] { user.Click(view.Enter); },
+            [&] { user.Click(view.Leave); },
+            [&] { user.Click(view.Destroy); },
+            [&] { user.Click(view.PM); },
+            [&] { user.Click(view.btnAddBuddy); },
+            [&] { user.Click(view.btnRemoveBuddy); },
+            [&] { user.DoubleClick(view.RoomList, 0); },
+            [&] { user.DoubleClick(view.lbLobbies, 1); },
+            [&] { user.RightClick(view.RoomUserList, 1), user.Choose(view.RejectUserMenu); },
+            [&] { user.Type(view.RoomText, "hi"), user.Key(view.RoomText, enter, 0); },
+            [&] { user.Type(naming.NewRoomName, "Base"), user.Click(naming.OKButton); },
+            [&] { user.Type(asking.Password, "gold"), user.Click(asking.OKButton); },
+            [&] { user.Type(message.PrivateMessage, "psst"), user.Click(message.PMSend); },
+            [&] { user.AnswerText("zed"); },
+            [&] { client.CloseSocket(); },
+        };
+        presses[what % std::size(presses)]();
     }
 
     void Press(Form& top) override {
@@ -115,9 +89,6 @@ private:
 
 } // namespace
 
-} // namespace ombrin::fuzz
+void Try(std::string_view input) { FuzzedLobby(input).Run(); }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    ombrin::fuzz::FuzzedLobby(ombrin::fuzz::AsText(data, size)).Run();
-    return 0;
-}
+} // namespace ombrin::fuzz

@@ -58,7 +58,7 @@ public:
         world.loop.Post([this] { client.UserControl_Show("ann;Go;127.0.0.1;7777"); });
         world.loop.Post([this] {
             world.network.Named("Winsock").Accept();
-            Lists(TakePiece());
+            Lists(TakePiece(input));
         });
         PlayOut(client);
     }
@@ -90,7 +90,7 @@ private:
 
     bool Feed() override {
         if (IsHeld() || input.empty()) return false;
-        Take(TakePiece());
+        Take(TakePiece(input));
         return true;
     }
     void Press(Form& top) override {
@@ -153,11 +153,9 @@ void ReadSums(std::string_view text) {
 
 } // namespace
 
-} // namespace ombrin::fuzz
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string_view input = ombrin::fuzz::AsText(data, size);
-    ombrin::fuzz::ReadSums(input);
-    ombrin::fuzz::FuzzedUpdate(input).Run();
-    return 0;
+void Try(std::string_view input) {
+    ReadSums(input);
+    FuzzedUpdate(input).Run();
 }
+
+} // namespace ombrin::fuzz

@@ -31,6 +31,8 @@ std::string TakeName(std::string_view& input) {
     return name;
 }
 
+} // namespace
+
 void Try(std::string_view input) {
     const std::string section = TakeName(input), key = TakeName(input), value = TakeName(input);
     IniDocument document(input);
@@ -64,10 +66,4 @@ void Try(std::string_view input) {
     Require(AllValues(repeated) == valuesAfter, "and nothing else");
 }
 
-} // namespace
 } // namespace ombrin::fuzz
-
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    ombrin::fuzz::Try(ombrin::fuzz::AsText(data, size));
-    return 0;
-}

@@ -80,9 +80,7 @@ public:
 
     void Run(std::string_view input) {
         while (!input.empty()) {
-            const std::size_t end = input.find('\xFF');
-            Step(input.substr(0, end));
-            input.remove_prefix(end == std::string_view::npos ? input.size() : end + 1);
+            Step(TakePiece(input));
             Compare();
         }
         for (std::size_t i = 0; i < kClients; ++i) End(i);
@@ -194,9 +192,6 @@ private:
 
 } // namespace
 
-} // namespace ombrin::fuzz
+void Try(std::string_view input) { FuzzedService().Run(input); }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    ombrin::fuzz::FuzzedService().Run(ombrin::fuzz::AsText(data, size));
-    return 0;
-}
+} // namespace ombrin::fuzz

@@ -2,27 +2,24 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
 
-/// Given by each target, called by libFuzzer or by the replay program.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-
 namespace ombrin::fuzz {
 
-inline std::string_view AsText(const std::uint8_t* data, std::size_t size) {
-    return {reinterpret_cast<const char*>(data), size};
-}
+/// Given by each target, called by libFuzzer or by the replay program.
+void Try(std::string_view input);
 
-/// Cuts the first line off, without its end; the last one may lack it.
-inline std::string_view TakeLine(std::string_view& text) {
-    const std::size_t end = text.find('\n');
-    const std::string_view line = text.substr(0, end);
+/// Cuts off what stands before this character, and the character; the last piece may lack it.
+inline std::string_view TakeUntil(char mark, std::string_view& text) {
+    const std::size_t end = text.find(mark);
+    const std::string_view piece = text.substr(0, end);
     text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-    return line;
+    return piece;
 }
+inline std::string_view TakeLine(std::string_view& text) { return TakeUntil('\n', text); }
+inline std::string_view TakePiece(std::string_view& text) { return TakeUntil('\xFF', text); }
 
 /// Stops with a report when a promise is broken.
 inline void Require(bool holds, const char* promise) {

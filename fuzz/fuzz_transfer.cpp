@@ -29,11 +29,7 @@ class FuzzedTransfer {
 public:
     void Run(std::string_view input) {
         try {
-            while (!input.empty()) {
-                const std::size_t end = input.find('\xFF');
-                Step(input.substr(0, end));
-                input.remove_prefix(end == std::string_view::npos ? input.size() : end + 1);
-            }
+            while (!input.empty()) Step(TakePiece(input));
         } catch (const TransferError&) { // the end of the connection
         }
     }
@@ -82,9 +78,6 @@ private:
 
 } // namespace
 
-} // namespace ombrin::fuzz
+void Try(std::string_view input) { FuzzedTransfer().Run(input); }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    ombrin::fuzz::FuzzedTransfer().Run(ombrin::fuzz::AsText(data, size));
-    return 0;
-}
+} // namespace ombrin::fuzz

@@ -17,6 +17,8 @@ public:
     std::size_t asked = 0;
 };
 
+} // namespace
+
 void Try(std::string_view input) {
     constexpr std::size_t kMostAsked = 4U << 20U;
     CountedBytes file{std::string(input)};
@@ -26,10 +28,4 @@ void Try(std::string_view input) {
     Require(file.asked <= kMostAsked, "what a file claims does not decide how much is read");
 }
 
-} // namespace
 } // namespace ombrin::fuzz
-
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    ombrin::fuzz::Try(ombrin::fuzz::AsText(data, size));
-    return 0;
-}

@@ -33,13 +33,6 @@ protected:
     virtual bool Feed() = 0;
     virtual void Press(Form& top) = 0;
 
-    /// Up to the byte 255.
-    std::string_view TakePiece() {
-        const std::size_t end = input.find('\xFF');
-        const std::string_view piece = input.substr(0, end);
-        input.remove_prefix(end == std::string_view::npos ? input.size() : end + 1);
-        return piece;
-    }
     /// As the loop is held at this depth, nothing is read.
     bool IsHeld() const { return Stack().Visible().size() >= ModalStack::kOpenLimit; }
 

@@ -5,7 +5,7 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
-#include <vector>
+#include <string>
 
 int main(int count, char** arguments) {
     std::size_t inputs = 0;
@@ -14,8 +14,7 @@ int main(int count, char** arguments) {
             std::cout << entry.path().filename().string()
                       << std::endl; // before the run: the last line names the culprit
             std::ifstream file(entry.path(), std::ios::binary);
-            const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
-            LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+            ombrin::fuzz::Try(std::string{std::istreambuf_iterator<char>(file), {}});
             ++inputs;
         }
     }
