@@ -1,6 +1,7 @@
 // The library as a host has it: nothing but its public headers.
+#include "../support/scratch.h"
+
 #include <cstdlib>
-#include <filesystem>
 #include <gmock/gmock.h>
 #include <ombrin/cls_direct_play.h>
 #include <ombrin/factory.h>
@@ -13,13 +14,9 @@ namespace {
 using testing::ElementsAre;
 
 struct Library : testing::Test {
-    Library() {
-        mkdtemp(home.data());
-        setenv("OMBRIN_HOME", home.c_str(), 1);
-    }
-    ~Library() override { std::filesystem::remove_all(home); }
+    Library() { setenv("OMBRIN_HOME", home.path.c_str(), 1); }
 
-    std::string home = (std::filesystem::temp_directory_path() / "ombrin-XXXXXX").string();
+    Scratch home;
 };
 
 Guid GuidOf(const std::string& text) {

@@ -1,5 +1,5 @@
 // The real patcher in a home of its own, with shell scripts for clients.
-#include "../platform/scratch.h"
+#include "../support/scratch.h"
 #include "foundation/file_version.h"
 #include "patcher/file_steps.h"
 #include "patcher/patch.h"

@@ -2,9 +2,9 @@
 #include "foundation/files.h"
 
 #include "../foundation/raised.h"
+#include "../support/scratch.h"
 #include "platform/posix/posix_files.h"
 #include "platform/recording/memory_files.h"
-#include "scratch.h"
 
 #include <gmock/gmock.h>
 

@@ -2,8 +2,8 @@
 #include "platform/posix/language_file.h"
 
 #include "../foundation/raised.h"
+#include "../support/scratch.h"
 #include "foundation/ini_files.h"
-#include "scratch.h"
 
 #include <fstream>
 #include <gmock/gmock.h>

@@ -3,12 +3,12 @@
 #include "platform/local_files.h"
 
 #include "../foundation/raised.h"
+#include "../support/scratch.h"
 #include "platform/posix/posix_components.h"
 #include "platform/posix/posix_local_files.h"
 #include "platform/recording/held_bytes.h"
 #include "platform/recording/memory_local_files.h"
 #include "platform/sodium/sodium_integrity.h"
-#include "scratch.h"
 
 #include <fstream>
 #include <gmock/gmock.h>

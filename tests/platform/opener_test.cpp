@@ -1,7 +1,7 @@
 // Targets handed to the desktop, whose program for that is played by a script here.
 #include "platform/posix/posix_desktop.h"
 
-#include "scratch.h"
+#include "../support/scratch.h"
 
 #include <chrono>
 #include <fstream>

@@ -1,9 +1,9 @@
 // Pings: what the recorded and the real ones promise alike, and what only real ones can get wrong.
 #include "platform/posix/posix_pings.h"
 
+#include "../support/scratch.h"
 #include "platform/posix/descriptor.h"
 #include "platform/recording/recording_pings.h"
-#include "scratch.h"
 
 #include <algorithm>
 #include <chrono>

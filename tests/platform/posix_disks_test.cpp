@@ -1,7 +1,7 @@
 // What a search for a game sees of a directory.
 #include "platform/posix/posix_disks.h"
 
-#include "scratch.h"
+#include "../support/scratch.h"
 
 #include <fstream>
 #include <gmock/gmock.h>

@@ -1,9 +1,9 @@
 #include "platform/posix/posix_files.h"
 
 #include "../foundation/raised.h"
+#include "../support/scratch.h"
 #include "foundation/settings.h"
 #include "platform/posix/wine_prefix.h"
-#include "scratch.h"
 
 #include <csignal>
 #include <fstream>

@@ -2,8 +2,8 @@
 #include "platform/posix/posix_processes.h"
 
 #include "../foundation/raised.h"
+#include "../support/scratch.h"
 #include "platform/waiter.h"
-#include "scratch.h"
 
 #include <chrono>
 #include <fstream>

@@ -1,8 +1,8 @@
 // Sounds by the players of the machine, which are played by scripts here.
 #include "platform/posix/posix_desktop.h"
 
+#include "../support/scratch.h"
 #include "platform/posix/posix_files.h"
-#include "scratch.h"
 
 #include <fstream>
 #include <gtest/gtest.h>

@@ -9,7 +9,7 @@ namespace ombrin::server::test {
 
 class AccountStoreTest : public testing::Test {
 protected:
-    std::string Path() const { return home.path + "/accounts.sqlite"; }
+    std::string Path() const { return home / "accounts.sqlite"; }
     void Execute(const char* sql) const {
         sqlite3* database = nullptr;
         ASSERT_EQ(sqlite3_open(Path().c_str(), &database), SQLITE_OK);
@@ -17,7 +17,7 @@ protected:
         sqlite3_close(database);
     }
 
-    ScratchFolder home;
+    Scratch home;
 };
 
 TEST_F(AccountStoreTest, AnAccountOutlivesTheServerAsItWasTyped) {
@@ -62,7 +62,7 @@ TEST_F(AccountStoreTest, ANameIsNeverReadAsSql) {
 }
 
 TEST_F(AccountStoreTest, ADatabaseOfALaterVersionOrOfSomethingElseIsReported) {
-    EXPECT_THROW(AccountStore(home.path + "/no/such/folder"), StoreError);
+    EXPECT_THROW(AccountStore(home / "no/such/folder"), StoreError);
     Execute("CREATE TABLE accounts (something TEXT)"); // version 0, yet not empty
     EXPECT_THROW(AccountStore{Path()}, StoreError);
     Execute("DROP TABLE accounts");

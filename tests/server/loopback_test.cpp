@@ -17,14 +17,16 @@ constexpr std::string_view kQuick = R"({
     "lobbies": ["Go"],
     "limits": {"passwordMemoryKiB": 8, "passwordPasses": 1, "lobbyLines": {"burst": 100000, "perSecond": 100000}}})";
 
-class Loopback : public testing::Test {
-protected:
-    static void InGo(WireClient& client, const std::string& name) {
-        client.LogsOn(name);
-        client.Enters(name, "Go");
-    }
+struct Loopback : testing::Test {
+    Scratch home;
+};
 
-    ScratchFolder home;
+struct UserInGo : WireClient {
+    UserInGo(const ServerProcess& server, const std::string& name, int receiveBuffer = 0)
+        : WireClient(server.port, "127.0.0.1", receiveBuffer) {
+        LogsOn(name);
+        Enters(name, "Go");
+    }
 };
 
 TEST_F(Loopback, TheLobbyNamesReachAPeerThatHasEndedItsSending) {
@@ -37,10 +39,7 @@ TEST_F(Loopback, TheLobbyNamesReachAPeerThatHasEndedItsSending) {
 
 TEST_F(Loopback, AMessageWithoutAnEndCostsItsSenderTheConnection) {
     ServerProcess server(home.path, {"--open-accounts"}, kQuick);
-    WireClient bob(server.port);
-    InGo(bob, "bob");
-    WireClient ann(server.port);
-    InGo(ann, "ann");
+    UserInGo bob(server, "bob"), ann(server, "ann");
     ann.Sends(std::string(MessageCutter::kLongestMessage, 'x') + "~");
     ann.ReadsUntil("36:The message was too long and was thrown away.;~");
     ann.TriesToSend(std::string(MessageCutter::kRunaway + 1, 'x'));
@@ -57,10 +56,7 @@ std::string LongLine(const std::string& name) {
 TEST_F(Loopback, WhoDoesNotReadIsDroppedAndTheOthersHearOn) {
     ServerProcess server(home.path, {"--open-accounts"}, kQuick);
     constexpr int kSmallBuffer = 4'096;
-    WireClient slow(server.port, "127.0.0.1", kSmallBuffer);
-    InGo(slow, "slow");
-    WireClient ann(server.port);
-    InGo(ann, "ann");
+    UserInGo slow(server, "slow", kSmallBuffer), ann(server, "ann");
 
     // More than the queue and what the system may take for both ends.
     constexpr std::size_t kEnough = 4 * Connection::kMostWaiting;
@@ -77,10 +73,7 @@ TEST_F(Loopback, WhoDoesNotReadIsDroppedAndTheOthersHearOn) {
 
 TEST_F(Loopback, WhoStandsStillForAWhileMissesNothing) {
     ServerProcess server(home.path, {"--open-accounts"}, kQuick);
-    WireClient still(server.port);
-    InGo(still, "still");
-    WireClient ann(server.port);
-    InGo(ann, "ann");
+    UserInGo still(server, "still"), ann(server, "ann");
     constexpr int kLines = 100; // some 3 MB
     for (int i = 0; i < kLines; ++i) {
         ann.Sends(LongLine("ann"));
@@ -107,9 +100,7 @@ TEST_F(Loopback, TenChatOnBesideOneOfEachKindThatMisbehaves) {
         "Ombrin:3:x;Go;1;half", std::string(MessageCutter::kLongestMessage + 1, 'x'), "O"};
     std::vector<std::unique_ptr<WireClient>> clients;
     const auto enters = [&](const std::string& name) -> WireClient& {
-        clients.push_back(std::make_unique<WireClient>(server.port));
-        InGo(*clients.back(), name);
-        return *clients.back();
+        return *clients.emplace_back(std::make_unique<UserInGo>(server, name));
     };
     constexpr std::size_t kChatting = 10;
     for (std::size_t i = 0; i < kChatting; ++i) enters("n" + std::to_string(i));
@@ -161,7 +152,7 @@ TEST_F(Loopback, WhatPreventsTheStartIsSaidWithItsPlace) {
     ServerProcess running(home.path, {});
     ASSERT_GT(running.filesPort, 0);
     EXPECT_LT(running.filesPort, 32'768);
-    const ScratchFolder neighbour;
+    const Scratch neighbour;
     const ServerProcess second(neighbour.path, {});
     EXPECT_NE(second.filesPort, running.filesPort);
     struct Case {
@@ -176,7 +167,7 @@ TEST_F(Loopback, WhatPreventsTheStartIsSaidWithItsPlace) {
         {{"--files-port", std::to_string(running.filesPort)}, "", "cannot listen on 127.0.0.1:"},
     };
     for (const Case& trial : cases) {
-        const ScratchFolder other;
+        const Scratch other;
         ServerProcess refused(other.path, trial.options, trial.configuration);
         ASSERT_EQ(refused.readyLine, "");
         EXPECT_NE(refused.Wait(), 0);

@@ -8,7 +8,6 @@
 #include <charconv>
 #include <csignal>
 #include <fcntl.h>
-#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <poll.h>
@@ -43,13 +42,6 @@ std::uint16_t PortBehind(const std::string& line, std::string_view text) {
 }
 
 } // namespace
-
-ScratchFolder::ScratchFolder() {
-    path = (std::filesystem::temp_directory_path() / "ardvelle-XXXXXX").string();
-    if (mkdtemp(path.data()) == nullptr) throw std::runtime_error("no scratch folder");
-}
-
-ScratchFolder::~ScratchFolder() { std::filesystem::remove_all(path); }
 
 ServerProcess::ServerProcess(const std::string& home, std::vector<std::string> options, std::string_view configuration)
     : logFile(home + "/log") {

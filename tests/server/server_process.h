@@ -1,6 +1,8 @@
 // The real server as a process of its own with a scratch home, and clients that are sockets.
 #pragma once
 
+#include "../support/scratch.h"
+
 #include <chrono>
 #include <cstdint>
 #include <string>
@@ -9,16 +11,6 @@
 #include <vector>
 
 namespace ombrin::server::test {
-
-/// A folder that goes with its object.
-class ScratchFolder {
-public:
-    ScratchFolder();
-    ~ScratchFolder();
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-    std::string path;
-};
 
 class ServerProcess {
 public:

@@ -87,12 +87,12 @@ TEST(Transfer, SendsWhatWasAskedForAndNothingBeyondTheFile) {
 class ReleaseTest : public testing::Test {
 protected:
     Release Reads(std::string_view json) const {
-        Write(home.path + "/server.json", json);
-        return ReadRelease(ParseConfiguration(json), home.path, home.path + "/server.json");
+        Write(home / "server.json", json);
+        return ReadRelease(ParseConfiguration(json), home.path, home / "server.json");
     }
-    std::string File(const std::string& name) const { return home.path + "/files/" + name; }
+    std::string File(const std::string& name) const { return home / ("files/" + name); }
 
-    ScratchFolder home;
+    Scratch home;
 };
 
 TEST_F(ReleaseTest, AFileThatClientsCouldNotGetOrKeepStopsTheStartWithItsPlace) {
@@ -103,10 +103,10 @@ TEST_F(ReleaseTest, AFileThatClientsCouldNotGetOrKeepStopsTheStartWithItsPlace) 
     Write(File("large.bin"), kVersionLine);
     std::filesystem::resize_file(File("large.bin"), std::uint64_t{1} << 31U);
     const std::string digits(64, 'a');
-    Write(home.path + "/open.key", digits);
-    Write(home.path + "/short.key", digits.substr(1));
-    std::filesystem::permissions(home.path + "/open.key", std::filesystem::perms(0640));
-    std::filesystem::permissions(home.path + "/short.key", std::filesystem::perms(0600));
+    Write(home / "open.key", digits);
+    Write(home / "short.key", digits.substr(1));
+    std::filesystem::permissions(home / "open.key", std::filesystem::perms(0640));
+    std::filesystem::permissions(home / "short.key", std::filesystem::perms(0600));
     const std::pair<const char*, const char*> mistakes[] = {
         {R"({"files": [{"name": "gone.dll", "directory": 1}]})", "gone.dll cannot be opened: No such file"},
         {R"({"files": [{"name": "none.txt", "directory": 1}]})", "none.txt carries no version"},
@@ -132,7 +132,7 @@ TEST_F(ReleaseTest, AFileThatClientsCouldNotGetOrKeepStopsTheStartWithItsPlace) 
 TEST_F(ReleaseTest, TheSumsComeFirstAndAreSignedForThePublicHalf) {
     Write(File("a.txt"), ";FileVersion=1.00\nabc");
     Write(File("Map 2.dll"), kVersionLine);
-    const std::string keyPath = home.path + "/update.key";
+    const std::string keyPath = home / "update.key";
     UpdateKey::Make(keyPath);
     EXPECT_EQ(std::filesystem::status(keyPath).permissions(), std::filesystem::perms(0600));
     constexpr std::string_view kBoth = R"({"updateKey": "update.key", "files": [
@@ -162,16 +162,16 @@ TEST_F(ReleaseTest, TheSumsComeFirstAndAreSignedForThePublicHalf) {
 
     // Whatever changes, clients find newer sums.
     int seconds = 0;
-    for (const std::string& path : {File("a.txt"), keyPath, home.path + "/server.json"}) {
+    for (const std::string& path : {File("a.txt"), keyPath, home / "server.json"}) {
         const std::chrono::sys_seconds later{std::chrono::seconds(2'000'000'000 + seconds)};
         std::filesystem::last_write_time(path, std::chrono::file_clock::from_sys(later));
-        const Release changed = ReadRelease(ParseConfiguration(kBoth), home.path, home.path + "/server.json");
+        const Release changed = ReadRelease(ParseConfiguration(kBoth), home.path, home / "server.json");
         EXPECT_EQ(changed.files[0].version, "2033.051803332" + std::to_string(seconds++));
     }
 }
 
 TEST_F(ReleaseTest, TheServerMakesAKeyOnceAndTellsItsPublicHalf) {
-    const std::string path = home.path + "/update.key";
+    const std::string path = home / "update.key";
     ServerProcess made(home.path, {"--make-update-key", path});
     EXPECT_EQ(made.Wait(), 0);
     const std::string digits = UpdateKey(path).PublicHalf();
@@ -215,7 +215,7 @@ TEST(UpdateConnectionTest, WhoSaysNothingIsKeptForAWhileOnly) {
 class UpdatePortTest : public testing::Test {
 protected:
     UpdatePortTest() {
-        for (const auto& [name, content] : files) Write(home.path + "/files/" + name, content);
+        for (const auto& [name, content] : files) Write(home / ("files/" + name), content);
     }
     /// As a client does: the first buffer, then one more for each part that comes.
     static std::string Fetches(WireClient& client, const std::string& name, std::size_t size) {
@@ -231,7 +231,7 @@ protected:
     }
 
     const std::map<std::string, std::string> files{{"Map.dll", Content(kBuffer * 5)}, {"Ping.ocx", Content(100)}};
-    ScratchFolder home;
+    Scratch home;
     static constexpr std::string_view kConfiguration = R"({
         "lobbies": ["Go"], "files": [{"name": "Ping.ocx", "directory": 2}, {"name": "Map.dll", "directory": 1}],
         "limits": {"passwordMemoryKiB": 8, "passwordPasses": 1, "connectionsPerAddress": 3}})";
@@ -261,8 +261,8 @@ TEST_F(UpdatePortTest, WhatCannotBeHandedOutEndsItsConnectionWithALine) {
     WireClient before(server.filesPort);
     before.Sends(RequestFile("Map.dll"));
     before.ReadsUntil("1 2 3");
-    Write(home.path + "/files/Map.dll", ";FileVersion=3.34\n");
-    std::filesystem::remove(home.path + "/files/Ping.ocx");
+    Write(home / "files/Map.dll", ";FileVersion=3.34\n");
+    std::filesystem::remove(home / "files/Ping.ocx");
     before.Sends(FileReceived() + FileReceived());
     before.ReadsToEnd();
     constexpr std::string_view kChanged = "the file Map.dll has changed since the start";
