@@ -21,34 +21,27 @@ TEST(ConfigurationFile, EverythingInItIsTakenOver) {
                    "passwordMemoryKiB": 64, "passwordPasses": 7}})");
     EXPECT_EQ(read.greeting, "Gr\xFC\xDF"
                              "e: hallo");
-    ASSERT_EQ(read.lobbies.size(), 3U);
-    EXPECT_EQ(read.lobbies[0].name, "Go");
-    EXPECT_EQ(read.lobbies[0].password, "");
-    EXPECT_EQ(read.lobbies[1].name, "Chess");
-    EXPECT_EQ(read.lobbies[1].password, "rook");
-    EXPECT_EQ(read.lobbies[2].name, "Half Life");
+    std::string lobbies;
+    for (const LobbySetup& lobby : read.lobbies) lobbies += lobby.name + "/" + lobby.password + " ";
+    EXPECT_EQ(lobbies, "Go/ Chess/rook Half Life/ ");
     EXPECT_FALSE(read.changeOfLobby);
     EXPECT_EQ(read.banners.at(0).address, "https://a.example/");
     EXPECT_EQ(read.banners.at(0).seconds, 30);
     EXPECT_EQ(read.directPlayGames.at(0).application, "Go 3000");
     EXPECT_EQ(read.directIPGames.at(0).executable, "hl.exe");
-    EXPECT_EQ(read.files.at(0).name, "Ping.ocx");
-    EXPECT_EQ(read.files.at(0).directory, 2);
-    EXPECT_EQ(read.files.at(0).version, "3.33");
-    EXPECT_EQ(read.files.at(1).version, "");
+    std::string files;
+    for (const FileSetup& file : read.files) files += file.name + std::to_string(file.directory) + file.version + " ";
+    EXPECT_EQ(files, "Ping.ocx23.33 a.txt3 ");
     EXPECT_EQ(read.updateKey, "keys/update.key");
     const Limits& limits = read.limits;
-    EXPECT_EQ(limits.users, 10U);
-    EXPECT_EQ(limits.connectionsPerAddress, 11U);
-    EXPECT_EQ(limits.accounts, 12U);
-    EXPECT_EQ(limits.roomsPerLobby, 13U);
-    EXPECT_EQ(limits.buddies, 14U);
-    EXPECT_EQ(limits.lobbyLines.burst, 1);
-    EXPECT_EQ(limits.lobbyLines.perSecond, 0.5);
-    EXPECT_EQ(limits.roomLines.perSecond, 3);
-    EXPECT_EQ(limits.privateMessages.burst, 4);
-    EXPECT_EQ(limits.passwordMemoryKiB, 64U);
-    EXPECT_EQ(limits.passwordPasses, 7U);
+    EXPECT_THAT((std::vector<unsigned long long>{limits.users, limits.connectionsPerAddress, limits.accounts,
+                                                 limits.roomsPerLobby, limits.buddies, limits.passwordMemoryKiB,
+                                                 limits.passwordPasses}),
+                testing::ElementsAre(10, 11, 12, 13, 14, 64, 7));
+    EXPECT_THAT(
+        (std::vector{limits.lobbyLines.burst, limits.lobbyLines.perSecond, limits.roomLines.burst,
+                     limits.roomLines.perSecond, limits.privateMessages.burst, limits.privateMessages.perSecond}),
+        testing::ElementsAre(1, 0.5, 2, 3, 4, 5));
 }
 
 TEST(ConfigurationFile, AnEmptyOneOffersTheUsualLobbies) {

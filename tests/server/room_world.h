@@ -4,14 +4,14 @@
 #include "world.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace ombrin::server::test {
 
 /// ann, bob, cid and dan are in "Go" and eve is in "Chess"; all have the address 10.0.0.1.
-class RoomTest : public World {
-protected:
-    explicit RoomTest(const Configuration& configuration = Lobbies()) : World(configuration) {}
+struct RoomTest : World, testing::Test {
+    RoomTest() : World(Lobbies()) {}
 
     static Configuration Lobbies() {
         Configuration configuration = World::Lobbies();
@@ -19,23 +19,23 @@ protected:
         return configuration;
     }
 
-    struct Step {
-        const char* what;
-        Client& who;
-        std::string says;
-        std::vector<std::string> hear; ///< ann, bob, cid, dan, eve; those not named hear nothing
-    };
-    void Play(const std::vector<Step>& steps) {
-        for (const Step& step : steps) {
-            step.who.Says(step.says);
-            Hear(step.what, step.hear);
-        }
+    /// What ann, bob, cid, dan and eve hear of it; those not named hear nothing.
+    void Step(const char* what, Client& who, const std::string& says, std::vector<std::string> hear) {
+        Says(who, says);
+        Hear(what, std::move(hear));
     }
     void Hear(const char* what, std::vector<std::string> hear) {
         hear.resize(5);
         std::size_t i = 0;
         for (Client* user : {&ann, &bob, &cid, &dan, &eve})
             EXPECT_EQ(user->Reads(), hear[i++]) << what << ", what " << user->name << " hears";
+    }
+
+    /// What all in "Go" hear, behind what each of the five hears for himself.
+    static std::vector<std::string> All(const std::string& all, std::vector<std::string> own) {
+        own.resize(5);
+        for (std::size_t i = 0; i < 4; ++i) own[i] += all;
+        return own;
     }
 
     static std::string Creates(const Client& user, const std::string& room, const std::string& max = "4",

@@ -2,9 +2,8 @@
 
 namespace ombrin::server::test {
 
-class BuddyTest : public World {
-protected:
-    explicit BuddyTest(const Configuration& configuration = Few()) : World(configuration) {}
+struct BuddyTest : World, testing::Test {
+    BuddyTest() : World(Few()) {}
     static Configuration Few() {
         Configuration configuration = Lobbies();
         configuration.greeting.clear();

@@ -5,8 +5,7 @@ namespace ombrin::server::test {
 using testing::HasSubstr;
 
 /// ann's room "Red Base" with bob in it; cid and dan are in the lobby, and eve in another.
-class GameTest : public RoomTest {
-protected:
+struct GameTest : RoomTest {
     GameTest() { OpenRedBase(); }
 
     static std::string Launches(const Client& user) { return client_message::Launch(user.Record("Go"), "Red Base"); }
@@ -37,30 +36,22 @@ TEST_F(GameTest, ALaunchUntilAllAreBackAndAnother) {
     const std::string annBack = InRoom("5", "ann");
     const std::string bobBack = InRoom("5", "bob");
     const std::string oldNames = "8:ann;~8:bob;~";
-    Play({
-        {"from outside", dan, Launches(dan), {"", "", "", "36:You are in no room.;~"}},
-        {"by a member", bob, Launches(bob), {"", "36:Only its creator can launch a room's game.;~"}},
-        {"back from no game", bob, Returns(bob), {"", "36:You are in no game.;~"}},
-        {"launch", ann, Launches(ann), {started + launch, started + launch, started, started}},
-        {"closed while it runs", cid, Asks(cid, "Red Base"), {"", "", "18:~"}},
-        {"yet to be looked at", cid, Previews(cid, "Red Base"), {"", "", both}},
-        {"the first is back",
-         ann,
-         Returns(ann, "not the room"),
-         {"0:ann;2;bob;3;cid;1;dan;1;~2:" + Base("2") + oldNames + both + annBack, "", annBack, annBack}},
-        {"a second launch, with bob still in the game", ann, Launches(ann), {started + launch, "", started, started}},
-        {"and by mistake from inside it", ann, Launches(ann), {"", "", started, started}},
-        {"bob is back",
-         bob,
-         Returns(bob),
-         {"", "0:ann;3;bob;2;cid;1;dan;1;~2:" + Base("2") + oldNames + both + bobBack, bobBack, bobBack}},
-        {"ann, too",
-         ann,
-         Returns(ann),
+    Step("from outside", dan, Launches(dan), {"", "", "", "36:You are in no room.;~"});
+    Step("by a member", bob, Launches(bob), {"", "36:Only its creator can launch a room's game.;~"});
+    Step("back from no game", bob, Returns(bob), {"", "36:You are in no game.;~"});
+    Step("launch", ann, Launches(ann), {started + launch, started + launch, started, started});
+    Step("closed while it runs", cid, Asks(cid, "Red Base"), {"", "", "18:~"});
+    Step("yet to be looked at", cid, Previews(cid, "Red Base"), {"", "", both});
+    Step("the first is back", ann, Returns(ann, "not the room"),
+         {"0:ann;2;bob;3;cid;1;dan;1;~2:" + Base("2") + oldNames + both + annBack, "", annBack, annBack});
+    Step("a second launch, with bob still in the game", ann, Launches(ann), {started + launch, "", started, started});
+    Step("and by mistake from inside it", ann, Launches(ann), {"", "", started, started});
+    Step("bob is back", bob, Returns(bob),
+         {"", "0:ann;3;bob;2;cid;1;dan;1;~2:" + Base("2") + oldNames + both + bobBack, bobBack, bobBack});
+    Step("ann, too", ann, Returns(ann),
          {"0:ann;2;bob;2;cid;1;dan;1;~2:" + Base("2") + oldNames + both + annBack + open, annBack + open,
-          annBack + open, annBack + open}},
-        {"a third", ann, Launches(ann), {started + launch, started + launch, started, started}},
-    });
+          annBack + open, annBack + open});
+    Step("a third", ann, Launches(ann), {started + launch, started + launch, started, started});
     bob.Says(Returns(bob));
     ann.Says(Returns(ann));
     cid.Says(Asks(cid, "Red Base"));
@@ -73,16 +64,14 @@ TEST_F(GameTest, WhoJoinsARunningGameIsInItUntilHeIsBack) {
     const std::string in = Status("3", "cid", "");
     const std::string back = Status("1", "cid", "");
     const std::string playing = "36:You are in a game.;~";
-    Play({
-        {"from a room", bob, joins, {"", "36:You are in a room already.;~"}},
-        {"of another kind", cid, "Ombrin:29:4;:~", {"", "", "36:The server cannot read this request.;~"}},
-        {"join", cid, joins, {"", "", "", in}},
-        {"once more", cid, joins, {"", "", "36:You are in a game already.;~"}},
-        {"a room of his own", cid, Creates(cid, "Own"), {"", "", playing + "17:~"}},
-        {"another's room", cid, Asks(cid, "Red Base"), {"", "", playing + "18:~"}},
-        {"a look at it", cid, Previews(cid, "Red Base"), {"", "", playing}},
-        {"back", cid, Returns(cid, ""), {"", "", "0:ann;3;bob;3;cid;1;dan;1;~2:" + Base("2") + back, back}},
-    });
+    Step("from a room", bob, joins, {"", "36:You are in a room already.;~"});
+    Step("of another kind", cid, "Ombrin:29:4;:~", {"", "", "36:The server cannot read this request.;~"});
+    Step("join", cid, joins, {"", "", "", in});
+    Step("once more", cid, joins, {"", "", "36:You are in a game already.;~"});
+    Step("a room of his own", cid, Creates(cid, "Own"), {"", "", playing + "17:~"});
+    Step("another's room", cid, Asks(cid, "Red Base"), {"", "", playing + "18:~"});
+    Step("a look at it", cid, Previews(cid, "Red Base"), {"", "", playing});
+    Step("back", cid, Returns(cid, ""), {"", "", "0:ann;3;bob;3;cid;1;dan;1;~2:" + Base("2") + back, back});
 
     cid.Says(Creates(cid, "Own"));
     dan.Says(Previews(dan, "Own") + joins);
@@ -95,60 +84,9 @@ TEST_F(GameTest, WhoJoinsARunningGameIsInItUntilHeIsBack) {
 }
 
 TEST_F(GameTest, HoweverOneLeavesHisRoomInAGameTheOthersSeeItInOrder) {
-    const auto leavesLobby = [](const Client& user) { return client_message::LeaveLobby(user.Record("Go")); };
-    const std::string bobPlays = Status("3", "bob", "");
-    const std::string bobOut = InRoom("1", "bob") + bobPlays;
-    const std::string one = "14:" + Base("1", "1");
-    struct Way {
-        const char* what;
-        bool annIsBack;
-        Client& who;
-        std::string says; ///< empty: the connection ends
-        std::vector<std::string> hear;
-    };
-    const std::string ended = "13:1:ann;Red Base;10.0.0.1;1:bob;Red Base;10.0.0.1;~";
-    const std::string gone = "15:bob;~49:bob;Go;1;~";
-    const std::string annGone = "49:ann;Go;1;~";
-    const std::string left = "49:bob;Go;0;~";
-    const Way ways[] = {
-        {"leaves, his creator plays on", false, bob, Leaves(bob, "Red Base"), {"", "9:~", bobOut, bobOut}},
-        {"leaves as the last",
-         true,
-         bob,
-         Leaves(bob, "Red Base"),
-         {"8:bob;~" + bobOut + one, "9:~", bobOut + one, bobOut + one}},
-        {"is rejected as the last",
-         true,
-         ann,
-         Rejects(ann, "Red Base", "bob"),
-         {bobOut + "8:bob;~" + one, "42:~", bobOut + one, bobOut + one}},
-        {"leaves the lobby",
-         true,
-         bob,
-         leavesLobby(bob),
-         {"8:bob;~" + bobOut + one + "15:bob;~" + left, "9:~" + left + "22:Go,3;Chess,1;~",
-          bobOut + one + "15:bob;~" + left, bobOut + one + "15:bob;~" + left, left}},
-        {"has gone",
-         true,
-         bob,
-         "",
-         {"8:bob;~" + InRoom("1", "bob") + one + gone, "", InRoom("1", "bob") + one + gone,
-          InRoom("1", "bob") + one + gone, "49:bob;Go;1;~"}},
-        {"destroys it",
-         true,
-         ann,
-         Destroys(ann, "Red Base"),
-         {"10:~" + ended + bobPlays + "11:Red Base;~", "10:~", ended + bobPlays + "11:Red Base;~",
-          ended + bobPlays + "11:Red Base;~"}},
-        {"its creator has gone",
-         false,
-         ann,
-         "",
-         {"", "10:~" + annGone, ended + bobPlays + "11:Red Base;~15:ann;~" + annGone,
-          ended + bobPlays + "11:Red Base;~15:ann;~" + annGone, annGone}},
-    };
     // Each way begins with the same users in the same order.
-    const auto arrive = [&] {
+    const auto begins = [&](bool annIsBack) {
+        clock.Turn(Milliseconds(5'000)); // arriving has its price
         for (Client* user : {&ann, &bob, &cid, &dan}) {
             if (user->session != nullptr) Disconnects(*user);
             user->closed = false;
@@ -158,23 +96,42 @@ TEST_F(GameTest, HoweverOneLeavesHisRoomInAGameTheOthersSeeItInOrder) {
         }
         OpenRedBase();
         Launch();
-    };
-    for (const Way& way : ways) {
-        arrive();
-        if (way.annIsBack) ann.Says(Returns(ann));
+        if (annIsBack) ann.Says(Returns(ann));
         ForgetAllRead();
-        if (way.says.empty())
-            Disconnects(way.who);
-        else
-            way.who.Says(way.says);
-        Hear(way.what, way.hear);
-        clock.Turn(Milliseconds(5'000)); // arriving has its price
-    }
+    };
+    const std::string bobPlays = Status("3", "bob", ""), bobOut = InRoom("1", "bob") + bobPlays;
+    const std::string one = "14:" + Base("1", "1"), ended = "13:1:ann;Red Base;10.0.0.1;1:bob;Red Base;10.0.0.1;~";
+    const std::string left = "49:bob;Go;0;~", bobGone = "49:bob;Go;1;~", annGone = "49:ann;Go;1;~";
+    begins(false);
+    Step("leaves, his creator plays on", bob, Leaves(bob, "Red Base"), {"", "9:~", bobOut, bobOut});
+    begins(true);
+    Step("leaves as the last", bob, Leaves(bob, "Red Base"),
+         {"8:bob;~" + bobOut + one, "9:~", bobOut + one, bobOut + one});
+    begins(true);
+    Step("is rejected as the last", ann, Rejects(ann, "Red Base", "bob"),
+         {bobOut + "8:bob;~" + one, "42:~", bobOut + one, bobOut + one});
+    begins(true);
+    const std::string seen = bobOut + one + "15:bob;~" + left;
+    Step("leaves the lobby", bob, client_message::LeaveLobby(bob.Record("Go")),
+         {"8:bob;~" + seen, "9:~" + left + "22:Go,3;Chess,1;~", seen, seen, left});
+    begins(true);
+    const std::string vanished = InRoom("1", "bob") + one + "15:bob;~" + bobGone;
+    Step("has gone", bob, "", {"8:bob;~" + vanished, "", vanished, vanished, bobGone});
+    begins(true);
+    const std::string over = ended + bobPlays + "11:Red Base;~";
+    Step("destroys it", ann, Destroys(ann, "Red Base"), {"10:~" + over, "10:~", over, over});
+    begins(false);
+    Step("its creator has gone", ann, "",
+         {"", "10:~" + annGone, over + "15:ann;~" + annGone, over + "15:ann;~" + annGone, annGone});
 }
 
 TEST_F(GameTest, AClientInAGameHearsLinesAndGetsItsListsWhenItIsBack) {
     Launch();
-    cid.Says(Creates(cid, "Own"));
+    cid.Says(Creates(cid, "Own", "4", "1") + Launches(cid));
+    dan.Reads();
+    cid.Says(Returns(cid));
+    EXPECT_EQ(dan.Reads(), Status("5", "cid", "Own") + "14:Own;4;10.0.0.1;1;4;~")
+        << "a locked room shows its key again";
     dan.Says(Asks(dan, "Own") + Leaves(dan, "Own"));
     cid.Says(Destroys(cid, "Own"));
     Client& fay = LoggedOn("fay");
@@ -185,13 +142,6 @@ TEST_F(GameTest, AClientInAGameHearsLinesAndGetsItsListsWhenItIsBack) {
     ann.Says(Returns(ann));
     EXPECT_EQ(ann.Reads(), "0:ann;2;bob;3;cid;1;dan;1;~2:" + Base("2", "1") + "8:ann;~8:bob;~3:ann;10.0.0.1;N;~" +
                                InRoom("5", "ann") + "14:" + Base("1", "1"));
-}
-
-TEST_F(GameTest, ALockedRoomShowsItsKeyAgain) {
-    cid.Says(Creates(cid, "Key", "4", "1", "pw") + Launches(cid));
-    ForgetAllRead();
-    cid.Says(Returns(cid));
-    EXPECT_EQ(dan.Reads(), Status("5", "cid", "Key") + "14:Key;4;10.0.0.1;1;4;~");
 }
 
 TEST_F(GameTest, WhoWentFromTheLobbyInAGameComesBackToNone) {

@@ -7,31 +7,15 @@ namespace ombrin::server::test {
 using testing::HasSubstr;
 using testing::Not;
 
-class Logon : public World {};
-
-TEST_F(Logon, TheLobbyNamesComePlainAndTheConnectionCloses) {
-    Client& page = Connects("");
-    page.Says("Ombrin:0:");
-    EXPECT_EQ(page.Reads(), "Go;Chess;");
-    EXPECT_TRUE(page.closed);
-}
-
-TEST_F(Logon, ARightPasswordBringsAddressAndLobbiesWithTheirCounts) {
-    InLobby("bob");
-    Client& ann = LoggedOn("ann", "10.0.0.7");
-    EXPECT_EQ(ann.Reads(), "45:10.0.0.7;~22:Go,1;Chess,0;~");
-}
-
-struct Refusal {
-    const char* what;
-    std::string message;
-    std::string answer;
-};
+struct Logon : World, testing::Test {};
 
 TEST_F(Logon, WhatIsRefusedIsAnsweredByItsCode) {
     accounts.Add({"Ann", "hash of pw"});
     const std::string nameRecord = "x;temp;1";
-    const Refusal refusals[] = {
+    const struct {
+        const char* what;
+        std::string message, answer;
+    } kRefusals[] = {
         {"wrong password", client_message::Logon("Ann;temp;1", "pW"), "24:~"},
         {"no password", client_message::Logon("Ann;temp;1", ""), "24:~"},
         {"unknown name", client_message::Logon("Bob;temp;1", "pw"), "24:~"},
@@ -54,7 +38,7 @@ TEST_F(Logon, WhatIsRefusedIsAnsweredByItsCode) {
         {"a heartbeat", client_message::HeartBeat(), ""},
         {"the end", client_message::Closing(), ""},
     };
-    for (const Refusal& refusal : refusals) {
+    for (const auto& refusal : kRefusals) {
         Client& client = Connects("x", Join("10.1.0.", std::to_string(clients.size())));
         client.Says(refusal.message);
         EXPECT_EQ(client.Reads(), refusal.answer) << refusal.what;
@@ -170,39 +154,26 @@ TEST_F(Logon, TenWrongPasswordsSlowTheirAddressAndNobodyElse) {
     EXPECT_EQ(thief.Reads(), "24:~") << "and makes up for the wrong ones";
 }
 
-TEST_F(Logon, AFullServerSaysSo) {
+TEST_F(Logon, AServerThatIsFullOfUsersOrAccountsSaysSo) {
     Configuration small = Lobbies();
     small.limits.users = 1;
-    Service tiny(small, {}, {clock, passwords, accounts, log});
-    accounts.Add({"ann", "hash of pw"});
-    accounts.Add({"bob", "hash of pw"});
-    Client ann(tiny, clock);
-    ann.name = "ann";
-    ann.session = &tiny.Connected(ann, {"10.0.0.1", "10.0.0.1", "10.0.0.9"});
-    Client bob(tiny, clock);
-    bob.name = "bob";
-    bob.session = &tiny.Connected(bob, {"10.0.0.1", "10.0.0.1", "10.0.0.9"});
-    ann.LogsOn();
-    bob.LogsOn();
+    World tiny(small);
+    Client& ann = tiny.LoggedOn("ann");
+    Client& bob = tiny.LoggedOn("bob");
     EXPECT_EQ(bob.Reads(), "23:~");
-    EXPECT_THAT(log.text, HasSubstr("was refused: the server is full"));
-    tiny.Ended(*ann.session);
+    EXPECT_THAT(tiny.log.text, HasSubstr("was refused: the server is full"));
+    tiny.Disconnects(ann);
     bob.LogsOn();
     EXPECT_THAT(bob.Reads(), HasSubstr("22:"));
-}
 
-TEST_F(Logon, NobodyGetsAnAccountBeyondTheirNumber) {
-    Configuration small = Lobbies();
     small.limits.accounts = 0;
-    Service tiny(small, {}, {clock, passwords, accounts, log});
-    Client ann(tiny, clock);
-    ann.session = &tiny.Connected(ann, {"10.0.0.1", "10.0.0.1", "10.0.0.9"});
-    ann.Says(client_message::CreateAccount("ann", "pw", "pw"));
-    EXPECT_EQ(ann.Reads(), "32:~");
+    World none(small);
+    Client& cid = none.Connects("cid");
+    cid.Says(client_message::CreateAccount("cid", "pw", "pw"));
+    EXPECT_EQ(cid.Reads(), "32:~");
 }
 
-class OpenServer : public World {
-protected:
+struct OpenServer : World, testing::Test {
     OpenServer() : World(Lobbies(), {.openAccounts = true, .trustEmbedded = true}) {}
 };
 
@@ -241,17 +212,14 @@ TEST_F(OpenServer, AnEmbeddedClientIsOnWithItsFirstMessageAndInTheLobby) {
     EXPECT_THAT(guest.Reads(), HasSubstr("21:Chess;~"));
 }
 
-TEST_F(OpenServer, WhatTheConfigurationNamesComesBehindTheLobbyList) {
+TEST_F(Logon, WhatTheConfigurationNamesComesBehindTheLobbyList) {
     Configuration full = Lobbies();
     full.banners = {{"http://a.example/x;y", 30}};
     full.changeOfLobby = false;
     full.directPlayGames = {{"Go", "Go 3000"}};
     full.directIPGames = {{"Chess", "chess.exe"}};
-    Service rich(full, {.openAccounts = true}, {clock, passwords, accounts, log});
-    Client ann(rich, clock);
-    ann.name = "ann";
-    ann.session = &rich.Connected(ann, {"10.0.0.1", "10.0.0.1", "10.0.0.9"});
-    ann.LogsOn();
+    World rich(full);
+    Client& ann = rich.LoggedOn("ann");
     const std::string banner = "30;26;http%*|@//a.example/x^}|#y;";
     EXPECT_EQ(ann.Reads(),
               "45:10.0.0.1;~22:Go,0;Chess,0;~37:2:" + banner + banner + "~38:~39:Go;Go 3000;~40:Chess;chess.exe;~");

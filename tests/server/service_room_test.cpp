@@ -9,43 +9,31 @@ using testing::Not;
 
 TEST_F(RoomTest, ARoomFromItsOpeningToItsEnd) {
     const std::string opened = "2:Red Base;1;10.0.0.1;1;4;~13:5:ann;Red Base;10.0.0.1;~";
-    const std::string bobIn = "13:2:bob;Red Base;10.0.0.1;~";
+    const std::string bobIn = "13:2:bob;Red Base;10.0.0.1;~", bobOut = "13:1:bob;Red Base;10.0.0.1;~";
     const std::string cidIn = "13:2:cid;Red Base;10.0.0.1;~";
-    const std::string bobOut = "13:1:bob;Red Base;10.0.0.1;~";
     const std::string ended = "13:1:ann;Red Base;10.0.0.1;1:cid;Red Base;10.0.0.1;~11:Red Base;~";
     const std::string line = "4:cid:a%*|@b:;~";
-    Play({
-        {"create",
-         ann,
-         Creates(ann, "Red Base", "4", "0", "stale", "Y"),
-         {"5:ann;10.0.0.1;Y;~" + opened, opened, opened, opened}},
-        {"enter",
-         bob,
-         Asks(bob, "Red Base"),
-         {"3:bob;10.0.0.1;N;~" + bobIn, "3:ann;10.0.0.1;Y;bob;10.0.0.1;N;~7:ann;~" + bobIn, bobIn, bobIn}},
-        {"enter again",
-         cid,
-         Asks(cid, "Red Base", "Y"),
-         {"3:cid;10.0.0.1;Y;~" + cidIn, "3:cid;10.0.0.1;Y;~" + cidIn,
-          "3:ann;10.0.0.1;Y;bob;10.0.0.1;N;cid;10.0.0.1;Y;~7:ann;~" + cidIn, cidIn}},
-        {"line", cid, Writes(cid, "Red Base", "a%*|@b"), {line, line, line}},
-        {"forged line",
-         cid,
-         Writes(cid, "Red Base", "x:;ann:y"),
-         {"", "", "36:The server cannot read this request.;~"}},
-        {"line from outside", dan, Writes(dan, "Red Base"), {}},
-        {"leave", bob, Leaves(bob, "Red Base"), {"8:bob;~" + bobOut, "9:~" + bobOut, "8:bob;~" + bobOut, bobOut}},
-        {"late line", bob, Writes(bob, "Red Base"), {}},
-        {"leave once more", bob, Leaves(bob, "Red Base"), {"", "9:~"}},
-        {"destroy from outside", dan, Destroys(dan, "Red Base"), {"", "", "", "10:~"}},
-        {"destroy by a member", cid, Destroys(cid, "Red Base"), {"", "", "36:Only its creator can destroy a room.;~"}},
-        {"destroy", ann, Destroys(ann, "Red Base"), {"10:~" + ended, ended, "10:~" + ended, ended}},
-        {"destroy once more", ann, Destroys(ann, "Red Base"), {"10:~"}},
-        {"late entry", dan, Asks(dan, "Red Base"), {"", "", "", "19:~"}},
-        {"late line", cid, Writes(cid, "Red Base"), {}},
-        {"late preview", dan, Previews(dan, "Red Base"), {}},
-        {"late rejection", ann, Rejects(ann, "Red Base", "cid"), {}},
-    });
+    Step("create", ann, Creates(ann, "Red Base", "4", "0", "stale", "Y"), All(opened, {"5:ann;10.0.0.1;Y;~"}));
+    Step("enter", bob, Asks(bob, "Red Base"),
+         All(bobIn, {"3:bob;10.0.0.1;N;~", "3:ann;10.0.0.1;Y;bob;10.0.0.1;N;~7:ann;~"}));
+    Step("enter again", cid, Asks(cid, "Red Base", "Y"),
+         All(cidIn,
+             {"3:cid;10.0.0.1;Y;~", "3:cid;10.0.0.1;Y;~", "3:ann;10.0.0.1;Y;bob;10.0.0.1;N;cid;10.0.0.1;Y;~7:ann;~"}));
+    Step("line", cid, Writes(cid, "Red Base", "a%*|@b"), {line, line, line});
+    Step("forged line", cid, Writes(cid, "Red Base", "x:;ann:y"),
+         {"", "", "36:The server cannot read this request.;~"});
+    Step("line from outside", dan, Writes(dan, "Red Base"), {});
+    Step("leave", bob, Leaves(bob, "Red Base"), {"8:bob;~" + bobOut, "9:~" + bobOut, "8:bob;~" + bobOut, bobOut});
+    Step("late line", bob, Writes(bob, "Red Base"), {});
+    Step("leave once more", bob, Leaves(bob, "Red Base"), {"", "9:~"});
+    Step("destroy from outside", dan, Destroys(dan, "Red Base"), {"", "", "", "10:~"});
+    Step("destroy by a member", cid, Destroys(cid, "Red Base"), {"", "", "36:Only its creator can destroy a room.;~"});
+    Step("destroy", ann, Destroys(ann, "Red Base"), All(ended, {"10:~", "", "10:~"}));
+    Step("destroy once more", ann, Destroys(ann, "Red Base"), {"10:~"});
+    Step("late entry", dan, Asks(dan, "Red Base"), {"", "", "", "19:~"});
+    Step("late line", cid, Writes(cid, "Red Base"), {});
+    Step("late preview", dan, Previews(dan, "Red Base"), {});
+    Step("late rejection", ann, Rejects(ann, "Red Base", "cid"), {});
 }
 
 TEST_F(RoomTest, WhoComesSeesTheRoomsAndWhoIsInThem) {
@@ -59,41 +47,38 @@ TEST_F(RoomTest, WhoComesSeesTheRoomsAndWhoIsInThem) {
 }
 
 TEST_F(RoomTest, ARoomIsOpenedWithGoodValuesOnly) {
-    struct Case {
+    const std::string longest(40, 'x');
+    const struct {
         const char* what;
         std::string says;
-        bool good;
-    };
-    const std::string longest(40, 'x');
-    const Case cases[] = {
-        {"no name", Creates(ann, ""), false},
-        {"a name with a blank around it", Creates(ann, " R"), false},
-        {"a name that is too long", Creates(ann, longest + "x"), false},
+        bool good = false;
+    } kCases[] = {
+        {"no name", Creates(ann, "")},
+        {"a name with a blank around it", Creates(ann, " R")},
+        {"a name that is too long", Creates(ann, longest + "x")},
         {"the longest name", Creates(ann, longest), true},
-        {"a bracket", Creates(ann, "R(1"), false},
-        {"a slash", Creates(ann, "R/1"), false},
-        {"a colon", Creates(ann, "R:1"), false},
-        {"an invisible character", Creates(ann, "R\xAD"), false},
-        {"one user", Creates(ann, "R", "1"), false},
+        {"a bracket", Creates(ann, "R(1")},
+        {"a slash", Creates(ann, "R/1")},
+        {"a colon", Creates(ann, "R:1")},
+        {"an invisible character", Creates(ann, "R\xAD")},
+        {"one user", Creates(ann, "R", "1")},
         {"two users", Creates(ann, "R", "2"), true},
         {"32 users", Creates(ann, "R", "32"), true},
-        {"33 users", Creates(ann, "R", "33"), false},
-        {"users with a blank", Creates(ann, "R", "4 "), false},
-        {"a lock of another kind", Creates(ann, "R", "4", "2"), false},
+        {"33 users", Creates(ann, "R", "33")},
+        {"users with a blank", Creates(ann, "R", "4 ")},
+        {"a lock of another kind", Creates(ann, "R", "4", "2")},
         {"the longest password", Creates(ann, "R", "4", "1", std::string(20, 'p')), true},
-        {"a password that is too long", Creates(ann, "R", "4", "1", std::string(21, 'p')), false},
-        {"a password with a bracket", Creates(ann, "R", "4", "1", "p("), false},
+        {"a password that is too long", Creates(ann, "R", "4", "1", std::string(21, 'p'))},
+        {"a password with a bracket", Creates(ann, "R", "4", "1", "p(")},
         {"the same, but it does not count", Creates(ann, "R", "4", "0", "p("), true},
-        {"a password that tears the message apart", Creates(ann, "R", "4", "0", "p;q"), false},
-        {"an address neither public nor not", Creates(ann, "R", "4", "0", "", "x"), false},
+        {"a password that tears the message apart", Creates(ann, "R", "4", "0", "p;q")},
+        {"an address neither public nor not", Creates(ann, "R", "4", "0", "", "x")},
     };
-    for (const Case& trial : cases) {
-        ann.Says(trial.says);
+    for (const auto& row : kCases) {
+        ann.Says(row.says);
         const std::string read = ann.Reads();
-        EXPECT_EQ(read.starts_with("5:"), trial.good) << trial.what;
-        if (!trial.good) {
-            EXPECT_TRUE(read.starts_with("36:") && read.ends_with(";~17:~")) << trial.what << ": " << read;
-        }
+        EXPECT_EQ(read.starts_with("5:"), row.good) << row.what << ": " << read;
+        EXPECT_EQ(read.starts_with("36:") && read.ends_with(";~17:~"), !row.good) << row.what << ": " << read;
         ann.Says(Destroys(ann, ""));
         ann.Reads();
         clock.Turn(Milliseconds(500)); // opening has its price
@@ -104,14 +89,12 @@ TEST_F(RoomTest, ARoomIsOpenedWithGoodValuesOnly) {
 TEST_F(RoomTest, ANameIsTakenOnceInALobbyAndRoomsAreLimited) {
     OpenRedBase();
     const std::string inRoom = "36:You are in a room already.;~";
-    Play({
-        {"taken", cid, Creates(cid, "Red Base"), {"", "", "17:~"}},
-        {"taken in other letters", cid, Creates(cid, "RED base"), {"", "", "17:~"}},
-        {"from a room", bob, Creates(bob, "Other"), {"", inRoom + "17:~"}},
-        {"into a second room", bob, Asks(bob, "Red Base"), {"", inRoom + "18:~"}},
-        {"preview from a room", bob, Previews(bob, "Red Base"), {"", inRoom}},
-        {"not seen from another lobby", eve, Asks(eve, "Red Base"), {"", "", "", "", "19:~"}},
-    });
+    Step("taken", cid, Creates(cid, "Red Base"), {"", "", "17:~"});
+    Step("taken in other letters", cid, Creates(cid, "RED base"), {"", "", "17:~"});
+    Step("from a room", bob, Creates(bob, "Other"), {"", inRoom + "17:~"});
+    Step("into a second room", bob, Asks(bob, "Red Base"), {"", inRoom + "18:~"});
+    Step("preview from a room", bob, Previews(bob, "Red Base"), {"", inRoom});
+    Step("not seen from another lobby", eve, Asks(eve, "Red Base"), {"", "", "", "", "19:~"});
     eve.Says(Creates(eve, "Red Base"));
     EXPECT_THAT(eve.Reads(), testing::StartsWith("5:eve;")) << "free in another lobby";
     cid.Says(Creates(cid, "Two"));
@@ -128,35 +111,24 @@ TEST_F(RoomTest, ANameIsTakenOnceInALobbyAndRoomsAreLimited) {
 TEST_F(RoomTest, TheDoorOfARoomHasOneRuleAfterTheOther) {
     ann.Says(Creates(ann, "Vault", "3", "1", "Secret9"));
     ForgetAllRead();
-    const std::string bobIn = "13:2:bob;Vault;10.0.0.1;~";
-    const std::string bobOut = "13:1:bob;Vault;10.0.0.1;~";
+    const std::string bobIn = "13:2:bob;Vault;10.0.0.1;~", bobOut = "13:1:bob;Vault;10.0.0.1;~";
     const std::string cidIn = "13:2:cid;Vault;10.0.0.1;~";
-    Play({
-        {"asked for the password", bob, Asks(bob, "Vault", "Y"), {"", "34:~"}},
-        {"wrong", bob, Answers(bob, "Vault", "Wrong9"), {"", "33:~"}},
-        {"right, and his address stays public",
-         bob,
-         Answers(bob, "Vault", "Secret9"),
-         {"3:bob;10.0.0.1;Y;~" + bobIn, "3:ann;10.0.0.1;N;bob;10.0.0.1;Y;~7:ann;~" + bobIn, bobIn, bobIn}},
-        {"right at once, no word about his address",
-         cid,
-         Answers(cid, "Vault", "Secret9"),
-         {"3:cid;10.0.0.1;N;~" + cidIn, "3:cid;10.0.0.1;N;~" + cidIn,
-          "3:ann;10.0.0.1;N;bob;10.0.0.1;Y;cid;10.0.0.1;N;~7:ann;~" + cidIn, cidIn}},
-        {"full comes before the password", dan, Asks(dan, "Vault"), {"", "", "", "18:~"}},
-        {"a member rejects nobody",
-         cid,
-         Rejects(cid, "Vault", "bob"),
-         {"", "", "36:Only its creator can reject users from a room.;~"}},
-        {"a creator does not reject himself", ann, Rejects(ann, "Vault", "ANN"), {"36:You cannot reject yourself.;~"}},
-        {"who is not there is not rejected", ann, Rejects(ann, "Vault", "dan"), {}},
-        {"rejected, in other letters",
-         ann,
-         Rejects(ann, "vault", "BOB"),
-         {bobOut + "8:bob;~", bobOut + "42:~", bobOut + "8:bob;~", bobOut}},
-        {"rejected once more", ann, Rejects(ann, "Vault", "bob"), {}},
-        {"banned comes before all others", bob, Answers(bob, "Vault", "Secret9"), {"", "43:~"}},
-    });
+    Step("asked for the password", bob, Asks(bob, "Vault", "Y"), {"", "34:~"});
+    Step("wrong", bob, Answers(bob, "Vault", "Wrong9"), {"", "33:~"});
+    Step("right, and his address stays public", bob, Answers(bob, "Vault", "Secret9"),
+         All(bobIn, {"3:bob;10.0.0.1;Y;~", "3:ann;10.0.0.1;N;bob;10.0.0.1;Y;~7:ann;~"}));
+    Step("right at once, no word about his address", cid, Answers(cid, "Vault", "Secret9"),
+         All(cidIn,
+             {"3:cid;10.0.0.1;N;~", "3:cid;10.0.0.1;N;~", "3:ann;10.0.0.1;N;bob;10.0.0.1;Y;cid;10.0.0.1;N;~7:ann;~"}));
+    Step("full comes before the password", dan, Asks(dan, "Vault"), {"", "", "", "18:~"});
+    Step("a member rejects nobody", cid, Rejects(cid, "Vault", "bob"),
+         {"", "", "36:Only its creator can reject users from a room.;~"});
+    Step("a creator does not reject himself", ann, Rejects(ann, "Vault", "ANN"), {"36:You cannot reject yourself.;~"});
+    Step("who is not there is not rejected", ann, Rejects(ann, "Vault", "dan"), {});
+    Step("rejected, in other letters", ann, Rejects(ann, "vault", "BOB"),
+         {bobOut + "8:bob;~", bobOut + "42:~", bobOut + "8:bob;~", bobOut});
+    Step("rejected once more", ann, Rejects(ann, "Vault", "bob"), {});
+    Step("banned comes before all others", bob, Answers(bob, "Vault", "Secret9"), {"", "43:~"});
     bob.Says(client_message::Closing());
     Client& again = LoggedOn("bob");
     again.Enters("Go");
@@ -171,48 +143,36 @@ TEST_F(RoomTest, TheDoorOfARoomHasOneRuleAfterTheOther) {
     EXPECT_THAT(dan.Reads(), HasSubstr("7:fay;~")) << "locked, yet nothing to ask for";
 }
 
-struct WayOut {
-    const char* what;
-    std::string (*says)(const Client&);
-    std::string hears;  ///< the one who leaves, a member
-    std::string behind; ///< what follows for the others
-    bool gone;
-};
-
 TEST_F(RoomTest, HoweverOneLeavesHisRoomLearnsOfIt) {
-    const std::string left = "13:1:*;R;10.0.0.1;~";
-    const std::string ended = "13:1:*;R;10.0.0.1;1:bob;R;10.0.0.1;~11:R;~";
-    const WayOut ways[] = {
-        {"leaves the room", [](const Client& user) { return Leaves(user, "R"); }, "", "", false},
-        {"leaves the lobby", [](const Client& user) { return client_message::LeaveLobby(user.Record("Go")); },
-         "49:*;Go;0;~22:Go,4;Chess,1;~", "15:*;~49:*;Go;0;~", false},
-        {"says goodbye", [](const Client&) { return client_message::Closing(); }, "", "15:*;~49:*;Go;1;~", true},
-        {"goes without a word", nullptr, "", "15:*;~49:*;Go;1;~", true},
+    const std::string left = "13:1:fay;R;10.0.0.1;~", ended = "13:1:fay;R;10.0.0.1;1:bob;R;10.0.0.1;~11:R;~";
+    const std::string goes = client_message::LeaveLobby("fay;Go;1"), bye = client_message::Closing();
+    const struct {
+        const char* what;
+        std::string says;   ///< empty: the connection ends
+        std::string hears;  ///< the one who leaves, a member; nothing when he has gone
+        std::string behind; ///< what follows for the others
+    } kWays[] = {
+        {"leaves the room", client_message::LeaveRoom("fay;Go;1", "R"), "9:~*", ""},
+        {"leaves the lobby", goes, "9:~*49:fay;Go;0;~22:Go,4;Chess,1;~", "15:fay;~49:fay;Go;0;~"},
+        {"says goodbye", bye, "", "15:fay;~49:fay;Go;1;~"},
+        {"goes without a word", "", "", "15:fay;~49:fay;Go;1;~"},
     };
-    int number = 0;
-    for (const WayOut& way : ways) {
+    for (const auto& way : kWays) {
         for (const bool creator : {false, true}) {
-            Client& fay = InLobby("fay" + std::to_string(++number));
+            Client& fay = InLobby("fay");
             Client& host = creator ? fay : ann;
             host.Says(Creates(host, "R"));
             bob.Says(Asks(bob, "R"));
             if (!creator) fay.Says(Asks(fay, "R"));
             ForgetAllRead();
-            if (way.says != nullptr)
-                fay.Says(way.says(fay));
-            else
-                Disconnects(fay);
+            Says(fay, way.says);
 
-            const auto named = [&](std::string text) {
-                for (std::size_t at = text.find('*'); at != std::string::npos; at = text.find('*', at))
-                    text.replace(at, 1, fay.name);
-                return text;
-            };
             const std::string toAll = creator ? ended : left;
-            EXPECT_EQ(fay.Reads(), way.gone ? "" : named((creator ? "9:~10:~" : "9:~") + toAll + way.hears))
-                << way.what;
-            EXPECT_EQ(bob.Reads(), named((creator ? "10:~" : "8:*;~") + toAll + way.behind)) << way.what;
-            EXPECT_EQ(cid.Reads(), named(toAll + way.behind)) << way.what;
+            std::string hears = way.hears;
+            if (!hears.empty()) hears.replace(3, 1, (creator ? "10:~" : "") + toAll);
+            EXPECT_EQ(fay.Reads(), hears) << way.what;
+            EXPECT_EQ(bob.Reads(), (creator ? "10:~" : "8:fay;~") + toAll + way.behind) << way.what;
+            EXPECT_EQ(cid.Reads(), toAll + way.behind) << way.what;
             if (fay.session != nullptr) Disconnects(fay);
             ann.Says(Destroys(ann, "R"));
             ForgetAllRead();
@@ -225,11 +185,9 @@ TEST_F(RoomTest, APreviewTakesOldNamesOffTheListFirst) {
     cid.Says(Creates(cid, "Key"));
     ForgetAllRead();
     const std::string annAndBob = "3:ann;10.0.0.1;N;bob;10.0.0.1;N;~";
-    Play({
-        {"first", dan, Previews(dan, "Red Base"), {"", "", "", annAndBob}},
-        {"again", dan, Previews(dan, "Red Base"), {"", "", "", "8:ann;~8:bob;~" + annAndBob}},
-        {"another", dan, Previews(dan, "Key"), {"", "", "", "8:ann;~8:bob;~3:cid;10.0.0.1;N;~"}},
-    });
+    Step("first", dan, Previews(dan, "Red Base"), {"", "", "", annAndBob});
+    Step("again", dan, Previews(dan, "Red Base"), {"", "", "", "8:ann;~8:bob;~" + annAndBob});
+    Step("another", dan, Previews(dan, "Key"), {"", "", "", "8:ann;~8:bob;~3:cid;10.0.0.1;N;~"});
     Client& fay = InLobby("fay");
     fay.Says(Asks(fay, "Red Base") + Leaves(fay, "Red Base")); // not what dan looks at
     fay.Says(Asks(fay, "Key") + Leaves(fay, "Key"));
@@ -260,15 +218,30 @@ TEST_F(RoomTest, WhatALongLookAtARoomRemembersIsBounded) {
     for (std::size_t i = 0; i < kVisitors; ++i) EXPECT_THAT(heard, HasSubstr("8:v" + std::to_string(i) + ";~"));
 }
 
-TEST_F(RoomTest, RoomLinesHaveALimitOfTheirOwn) {
+TEST_F(RoomTest, WhoWritesTooFastIsHeardAtTheAllowedRateOfEachKindAndToldOnce) {
     OpenRedBase();
-    for (int i = 0; i < 20; ++i) bob.Says(Writes(bob, "Red Base", "x"));
-    std::string eight;
-    for (int i = 0; i < 8; ++i) eight += "4:bob:x:;~";
-    EXPECT_EQ(ann.Reads(), eight);
-    EXPECT_EQ(bob.Reads(), eight + "36:You are writing too fast. Your lines are not sent for a moment.;~");
-    bob.Says(client_message::LobbyLine(bob.Record("Go"), "y"));
-    EXPECT_EQ(ann.Reads(), "1:bob:y:;~");
+    const std::string record = ann.Record("Go"),
+                      told = "36:You are writing too fast. Your lines are not sent for a moment.;~";
+    const std::pair<std::string, std::string> kKinds[] = {
+        {client_message::LobbyLine(record, "x"), "1:ann:x:;~"},
+        {Writes(ann, "Red Base", "x"), "4:ann:x:;~"},
+        {client_message::PrivateMessage(record, "bob", "x"), "35:ann;ann:x:;~"},
+    };
+    for (const auto& [says, heard] : kKinds) {
+        for (int i = 0; i < 20; ++i) ann.Says(says);
+        std::string eight;
+        for (int i = 0; i < 8; ++i) eight += heard;
+        EXPECT_EQ(ann.Reads(), eight + told);
+        EXPECT_EQ(bob.Reads(), eight);
+    }
+    clock.Turn(Milliseconds(500));
+    for (int i = 0; i < 5; ++i) ann.Says(kKinds[0].first);
+    EXPECT_EQ(bob.Reads(), "1:ann:x:;~") << "two a second";
+    EXPECT_EQ(ann.Reads(), "1:ann:x:;~" + told) << "a line had passed, so the next that does not is told again";
+    bob.Says(client_message::LobbyLine(bob.Record("Go"), "z"));
+    EXPECT_EQ(ann.Reads(), "1:bob:z:;~") << "each sender has his own limit";
+    ann.Says(client_message::LeaveLobby(record));
+    EXPECT_THAT(ann.Reads(), HasSubstr("22:")) << "leaving is never limited";
 }
 
 } // namespace ombrin::server::test

@@ -11,8 +11,7 @@
 
 namespace ombrin::server::test {
 
-class World : public testing::Test {
-protected:
+struct World {
     explicit World(const Configuration& configuration = Lobbies(), Access access = {})
         : passwords(clock), accounts(":memory:"), service(configuration, access, {clock, passwords, accounts, log}) {}
 
@@ -44,6 +43,8 @@ protected:
         ForgetAllRead();
         return client;
     }
+    /// Without a word his connection ends.
+    void Says(Client& client, const std::string& words) { words.empty() ? Disconnects(client) : client.Says(words); }
     void Disconnects(Client& client) { service.Ended(*std::exchange(client.session, nullptr)); }
     void ForgetAllRead() {
         for (const auto& client : clients) client->Reads();
