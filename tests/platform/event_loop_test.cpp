@@ -42,6 +42,14 @@ protected:
     std::function<void()> Says(std::string what) {
         return [this, what] { said.push_back(what); };
     }
+    /// Fills the pipe, and empties it when it is found ready.
+    EventLoop::Watch Watches(Pipe& pipe, std::function<void()> then) {
+        pipe.Fill();
+        return loop.OnReady(pipe.readEnd.Number(), EventLoop::Interest::Read, [&pipe, then] {
+            pipe.Empty();
+            then();
+        });
+    }
 
     VirtualClock clock;
     EventLoop loop{clock};
@@ -80,11 +88,7 @@ TEST_F(EventLoopTest, ACancelledAlarmStaysSilentAndANumberIsNotUsedTwice) {
 
 TEST_F(EventLoopTest, PostsComeFirstThenAlarmsThenDescriptorsOneACall) {
     Pipe pipe;
-    pipe.Fill();
-    const auto watch = loop.OnReady(pipe.readEnd.Number(), EventLoop::Interest::Read, [&] {
-        pipe.Empty();
-        said.push_back("descriptor");
-    });
+    const auto watch = Watches(pipe, Says("descriptor"));
     loop.At(loop.Now(), Says("alarm"));
     loop.Post(Says("post"));
     loop.Post(Says("second post"));
@@ -98,15 +102,13 @@ TEST_F(EventLoopTest, PostsComeFirstThenAlarmsThenDescriptorsOneACall) {
 
 TEST_F(EventLoopTest, ACallbackMayRunTheLoopAgain) {
     Pipe pipe;
-    pipe.Fill();
     loop.At(loop.Now(), [&] {
         said.push_back("outer begins");
         RunAll();
         said.push_back("outer ends");
     });
     loop.At(loop.Now(), Says("alarm"));
-    const auto watch = loop.OnReady(pipe.readEnd.Number(), EventLoop::Interest::Read, [&] {
-        pipe.Empty();
+    const auto watch = Watches(pipe, [&] {
         said.push_back("descriptor begins");
         loop.Post(Says("post"));
         RunAll();
@@ -148,16 +150,12 @@ TEST_F(EventLoopTest, AWatchTellsOnlyWhatItIsInterestedIn) {
 
 TEST_F(EventLoopTest, WhileHeldOnlyPostsAndSignalsRunAndTheRestFollows) {
     Pipe pipe, signal;
-    pipe.Fill();
     signal.Fill();
     const auto urgent = loop.OnUrgent(signal.readEnd.Number(), [&] {
         signal.Empty();
         said.push_back("signal");
     });
-    const auto watch = loop.OnReady(pipe.readEnd.Number(), EventLoop::Interest::Read, [&] {
-        pipe.Empty();
-        said.push_back("descriptor");
-    });
+    const auto watch = Watches(pipe, Says("descriptor"));
     loop.At(loop.Now(), Says("alarm"));
     loop.Hold(true);
     loop.Post(Says("post"));
@@ -171,14 +169,11 @@ TEST_F(EventLoopTest, WhileHeldOnlyPostsAndSignalsRunAndTheRestFollows) {
 TEST_F(EventLoopTest, WhatTheLastLookFoundWaitsAlsoForTheEndOfAHold) {
     Pipe pipes[2];
     std::vector<EventLoop::Watch> watches;
-    for (Pipe& pipe : pipes) {
-        pipe.Fill();
-        watches.push_back(loop.OnReady(pipe.readEnd.Number(), EventLoop::Interest::Read, [&] {
-            pipe.Empty();
+    for (Pipe& pipe : pipes)
+        watches.push_back(Watches(pipe, [&] {
             said.push_back("descriptor");
             loop.Hold(true);
         }));
-    }
     RunAll();
     EXPECT_EQ(said.size(), 1U);
     loop.Hold(false);

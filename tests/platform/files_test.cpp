@@ -1,10 +1,11 @@
-// What every kind of Files promises.
+// What every kind of Files and of LocalFiles promises.
 #include "foundation/files.h"
 
 #include "../foundation/raised.h"
 #include "../support/scratch.h"
 #include "platform/posix/posix_files.h"
-#include "platform/recording/memory_files.h"
+#include "platform/posix/posix_local_files.h"
+#include "platform/recording/memory_local_files.h"
 
 #include <gmock/gmock.h>
 
@@ -16,12 +17,14 @@ using testing::UnorderedElementsAre;
 
 struct InMemory {
     recording::MemoryFiles files;
+    recording::MemoryLocalFiles local{files};
     std::string root = "/root";
 };
 
 struct OnDisk {
     Scratch scratch;
     PosixFiles files{CodePage::Usual()};
+    PosixLocalFiles local{CodePage::Usual()};
     std::string root = scratch.path;
 };
 
@@ -34,18 +37,12 @@ protected:
 
     Kind kind;
     Files& files = kind.files;
+    LocalFiles& local = kind.local;
     const std::string root = kind.root;
 };
 
 using Kinds = testing::Types<InMemory, OnDisk>;
-class Names {
-public:
-    template <class Kind>
-    static std::string GetName(int) {
-        return std::is_same_v<Kind, InMemory> ? "InMemory" : "OnDisk";
-    }
-};
-TYPED_TEST_SUITE(FilesTest, Kinds, Names);
+TYPED_TEST_SUITE(FilesTest, Kinds);
 
 TYPED_TEST(FilesTest, AnUpdateIsGivenTheOldContentAndLeavesTheNew) {
     const std::string path = this->root + "/file";
@@ -109,6 +106,26 @@ TYPED_TEST(FilesTest, NamesAreThoseOfOneFolderAndBothSeparatorsNameTheSameFile) 
     EXPECT_THAT(this->files.NamesIn(this->root + "/AV"), UnorderedElementsAre());
     EXPECT_EQ(this->files.Read(this->root + "/AVfLang.ini"), "content");
     EXPECT_EQ(this->files.StampOf(this->root + R"(\AV.ini)"), this->files.StampOf(this->root + "//AV.ini"));
+}
+
+TYPED_TEST(FilesTest, ALocalFileIsWrittenCopiedAndDeleted) {
+    using enum LocalFiles::WriteMode;
+    const std::string a = this->root + "/a", b = this->root + "/b";
+    EXPECT_EQ(Raised([&] { this->local.Copy(a, b); }), 53);
+    EXPECT_TRUE(this->local.Write(a, ";FileVersion", Append)); // made where it is missing
+    EXPECT_TRUE(this->local.Write(this->root + "\\a", "=1.5\n", Append));
+    EXPECT_EQ(this->files.Read(a), ";FileVersion=1.5\n");
+    EXPECT_TRUE(this->local.Write(b, "old", Append));
+    EXPECT_TRUE(this->local.Write(b, std::string("n\0w", 3), Create));
+    EXPECT_EQ(this->local.Open(b)->ReadAt(0, 1000), std::string("n\0w", 3));
+    this->local.Copy(a, b);
+    EXPECT_EQ(this->files.Read(b), this->files.Read(a));
+    EXPECT_EQ(this->local.GetFileVersion(b), "1.5");
+    for (const bool isThere : {true, false}) {
+        EXPECT_EQ(this->local.SetModifiedTime(a, 0), isThere);
+        EXPECT_EQ(this->local.Delete(a), isThere);
+        EXPECT_EQ(this->local.GetFileVersion(a), "");
+    }
 }
 
 } // namespace

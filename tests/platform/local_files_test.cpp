@@ -1,13 +1,9 @@
-// What every kind of LocalFiles promises, and what the real one does with modes, links and killed copies; components
-// that are loaded for real; sums and signatures.
-#include "platform/local_files.h"
-
+// What the real local files do with modes and links; components that are loaded for real; sums and signatures.
 #include "../foundation/raised.h"
 #include "../support/scratch.h"
 #include "platform/posix/posix_components.h"
 #include "platform/posix/posix_local_files.h"
 #include "platform/recording/held_bytes.h"
-#include "platform/recording/memory_local_files.h"
 #include "platform/sodium/sodium_integrity.h"
 
 #include <fstream>
@@ -20,51 +16,7 @@ namespace {
 using enum LocalFiles::WriteMode;
 using testing::UnorderedElementsAre;
 
-struct InMemory {
-    recording::MemoryFiles store;
-    recording::MemoryLocalFiles files{store};
-    std::string root = "/root";
-};
-
-struct OnDisk {
-    Scratch scratch;
-    PosixLocalFiles files{CodePage::Usual()};
-    std::string root = scratch.path;
-};
-
-template <class Kind>
-class LocalFilesTest : public testing::Test {
-protected:
-    std::string Content(const std::string& name) { return files.Open(root + name)->ReadAt(0, 1000); }
-
-    Kind kind;
-    LocalFiles& files = kind.files;
-    const std::string root = kind.root;
-};
-
-using Kinds = testing::Types<InMemory, OnDisk>;
-TYPED_TEST_SUITE(LocalFilesTest, Kinds);
-
-TYPED_TEST(LocalFilesTest, AFileIsWrittenCopiedAndDeleted) {
-    const std::string a = this->root + "/a", b = this->root + "/b";
-    EXPECT_EQ(Raised([&] { this->files.Copy(a, b); }), 53);
-    EXPECT_TRUE(this->files.Write(a, ";FileVersion", Append)); // made where it is missing
-    EXPECT_TRUE(this->files.Write(this->root + "\\a", "=1.5\n", Append));
-    EXPECT_EQ(this->Content("/a"), ";FileVersion=1.5\n");
-    EXPECT_TRUE(this->files.Write(b, "old", Append));
-    EXPECT_TRUE(this->files.Write(b, std::string("n\0w", 3), Create));
-    EXPECT_EQ(this->Content("/b"), std::string("n\0w", 3));
-    this->files.Copy(a, b);
-    EXPECT_EQ(this->Content("/b"), this->Content("/a"));
-    EXPECT_EQ(this->files.GetFileVersion(b), "1.5");
-    for (const bool isThere : {true, false}) {
-        EXPECT_EQ(this->files.SetModifiedTime(a, 0), isThere);
-        EXPECT_EQ(this->files.Delete(a), isThere);
-        EXPECT_EQ(this->files.GetFileVersion(a), "");
-    }
-}
-
-class PosixLocalFilesTest : public LocalFilesTest<OnDisk> {
+class PosixLocalFilesTest : public testing::Test {
 protected:
     struct stat Info(const std::string& name) {
         struct stat info {};
@@ -76,6 +28,10 @@ protected:
         for (const auto& entry : std::filesystem::directory_iterator(root)) names.push_back(entry.path().filename());
         return names;
     }
+
+    Scratch scratch;
+    PosixLocalFiles files{CodePage::Usual()};
+    const std::string& root = scratch.path;
 };
 
 TEST_F(PosixLocalFilesTest, ACopyKeepsTheModeOfWhatItReplacesAndANewProgramCanBeRun) {
@@ -107,7 +63,7 @@ TEST_F(PosixLocalFilesTest, WhatCannotBeReplacedStaysAsItIs) {
     for (const char* target : {"/protected", "/folder"})
         EXPECT_EQ(Raised([&] { files.Copy(root + "/source", root + target); }), 75) << target;
     EXPECT_EQ(Raised([&] { files.Copy(root + "/source", root + "/none/file"); }), 76);
-    EXPECT_EQ(Content("/protected"), "old");
+    EXPECT_EQ(files.Open(root + "/protected")->ReadAt(0, 1000), "old");
     EXPECT_THAT(Names(), UnorderedElementsAre("source", "protected", "folder"));
 }
 

@@ -1,51 +1,29 @@
-// Sounds by the players of the machine, which are played by scripts here.
+// Sounds by the players of the machine.
 #include "platform/posix/posix_desktop.h"
 
-#include "../support/scratch.h"
 #include "platform/posix/posix_files.h"
-
-#include <fstream>
-#include <gtest/gtest.h>
-#include <thread>
+#include "played_programs.h"
 
 namespace ombrin {
 namespace {
 
-struct RealWait : Waiter {
-    void RunUntil(const bool&) override {}
-    void Block(Milliseconds time) override { std::this_thread::sleep_for(time); }
-    void Breathe() override {}
-};
-
-/// With one player on the PATH, which writes down what it is started with.
-struct Heard : testing::Test {
-    Scratch scratch;
-    std::string path = std::getenv("PATH");
+struct Heard : PlayedPrograms {
     PosixFiles files{CodePage::Usual()};
     Settings settings{files, scratch / "settings.ini"};
-    RealWait waiter;
-    PosixSound sound{{scratch / "app", scratch / "share"}, settings, CodePage::Usual(), waiter};
+    PosixSound sound{{scratch / "app", scratch / "share"}, settings, CodePage::Usual(), *this};
 
     Heard() {
         for (const char* folder : {"app/sounds", "share/sounds"}) std::filesystem::create_directories(scratch / folder);
         for (const char* file : {"app/sounds/own.wav", "share/sounds/own.wav", "share/sounds/shared.wav"})
             std::ofstream(scratch / file) << "RIFF";
     }
-    ~Heard() override { setenv("PATH", path.c_str(), 1); }
 
+    /// With this player alone on the PATH.
     std::string Plays(const std::string& player, const std::string& name) {
-        const std::string bin = scratch / player, seen = scratch / "seen";
-        std::filesystem::create_directories(bin);
-        std::ofstream(bin + "/" + player) << "#!/bin/sh\necho \"${LC_ALL} $*\" > " + seen + "\n";
-        std::filesystem::permissions(bin + "/" + player, std::filesystem::perms::owner_all);
-        setenv("PATH", bin.c_str(), 1);
-        std::filesystem::remove(seen);
+        Program(player + "/" + player, "echo \"${LC_ALL} $*\"");
+        setenv("PATH", (scratch / player).c_str(), 1);
         sound.Play(name);
-        std::string line;
-        std::ifstream file(seen);
-        std::getline(file, line);
-        const std::size_t root = line.find(scratch.path);
-        return root == std::string::npos ? line : line.erase(root, scratch.path.size() + 1);
+        return Seen(std::chrono::seconds(0));
     }
 };
 
