@@ -36,7 +36,7 @@ struct RecordedProcesses : Processes {
 };
 
 struct Options {
-    const char *server = "", *client = "";
+    std::string server, client;
 };
 
 struct DirectIP : LanguageStage, testing::Test {
@@ -65,8 +65,9 @@ enum Way { kUsual, kOwn, kUnread };
 struct Row {
     const char* path;
     Way way; ///< kUsual: the options are the defaults, which also hold when "" is stored
-    const char *serverOptions, *clientOptions;
-    const char* server;  ///< behind the game's own program, or "program|rest"; nullptr for none
+    std::string serverOptions, clientOptions;
+    const char*
+        server; ///< behind the game's own program, or "program|rest", with "*" for the options; nullptr for none
     const char* creator; ///< behind the path
     const char* member = creator;
 };
@@ -74,57 +75,40 @@ struct Row {
 /// No placeholder of a template may be looked for in them.
 constexpr const char *kMyServer = "-s <ip> <co>", *kMyClient = "-c <name> <so>";
 constexpr const char* kHalfLife = " -game tfc  +maxplayers 10 +map 2fort";
-constexpr const char* kAllied1 =
-    " +set dedicated 1 +set ui_console 1 +set g_gametype 3 +set sv_maxclients 12 +map dm/mohdm1";
-constexpr const char* kAllied6 =
-    " +set dedicated 1 +set ui_console 1 +set g_gametype 3 +set sv_maxclients 12 +map dm/mohdm6";
-constexpr const char* kBeach =
-    " +set dedicated 1 +set ui_console 1 +set g_gametype 3 +set sv_maxclients 12 +map mp_beach";
+const std::string kWar = " +set dedicated 1 +set ui_console 1 +set g_gametype 3 +set sv_maxclients 12 +map ";
+const std::string kAllied1 = kWar + "dm/mohdm1", kAllied6 = kWar + "dm/mohdm6", kBeach = kWar + "mp_beach";
 
 const Row kRows[] = {
     {"C:\\Red Storm\\GhostRecon.exe", kUnread, kMyServer, kMyClient, nullptr, " -server 10.0.0.7",
      " -client 10.0.0.7 -port 2346"},
     {"C:\\Red Storm\\GRDemo.exe", kUnread, kMyServer, kMyClient, nullptr, " -server 10.0.0.7",
      " -client 10.0.0.7 -port 2346"},
-    {"C:\\My Games\\cstrike.exe", kUsual, kHalfLife, "",
-     "C:\\My Games\\hlds.exe| -port 27016  -game tfc  +maxplayers 10 +map 2fort", " -console +connect 10.0.0.7:27016"},
-    {"C:\\My Games\\cstrike.exe", kOwn, kMyServer, kMyClient, "C:\\My Games\\hlds.exe| -s <ip> <co>",
+    {"C:\\My Games\\cstrike.exe", kUsual, kHalfLife, "", "C:\\My Games\\hlds.exe| -port 27016 *",
+     " -console +connect 10.0.0.7:27016"},
+    {"C:\\My Games\\cstrike.exe", kOwn, kMyServer, kMyClient, "C:\\My Games\\hlds.exe| *",
      " -console +connect 10.0.0.7-c <name> <so>"},
     {"C:\\dominions\\dom.exe", kUsual, "--tcpserver --nointro --port 1024 -w",
-     "--tcpclient --nointro --port 1024 --ipadr", " --tcpserver --nointro --port 1024 -w",
-     " --tcpclient --nointro --port 1024 --ipadr 10.0.0.7"},
-    {"C:\\EA GAMES\\mohaa.exe", kUsual, kAllied1, "",
-     "  +set dedicated 1 +set ui_console 1 +set g_gametype 3 +set sv_maxclients 12 +map dm/mohdm1",
-     " connect 10.0.0.7 "},
-    {"C:\\EA GAMES\\MOHAANetDemo.exe", kUsual, kAllied6, "",
-     "  +set dedicated 1 +set ui_console 1 +set g_gametype 3 +set sv_maxclients 12 +map dm/mohdm6",
-     " connect 10.0.0.7 "},
-    {"C:\\Wolf\\WolfMP.exe", kUsual, kBeach, "",
-     "  +set dedicated 1 +set ui_console 1 +set g_gametype 3 +set sv_maxclients 12 +map mp_beach",
-     " connect 10.0.0.7 "},
-    {"C:\\Wolf\\WolfMPDemo.exe", kUsual, kBeach, "",
-     "  +set dedicated 1 +set ui_console 1 +set g_gametype 3 +set sv_maxclients 12 +map mp_beach",
-     " connect 10.0.0.7 "},
+     "--tcpclient --nointro --port 1024 --ipadr", " *", " --tcpclient --nointro --port 1024 --ipadr 10.0.0.7"},
+    {"C:\\EA GAMES\\mohaa.exe", kUsual, kAllied1, "", " *", " connect 10.0.0.7 "},
+    {"C:\\EA GAMES\\MOHAANetDemo.exe", kUsual, kAllied6, "", " *", " connect 10.0.0.7 "},
+    {"C:\\Wolf\\WolfMP.exe", kUsual, kBeach, "", " *", " connect 10.0.0.7 "},
+    {"C:\\Wolf\\WolfMPDemo.exe", kUsual, kBeach, "", " *", " connect 10.0.0.7 "},
     {"C:\\OFP\\OperationFlashpoint.exe", kUsual, "", "", nullptr, " -host ", " -connect=10.0.0.7 "},
-    {"C:\\Half Life\\hl.exe", kUsual, kHalfLife, "",
-     "C:\\Half Life\\hlds.exe| -port 27016  -game tfc  +maxplayers 10 +map 2fort", " -console +connect 10.0.0.7:27016"},
-    {"C:\\Half Life\\hl.exe", kOwn, "-game tfc  +maxplayers 10 +map 2fort", " +name x",
-     "C:\\Half Life\\hlds.exe| -game tfc  +maxplayers 10 +map 2fort", " -console +connect 10.0.0.7 +name x"},
-    {"C:\\Quake III Arena\\QUAKE3.EXE", kUsual, "+set dedicated 2 +map q3dm1", "", " +set dedicated 2 +map q3dm1",
-     " +connect 10.0.0.7 "},
-    {"C:\\Quake III Arena\\QUAKE3.EXE", kOwn, " +map q3dm17", " +name x", "  +map q3dm17",
-     " +connect 10.0.0.7  +name x"},
-    {"C:\\Quake III Arena\\taquake3.exe", kUsual, "+set dedicated 2 +map mpteam3", "", " +set dedicated 2 +map mpteam3",
-     " +connect 10.0.0.7 "},
-    {"C:\\UT GOTY\\System\\UnrealTournament.exe", kUsual, " server DM-Agony.unr", "",
-     "C:\\UT GOTY\\System\\ucc.exe|  server DM-Agony.unr", " 10.0.0.7 "},
-    {"C:\\UT2003\\System\\UT2003.exe", kUsual, " server DM-Antalus.ut2", "",
-     "C:\\UT2003\\System\\ucc.exe|  server DM-Antalus.ut2", " 10.0.0.7 "},
-    {"C:\\UT2003\\System\\UT2003.exe", kOwn, kMyServer, kMyClient, "C:\\UT2003\\System\\ucc.exe| -s <ip> <co>",
+    {"C:\\Half Life\\hl.exe", kUsual, kHalfLife, "", "C:\\Half Life\\hlds.exe| -port 27016 *",
+     " -console +connect 10.0.0.7:27016"},
+    {"C:\\Half Life\\hl.exe", kOwn, "-game tfc  +maxplayers 10 +map 2fort", " +name x", "C:\\Half Life\\hlds.exe| *",
+     " -console +connect 10.0.0.7 +name x"},
+    {"C:\\Quake III Arena\\QUAKE3.EXE", kUsual, "+set dedicated 2 +map q3dm1", "", " *", " +connect 10.0.0.7 "},
+    {"C:\\Quake III Arena\\QUAKE3.EXE", kOwn, " +map q3dm17", " +name x", " *", " +connect 10.0.0.7  +name x"},
+    {"C:\\Quake III Arena\\taquake3.exe", kUsual, "+set dedicated 2 +map mpteam3", "", " *", " +connect 10.0.0.7 "},
+    {"C:\\UT GOTY\\System\\UnrealTournament.exe", kUsual, " server DM-Agony.unr", "", "C:\\UT GOTY\\System\\ucc.exe| *",
+     " 10.0.0.7 "},
+    {"C:\\UT2003\\System\\UT2003.exe", kUsual, " server DM-Antalus.ut2", "", "C:\\UT2003\\System\\ucc.exe| *",
+     " 10.0.0.7 "},
+    {"C:\\UT2003\\System\\UT2003.exe", kOwn, kMyServer, kMyClient, "C:\\UT2003\\System\\ucc.exe| *",
      " 10.0.0.7 -c <name> <so>"},
     {"C:\\Kohan\\Kohan_AG.exe", kUnread, kMyServer, kMyClient, nullptr, " hostdefault", " connect 10.0.0.7"},
-    {"C:\\SoF2 Test\\SoF2MP-Test.exe", kUsual, "+set dedicated 1 +map mp_shop", "", " +set dedicated 1 +map mp_shop",
-     " +connect 10.0.0.7:20101 "},
+    {"C:\\SoF2 Test\\SoF2MP-Test.exe", kUsual, "+set dedicated 1 +map mp_shop", "", " *", " +connect 10.0.0.7:20101 "},
     {"C:\\Warcraft III\\Warcraft III.exe", kUnread, kMyServer, kMyClient, nullptr, ""},
     {"C:\\Squad\\SquadAssaultWestFront.exe", kUnread, kMyServer, kMyClient, nullptr, " -host -10.0.0.7 -Ann <ip>",
      " -client -10.0.0.7 -Ann <ip>"},
@@ -135,9 +119,9 @@ const Row kRows[] = {
     {"C:\\Warlords\\Warlords4.exe", kUnread, kMyServer, kMyClient, nullptr, " -CREATE",
      " -JOIN -IP0:10.0.0.7 PLAYERNAME:Ann <ip>"},
     {"C:\\OLD\\WARCRAFT iii.EXE", kUnread, kMyServer, kMyClient, nullptr, ""},
-    {"/opt/half life/HL.EXE", kUsual, kHalfLife, "",
-     "/opt/half life/hlds.exe| -port 27016  -game tfc  +maxplayers 10 +map 2fort", " -console +connect 10.0.0.7:27016"},
-    {"Z:\\home/ann\\hl.exe", kOwn, "+map x", ":1", "Z:\\home/ann\\hlds.exe| +map x", " -console +connect 10.0.0.7:1"},
+    {"/opt/half life/HL.EXE", kUsual, kHalfLife, "", "/opt/half life/hlds.exe| -port 27016 *",
+     " -console +connect 10.0.0.7:27016"},
+    {"Z:\\home/ann\\hl.exe", kOwn, "+map x", ":1", "Z:\\home/ann\\hlds.exe| *", " -console +connect 10.0.0.7:1"},
 };
 
 } // namespace
@@ -154,8 +138,10 @@ TEST_F(DirectIP, EachGameIsStartedByItsOwnCommandOnEitherSide) {
             if (row.way == kUnread) files.broken = "/windows/AV.ini"; // to read it would bring up a box
             EXPECT_EQ(Shown(Command(path, true)), path + "|" + row.creator);
             Lines told;
-            if (row.server != nullptr)
-                told = {"shell " + (*row.server == ' ' ? path + "|" + row.server : row.server), "sleep 10000"};
+            if (row.server != nullptr) {
+                std::string server = *row.server == ' ' ? path + "|" + row.server : row.server;
+                told = {"shell " + server.replace(server.find('*'), 1, row.serverOptions), "sleep 10000"};
+            }
             EXPECT_EQ(processes.told, told);
             EXPECT_EQ(Shown(Command(path, false)), path + "|" + row.member);
             EXPECT_EQ(processes.told, Lines{}) << "a member starts no server";

@@ -3,6 +3,8 @@
 
 namespace ombrin::test {
 
+using testing::StartsWith;
+
 namespace {
 
 using Rows = std::vector<std::string>;
@@ -124,15 +126,13 @@ TEST_F(DirectPlayer, AMachineWithoutTheServiceIsToldOnceAndGoesOn) {
     world.directPlay.present = false;
     HasChosen();
     Shows("ann;Go;127.0.0.1;7777");
-    EXPECT_EQ(BoxText(), "Error: occured in module InitDirectX().  Error number: 429,  Error Line: 0,  Description: "
-                         "DirectPlay is not there on this machine");
-    Answers(BoxResult::Ok);
+    IsTold("Error: occured in module InitDirectX().  Error number: 429,  Error Line: 0,  Description: "
+           "DirectPlay is not there on this machine");
     Accepts();
     Sends("0:ann;1;~");
     Plays("Ants");
     EXPECT_EQ(Launched(), Rows{});
-    EXPECT_TRUE(BoxText().starts_with("Error: occured in module LaunchDPGame().  Error number: 91"));
-    Answers(BoxResult::Ok);
+    IsTold(StartsWith("Error: occured in module LaunchDPGame().  Error number: 91"));
     Resumes();
 }
 

@@ -5,6 +5,8 @@
 
 namespace ombrin::test {
 
+using testing::StartsWith;
+
 namespace {
 
 using Rows = std::vector<std::string>;
@@ -153,8 +155,7 @@ TEST_F(Player, WhatCannotStartLeavesTheAddressAndTheWayBack) {
 
 TEST_F(Player, ARunningGameIsJoinedFromTheLobbyAlone) {
     Chooses(view.RoomList, 0, view.JoinServerAndPlay);
-    EXPECT_EQ(BoxText(), "You cannot join this game, it has not started.");
-    Answers(BoxResult::Ok);
+    IsTold("You cannot join this game, it has not started.");
     Sends("14:Arena;2;~");
     Heard();
     world.events.clear();
@@ -185,8 +186,7 @@ TEST_F(Player, AServerThatDoesNotAnswerGivesTheViewBackWhereASettingSaysSo) {
     client.Store().SaveSetting("Settings", "LaunchPatience", "soon");
     Presses(view.Launch);
     EXPECT_EQ(Heard(), "Ombrin:10:ann;Go;10.0.0.5;Base;:~") << "a setting that is no number keeps no game back";
-    EXPECT_TRUE(BoxText().starts_with("Error: occured in module Launch_Click()"));
-    Answers(BoxResult::Ok);
+    IsTold(StartsWith("Error: occured in module Launch_Click()"));
 }
 
 TEST_F(Player, AGameIsSearchedForWithTheUsersConsentLevelByLevel) {
@@ -216,8 +216,7 @@ TEST_F(Player, AGameIsSearchedForWithTheUsersConsentLevelByLevel) {
     EXPECT_TRUE(asks("Go;deep.exe;", BoxResult::Yes));
     EXPECT_EQ(Setting("Games", "Go"), "/d/a/c/deep.exe");
     EXPECT_TRUE(asks("Go;nosuch.exe;", BoxResult::Yes));
-    EXPECT_EQ(BoxText(), "This game does not seem to be installed on your system.  Could not set auto-start.");
-    Answers(BoxResult::Ok);
+    IsTold("This game does not seem to be installed on your system.  Could not set auto-start.");
     for (const char* odd : {"", "Go;../hl.exe;", ";hl.exe;", "Go;..;", "Go;;"})
         EXPECT_FALSE(asks(odd, BoxResult::Yes)) << odd;
     EXPECT_EQ(Top(), "");
@@ -244,9 +243,8 @@ TEST_F(Player, TheCreatorsOtherNetworkIsStartedFirstWithEverybodysAddress) {
     world.processes.starts = {false, true};
     Presses(view.Launch);
     Sends("12:10.0.0.5;~");
-    EXPECT_EQ(BoxText(), "Error: occured in module LaunchUsingBattleLAN().  Error number: 53,  Error Line: 0,  "
-                         "Description: BattleLANv0.5.exe cannot be started");
-    Answers(BoxResult::Ok);
+    IsTold("Error: occured in module LaunchUsingBattleLAN().  Error number: 53,  Error Line: 0,  "
+           "Description: BattleLANv0.5.exe cannot be started");
     EXPECT_EQ(world.files.Content("/home/system/BattleLAN.ini"), "10.0.0.5\r\n10.0.0.9\r\n10.0.0.7\r\n");
     EXPECT_EQ(Done().back(), "shell C:\\W3\\Warcraft III.exe") << "the game starts all the same";
     Presses(forms.PauseAV.ResumeButton);

@@ -5,6 +5,8 @@
 
 namespace ombrin::test {
 
+using testing::StartsWith;
+
 namespace {
 
 using Rows = std::vector<std::string>;
@@ -83,8 +85,7 @@ TEST_F(BeforeLobby, AFilterShowsExactNamesInTheServersOrderAndAnUnclosedItemIsNo
 TEST_F(BeforeLobby, WithoutADisplayedLobbyTheChoiceFailsAndNothingIsSent) {
     LogsOnBefore("Nosuch;");
     Sends("22:Go,1;~");
-    EXPECT_TRUE(BoxText().starts_with("Error: occured in module SwitchLobbies().  Error number: 5,")) << BoxText();
-    Answers(BoxResult::Ok);
+    IsTold(StartsWith("Error: occured in module SwitchLobbies().  Error number: 5,"));
     EXPECT_EQ(Heard(), "");
     EXPECT_EQ(Marks().m_UserData, "ann;temp;192.0.2.10");
 }
@@ -253,8 +254,7 @@ TEST_F(InLobby, AnIgnoredUserIsPaintedAndHisLinesDoNotShow) {
 TEST_F(InLobby, TheMenuOnAnEmptyListReportsInsteadOfGoingWrong) {
     Sends("15:ann;~15:bob;~15:cid;~");
     Chooses(view.UserList, -1, view.IgnoreUser);
-    EXPECT_TRUE(BoxText().starts_with("Error: occured in module IgnoreUser_Click().")) << BoxText();
-    Answers(BoxResult::Ok);
+    IsTold(StartsWith("Error: occured in module IgnoreUser_Click()."));
 }
 
 TEST_F(BeforeLobby, ATextColourPaintsListsAndChatsAndABadOneIsReported) {
@@ -266,8 +266,7 @@ TEST_F(BeforeLobby, ATextColourPaintsListsAndChatsAndABadOneIsReported) {
     }
     EXPECT_EQ(view.UserList.ForeColour(), 255);
     EXPECT_EQ(view.MainText.ForeColour(), 255);
-    EXPECT_TRUE(BoxText().starts_with("Error: occured in module SetTextColor().  Error number: 13,"));
-    Answers(BoxResult::Ok);
+    IsTold(StartsWith("Error: occured in module SetTextColor().  Error number: 13,"));
     EXPECT_EQ(Top(), "UsrNmPwIP") << "the start goes on";
 }
 

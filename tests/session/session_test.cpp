@@ -3,6 +3,8 @@
 
 namespace ombrin::test {
 
+using testing::StartsWith;
+
 namespace {
 
 struct Session : PlayedClient, testing::Test {
@@ -90,8 +92,7 @@ TEST_F(Session, TheLogonDialogIsFilledFromTheStoreAndItsInputIsTested) {
         Types(dialog.LogonName, "good name");
         Types(row.box, row.text);
         Presses(dialog.Connect);
-        EXPECT_TRUE(BoxText().starts_with(row.complaint)) << row.text << ": " << BoxText();
-        Answers(BoxResult::Ok);
+        IsTold(StartsWith(row.complaint));
         EXPECT_EQ(Top(), "UsrNmPwIP");
     }
     Types(dialog.LogonName, "a b");
@@ -99,8 +100,7 @@ TEST_F(Session, TheLogonDialogIsFilledFromTheStoreAndItsInputIsTested) {
     for (const char* noHost : {"", "http://"}) {
         Types(dialog.HostMachine, noHost);
         Presses(dialog.Connect);
-        EXPECT_EQ(BoxText(), "Host machine and HTTP port must be entered.");
-        Answers(BoxResult::Ok);
+        IsTold("Host machine and HTTP port must be entered.");
     }
     for (const auto& [typed, kept] : {std::pair("HTTP://a", "a"), std::pair("Http://a", "Http://a")}) {
         Types(dialog.HostMachine, typed);
@@ -229,8 +229,7 @@ TEST_F(Refused, ARefusedLogonIsRepeatedOverTheSameSocket) {
     };
     for (const auto& [code, text] : kRefusals) {
         Sends(code);
-        EXPECT_EQ(BoxText(), text);
-        Answers(BoxResult::Ok);
+        IsTold(text);
         EXPECT_EQ(Top(), "UsrNmPwIP");
         Types(forms.UsrNmPwIP.Password, "better");
         Presses(forms.UsrNmPwIP.Connect);
@@ -284,14 +283,12 @@ TEST_F(Refused, AnAccountIsMadeRefusedAndMade) {
     };
     for (const auto& [code, text] : kRefusals) {
         Sends(code);
-        EXPECT_TRUE(BoxText().starts_with(text)) << BoxText();
-        Answers(BoxResult::Ok);
+        IsTold(StartsWith(text));
         Presses(dialog.Create);
         EXPECT_EQ(Heard(), "Ombrin:17:twelve char;pw;pw;:~");
     }
     Sends("27:eve;secret;~");
-    EXPECT_EQ(BoxText(), "Account created successfully.");
-    Answers(BoxResult::Ok);
+    IsTold("Account created successfully.");
     EXPECT_EQ(Top(), "UsrNmPwIP");
     EXPECT_EQ(forms.UsrNmPwIP.LogonName.Text(), "eve");
     EXPECT_EQ(client.Store().GetSetting("Settings", "UserPassword"), "secret");
@@ -306,8 +303,7 @@ TEST_F(Logon, TheAccountButtonOpensTheAddressOfTheSettingsFile) {
     EXPECT_EQ(Top(), "UsrNmPwIP");
     Do([this] { world.opener.result = 32; });
     Presses(forms.UsrNmPwIP.NewAccount);
-    EXPECT_EQ(BoxText(), "Error jumping to:https://ardvelle.example/new");
-    Answers(BoxResult::Ok);
+    IsTold("Error jumping to:https://ardvelle.example/new");
 }
 
 TEST_F(Logon, WithoutSuchAnAddressTheAccountDialogMakesTheAccountWhenTheConnectionComes) {
@@ -317,8 +313,7 @@ TEST_F(Logon, WithoutSuchAnAddressTheAccountDialogMakesTheAccountWhenTheConnecti
     Presses(account.Cancel);
     Presses(logon.NewAccount);
     MakesAccount("eve");
-    EXPECT_EQ(BoxText(), "Host machine and HTTP port must be entered.");
-    Answers(BoxResult::Ok);
+    IsTold("Host machine and HTTP port must be entered.");
     Types(logon.HostMachine, "lobby.example");
     Presses(logon.NewAccount);
     Presses(account.Create);
@@ -420,8 +415,7 @@ TEST_F(Session, OtherAnswersOfTheServerAndATraceWithoutThePassword) {
     Sends("38:~");
     EXPECT_FALSE(view.Logoff.Visible() || view.Logoff.Enabled());
     Sends("20:~");
-    EXPECT_EQ(BoxText(), "Error: Connection to Ardvelle failed.  User not logged on.");
-    Answers(BoxResult::Ok);
+    IsTold("Error: Connection to Ardvelle failed.  User not logged on.");
     EXPECT_FALSE(view.Enabled());
 }
 
@@ -431,8 +425,7 @@ TEST_F(Session, ALostConnectionIsNoticedByTheNextSendAlone) {
     EXPECT_TRUE(Top().empty() && view.Enabled());
     Types(view.MainText, "hi");
     Presses(view.SendMain);
-    EXPECT_EQ(BoxText(), "ERROR:  No longer connected to the server, data cannot be sent.");
-    Answers(BoxResult::Ok);
+    IsTold("ERROR:  No longer connected to the server, data cannot be sent.");
     EXPECT_EQ(Chat(), std::vector<std::string>{"ann: hi"});
     EXPECT_EQ(Heard(), "");
 }

@@ -6,7 +6,7 @@
 
 #include <condition_variable>
 #include <functional>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <mutex>
 #include <optional>
 #include <thread>
@@ -77,6 +77,11 @@ public:
     // What is seen
     std::string Top() const; ///< name of the top form, empty for the main view
     std::string BoxText() const;
+    /// By a box, which he closes.
+    void IsTold(const testing::Matcher<const std::string&>& text) {
+        EXPECT_THAT(BoxText(), text);
+        Answers(BoxResult::Ok);
+    }
     const Session& Marks() const { return client.Marks(); }
     static std::vector<std::string> Texts(const RowList& rows);
     std::vector<std::string> Chat() const; ///< "sender: text" of each line
