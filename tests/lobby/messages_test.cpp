@@ -15,12 +15,7 @@ struct Friends : PlayedClient, testing::Test {
     Friends() { LogsOn(); }
     PMDialog& dialog = forms.PMDialog;
 
-    Rows Talk() const {
-        Rows lines;
-        for (int row = 1; row < dialog.msflxPMLines.Rows(); ++row)
-            lines.push_back(dialog.msflxPMLines.TextAt(row, 0) + ": " + dialog.msflxPMLines.TextAt(row, 1));
-        return lines;
-    }
+    Rows Talk() const { return Texts(dialog.msflxPMLines); }
     /// "name|status|colour" of each row, in order.
     Rows Pane() const {
         Rows seen;

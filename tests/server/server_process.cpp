@@ -11,13 +11,10 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <poll.h>
-#include <spawn.h>
 #include <sstream>
 #include <sys/socket.h>
-#include <sys/wait.h>
 #include <unistd.h>
-
-extern char** environ;
+#include <utility>
 
 namespace ombrin::server::test {
 
@@ -57,14 +54,12 @@ ServerProcess::ServerProcess(const std::string& home, std::vector<std::string> o
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
     output = ends[0];
-    posix_spawn_file_actions_t actions{};
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
-    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, logFile.c_str(), O_WRONLY | O_CREAT | O_APPEND, S_IRUSR);
-    const int result = posix_spawn(&process, ARDVELLE_SERVER, &actions, nullptr, arguments.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
+    process = Fork([&] {
+        dup2(ends[1], STDOUT_FILENO);
+        dup2(open(logFile.c_str(), O_WRONLY | O_CREAT | O_APPEND, S_IRUSR), STDERR_FILENO);
+        return execv(ARDVELLE_SERVER, arguments.data());
+    });
     close(ends[1]);
-    if (result != 0) throw std::runtime_error("the server cannot be started");
 
     char c = 0;
     while (Readable(output) && read(output, &c, 1) == 1 && c != '\n') readyLine += c;
@@ -83,12 +78,7 @@ ServerProcess::~ServerProcess() {
 
 void ServerProcess::Signal(int number) const { kill(process, number); }
 
-int ServerProcess::Wait() {
-    int status = 0;
-    waitpid(process, &status, 0);
-    process = -1;
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-}
+int ServerProcess::Wait() { return ExitCode(std::exchange(process, -1)); }
 
 std::string ServerProcess::Log() const {
     std::ostringstream text;

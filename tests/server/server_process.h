@@ -22,7 +22,7 @@ public:
     ServerProcess& operator=(const ServerProcess&) = delete;
 
     void Signal(int number) const;
-    /// Waits for the end; the exit code, or minus the signal that killed it.
+    /// Waits for the end; the exit code, or -1 when it was killed.
     int Wait();
     std::string Log() const;
 

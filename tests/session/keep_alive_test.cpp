@@ -98,8 +98,7 @@ TEST(Embedded, CloseSocketUnderARepeatedLogonConnectsOnce) {
     client.HasChosen();
     client.Shows("bob;Go;10.0.0.1;80");
     client.Accepts();
-    client.Sends("24:~");
-    client.Answers(BoxResult::Ok);
+    client.Refuses("24:~");
     client.Connects();
     client.Do([&] { client.client.CloseSocket(); });
     client.Presses(client.forms.UsrNmPwIP.Connect);

@@ -243,8 +243,7 @@ TEST_F(Refused, ARefusedLogonIsRepeatedOverTheSameSocket) {
 }
 
 TEST_F(Refused, CancellingARepeatedLogonLeavesTheSocketOpenAndNoDialog) {
-    Sends("24:~");
-    Answers(BoxResult::Ok);
+    Refuses("24:~");
     Presses(forms.UsrNmPwIP.Connect);
     Presses(forms.Connection.CancelButton);
     EXPECT_EQ(Top(), "");
@@ -320,12 +319,10 @@ TEST_F(Logon, WithoutSuchAnAddressTheAccountDialogMakesTheAccountWhenTheConnecti
     EXPECT_EQ(Marks().m_UserData, "eve;temp;lobby.example");
     Accepts();
     EXPECT_EQ(Heard(), "Ombrin:17:eve;eve;eve;:~");
-    Sends("31:~");
-    Answers(BoxResult::Ok);
+    Refuses("31:~");
     Presses(account.Create);
     EXPECT_EQ(Heard(), "Ombrin:17:eve;eve;eve;:~");
-    Sends("27:eve;eve;~");
-    Answers(BoxResult::Ok);
+    Refuses("27:eve;eve;~");
     Presses(logon.Connect);
     EXPECT_EQ(Heard(), "Ombrin:15:eve;temp;lobby.example;eve;:~");
     Sends("22:Go,1;~0:eve;1;~");
@@ -333,13 +330,11 @@ TEST_F(Logon, WithoutSuchAnAddressTheAccountDialogMakesTheAccountWhenTheConnecti
 }
 
 TEST_F(Refused, AnAccountCanBeMadeOverTheSocketOfARefusedLogon) {
-    Sends("24:~");
-    Answers(BoxResult::Ok);
+    Refuses("24:~");
     Presses(forms.UsrNmPwIP.NewAccount);
     MakesAccount("eve");
     EXPECT_EQ(Heard(), "Ombrin:17:eve;eve;eve;:~");
-    Sends("27:eve;eve;~");
-    Answers(BoxResult::Ok);
+    Refuses("27:eve;eve;~");
     Presses(forms.UsrNmPwIP.Connect);
     EXPECT_EQ(Heard(), "Ombrin:15:eve;temp;lobby.example;eve;:~");
     Sends("22:Go,1;~0:eve;1;~");
@@ -351,8 +346,7 @@ TEST_F(Refused, AnAccountCanBeMadeOverTheSocketOfARefusedLogon) {
 TEST_F(Refused, ACancelEndsTheWaitThatIsOnTheScreenAndNoOlderOne) {
     Do([&] { client.DisplayCreateAccount(true); });
     MakesAccount("eve"); // an older wait on Connection
-    Sends("31:~");
-    Answers(BoxResult::Ok);
+    Refuses("31:~");
     Presses(forms.CreateAccount.Cancel);
     EXPECT_EQ(Top(), "UsrNmPwIP");
     Presses(forms.UsrNmPwIP.Connect); // and a later one
@@ -361,13 +355,10 @@ TEST_F(Refused, ACancelEndsTheWaitThatIsOnTheScreenAndNoOlderOne) {
 }
 
 TEST_F(Refused, ASecondRefusalUnderTheOpenDialogSendsNothing) {
-    Sends("24:~");
-    Answers(BoxResult::Ok);
-    Sends("25:~");
-    Answers(BoxResult::Ok);
+    Refuses("24:~");
+    Refuses("25:~");
     EXPECT_EQ(Top(), "UsrNmPwIP");
-    Sends("31:~");
-    Answers(BoxResult::Ok);
+    Refuses("31:~");
     Presses(forms.CreateAccount.Cancel);
     EXPECT_EQ(Top(), "UsrNmPwIP");
     EXPECT_EQ(Heard(), "");

@@ -121,9 +121,8 @@ std::vector<std::string> PlayedClient::Texts(const RowList& rows) {
     return texts;
 }
 
-std::vector<std::string> PlayedClient::Chat() const {
+std::vector<std::string> PlayedClient::Texts(const FlexGrid& grid) {
     std::vector<std::string> lines;
-    const FlexGrid& grid = view.msflxMainChatLines;
     for (int row = 1; row < grid.Rows(); ++row)
         if (!grid.TextAt(row, 0).empty() || !grid.TextAt(row, 1).empty())
             lines.push_back(grid.TextAt(row, 0) + ": " + grid.TextAt(row, 1));

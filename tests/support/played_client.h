@@ -70,6 +70,11 @@ public:
     }
     /// The oldest message that was not looked at yet, empty when there is none.
     std::string Heard();
+    /// What a box tells, which the user closes.
+    void Refuses(const std::string& data) {
+        Sends(data);
+        Answers(BoxResult::Ok);
+    }
     void HangsUp() {
         Do([this] { Server().CloseByPeer(); });
     }
@@ -84,7 +89,8 @@ public:
     }
     const Session& Marks() const { return client.Marks(); }
     static std::vector<std::string> Texts(const RowList& rows);
-    std::vector<std::string> Chat() const; ///< "sender: text" of each line
+    static std::vector<std::string> Texts(const FlexGrid& grid); ///< "sender: text" of each line
+    std::vector<std::string> Chat() const { return Texts(view.msflxMainChatLines); }
 
     // Ways that many tests go
     /// Stored choices keep the dialogs of a first start away.
