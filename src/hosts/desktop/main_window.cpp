@@ -90,12 +90,14 @@ protected:
 /// A window's edge that is dragged asks for it again and again, and it takes longer to read than to stretch. Qt's cache
 /// gives back what nobody has asked for some seconds.
 QPixmap DrawnSkin(const Picture& skin) {
+    constexpr int kCacheLimit = 16 * 1024; // KiB: a fine screen's background alone takes 12 MiB
     const QString drawing = QStringLiteral("background");
     if (!skin.IsBuiltIn()) return Look::Shown(skin, drawing, {kLargest, kLargest});
     const QString key = Look::FileOf(drawing);
     QPixmap picture;
     if (QPixmapCache::find(key, &picture)) return picture;
     picture = Look::Shown(skin, drawing, {kLargest, kLargest});
+    QPixmapCache::setCacheLimit(kCacheLimit);
     QPixmapCache::insert(key, picture);
     return picture;
 }
